@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string>
+
+namespace forms {
+class Form;
+}
+
+namespace platform {
+
+/// Values of the button sets and icons of the Windows message box; a style is their sum.
+enum class Buttons { Ok = 0, OkCancel = 1, YesNo = 4 };
+enum class Icon { None = 0, Critical = 16, Question = 32, Warning = 48, Information = 64 };
+
+/// Buttons of a message box by the numbers that Windows returns.
+enum class Answer { Ok = 1, Cancel = 2, Yes = 6, No = 7 };
+
+struct MessageStyle {
+    Buttons buttons = Buttons::Ok;
+    Icon icon = Icon::None;
+};
+
+/// What the user sees and hears. All of it is modal, on Outlook's user-interface thread.
+class Desktop {
+  public:
+    virtual ~Desktop() = default;
+    /// A message box owned by the window in the foreground, which gets the foreground back. Closing a YesNo
+    /// box is not possible; closing an Ok box answers Ok.
+    virtual Answer messageBox(const std::wstring& prompt, MessageStyle style, const std::wstring& title) = 0;
+    /// The system's alert sound; a machine that cannot sound it stays silent.
+    virtual void beep() = 0;
+    /// Shows the form until it hides itself.
+    virtual void showModal(forms::Form& form) = 0;
+    /// Lets the host handle the events that wait for it; they may arrive inside this call.
+    virtual void processPendingEvents() = 0;
+};
+
+}  // namespace platform

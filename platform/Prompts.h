@@ -1,0 +1,91 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include "platform/Desktop.h"
+
+/// Prompts answered by a script instead of by a person, and reported while they are; natively and for real
+/// dialogs alike.
+namespace platform {
+
+/// A message box as the user sees it.
+struct MessagePrompt {
+    std::wstring title;
+    std::wstring text;
+    MessageStyle style;
+};
+
+struct ControlState {
+    std::wstring name;
+    std::wstring caption;
+    std::wstring value;
+    bool enabled = true;
+    bool visible = true;
+};
+
+/// A form as it stood when it asked for an answer; the controls in tab order.
+struct FormPrompt {
+    std::wstring form;
+    std::wstring caption;
+    std::vector<ControlState> controls;
+};
+
+/// What a user does with a form: brings controls to values, in this order, then presses a button.
+struct FormAnswer {
+    struct Entry {
+        std::wstring control;
+        std::wstring value;
+    };
+    std::vector<Entry> entries;
+    /// The button's name, or a key: "{Enter}" for the default button, "{Escape}" for the close box, "{Alt+x}"
+    /// for the button with the access key x. Empty when only values change; the form then asks again.
+    std::wstring button;
+};
+
+/// An answer given beforehand. It fits message boxes whose title starts with `where`, or the form of that
+/// name, letter case ignored; `what` says which of the two it is for.
+struct PromptAnswer {
+    std::wstring where;
+    std::variant<Answer, FormAnswer> what;
+};
+
+/// Answers given beforehand; each is used once. A prompt takes the first unused answer that fits it, so that
+/// answers to the same prompt are used in their order.
+class AnswerList {
+  public:
+    AnswerList() = default;
+    explicit AnswerList(std::vector<PromptAnswer> answers) : answers_(std::move(answers)) {}
+
+    /// Nothing when no answer fits. An answer that the box has no button for does not fit.
+    std::optional<Answer> take(const MessagePrompt& prompt);
+    std::optional<FormAnswer> take(const FormPrompt& prompt);
+
+  private:
+    std::vector<PromptAnswer> answers_;
+};
+
+/// Told of every prompt and sound, in the order in which the user meets them: a form is reported before its
+/// answer is carried out, and with it the prompts that the answer raises.
+class PromptObserver {
+  public:
+    virtual ~PromptObserver() = default;
+    /// `answer` is nothing for the prompt that found none.
+    virtual void message(const MessagePrompt& prompt, std::optional<Answer> answer) = 0;
+    virtual void form(const FormPrompt& prompt, const std::optional<FormAnswer>& answer) = 0;
+    virtual void beep() = 0;
+};
+
+/// The buttons of a message box from left to right.
+std::vector<Answer> answersOf(Buttons buttons);
+/// The answer that changes least: No, else Cancel, else OK.
+Answer neutralAnswer(Buttons buttons);
+/// "OK", "Cancel", "Yes" or "No".
+std::wstring_view nameOf(Answer answer);
+/// The answer of that name, letter case ignored.
+std::optional<Answer> answerNamed(std::wstring_view name);
+
+}  // namespace platform

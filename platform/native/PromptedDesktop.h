@@ -1,0 +1,53 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "platform/Desktop.h"
+#include "platform/Prompts.h"
+#include "platform/forms.h"
+
+namespace platform::native {
+
+/// A desktop whose prompts are answered by whatever derives from it, through the real form objects: bringing
+/// a control to a value and pressing a button run the form's own handlers, which may prompt in their turn. A
+/// form that stays open after its button asks again.
+///
+/// A prompt that finds no answer cannot be raised as an exception, since the add-in traps those. The desktop
+/// remembers it instead, and answers everything from then on so that nothing happens: No, Cancel, the close
+/// box. Whoever runs the desktop must ask unanswered() before believing an outcome.
+class PromptedDesktop : public Desktop {
+  public:
+    explicit PromptedDesktop(PromptObserver& observer) : observer_(observer) {}
+
+    Answer messageBox(const std::wstring& prompt, MessageStyle style, const std::wstring& title) final;
+    void beep() final;
+    void showModal(forms::Form& form) final;
+    /// Events of the simulated host never wait.
+    void processPendingEvents() final {}
+
+    /// Which prompt found no answer, and why, in words for the user; nothing as long as all found one.
+    const std::optional<std::wstring>& unanswered() const { return unanswered_; }
+
+  protected:
+    /// Nothing when there is no answer.
+    virtual std::optional<Answer> ask(const MessagePrompt& prompt) = 0;
+    virtual std::optional<FormAnswer> ask(const FormPrompt& prompt, const forms::Form& form) = 0;
+
+  private:
+    void runForm(forms::Form& form);
+    void apply(const FormAnswer& answer, forms::Form& form);
+    void press(forms::Form& form, const std::wstring& key);
+    bool enter(forms::Form& form, const std::wstring& controlName, const std::wstring& value);
+
+    PromptObserver& observer_;
+    std::optional<std::wstring> unanswered_;
+};
+
+/// What a user sees of the form.
+FormPrompt describe(const forms::Form& form);
+
+/// The control of that name, letter case ignored; null when there is none.
+forms::Control* findControl(const forms::Form& form, std::wstring_view name);
+
+}  // namespace platform::native

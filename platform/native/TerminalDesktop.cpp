@@ -1,0 +1,213 @@
+#include "platform/native/TerminalDesktop.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <istream>
+#include <ostream>
+
+#include "platform/forms.h"
+#include "platform/native/accessKeys.h"
+#include "platform/text.h"
+
+namespace platform::native {
+
+namespace {
+
+using Controls = std::vector<forms::Control*>;
+
+constexpr std::size_t lineWidth = 76;
+const std::string rule(lineWidth, '-');
+
+/// The controls that a person can use, in tab order; their numbers on the terminal are their places here.
+Controls usable(const forms::Form& form) {
+    Controls controls;
+    std::ranges::copy_if(form.controls(), std::back_inserter(controls),
+                         [](const forms::Control* control) { return accepts(*control); });
+    return controls;
+}
+
+forms::Control* choose(const std::wstring& word, const forms::Form& form) {
+    const Controls controls = usable(form);
+    if (!word.empty() && std::ranges::all_of(word, [](wchar_t c) { return c >= L'0' && c <= L'9'; })) {
+        const auto number = std::wcstoul(word.c_str(), nullptr, 10);
+        return number >= 1 && number <= controls.size() ? controls[number - 1] : nullptr;
+    }
+    if (word.size() == 1) {
+        return findByAccessKey(form, word[0]);
+    }
+    forms::Control* control = findControl(form, word);
+    return control && accepts(*control) ? control : nullptr;
+}
+
+std::wstring drawing(const forms::Control& control) {
+    const std::wstring caption = plainCaption(control.caption());
+    switch (control.kind()) {
+        case forms::Kind::Label:
+            return caption;
+        case forms::Kind::Button:
+            return L"[ " + caption + L" ]";
+        case forms::Kind::CheckBox:
+            return (control.value() == L"1"   ? L"[x] "
+                    : control.value() == L"2" ? L"[-] "
+                                              : L"[ ] ") +
+                   caption;
+        case forms::Kind::OptionButton:
+            return (control.value() == L"1" ? L"(o) " : L"( ) ") + caption;
+        case forms::Kind::TextBox:
+        case forms::Kind::ListBox:
+        case forms::Kind::ComboBox:
+            return L"[" + control.value() + L"]";
+        case forms::Kind::Picture:
+            break;
+    }
+    return {};
+}
+
+/// Breaks long lines between words.
+std::string wrapped(const std::string& text) {
+    std::string result;
+    std::size_t column = 0;
+    std::size_t lastBlank = std::string::npos;
+    for (const char byte : text) {
+        result += byte;
+        column = byte == '\n' ? 0 : column + ((byte & 0xC0) == 0x80 ? 0 : 1);
+        if (byte == '\n') {
+            lastBlank = std::string::npos;
+        } else if (byte == ' ') {
+            lastBlank = result.size() - 1;
+        }
+        if (column > lineWidth && lastBlank != std::string::npos) {
+            result[lastBlank] = '\n';
+            column = result.size() - 1 - lastBlank;
+            lastBlank = std::string::npos;
+        }
+    }
+    return result;
+}
+
+/// The visible controls as a person reads them: by rows, each from left to right.
+std::string draw(const forms::Form& form) {
+    Controls shown;
+    std::ranges::copy_if(form.controls(), std::back_inserter(shown), &forms::Control::visible);
+    std::ranges::stable_sort(shown, [](const forms::Control* left, const forms::Control* right) {
+        return left->place().top < right->place().top;
+    });
+    constexpr int rowHeight = 6;  // A text box stands a little above the label beside it.
+    const Controls numbered = usable(form);
+    std::string picture;
+    for (auto row = shown.begin(); row != shown.end();) {
+        const auto end = std::find_if(row, shown.end(), [row](const forms::Control* control) {
+            return control->place().top >= (*row)->place().top + rowHeight;
+        });
+        std::stable_sort(row, end, [](const forms::Control* left, const forms::Control* right) {
+            return left->place().left < right->place().left;
+        });
+        std::string line;
+        for (; row != end; ++row) {
+            const auto place = std::ranges::find(numbered, *row);
+            const std::string number =
+                place == numbered.end() ? "" : std::to_string(place - numbered.begin() + 1) + " ";
+            const std::string drawn = number + terminalText(drawing(**row));
+            line += (line.empty() || drawn.empty() ? "" : "   ") + drawn;
+        }
+        if (!line.empty()) {
+            picture += wrapped(line) + '\n';
+        }
+    }
+    return picture;
+}
+
+}  // namespace
+
+std::string terminalText(std::wstring_view text) {
+    std::wstring shown = text::replaceAll(text, text::lineBreak, L"\n");
+    std::ranges::replace_if(
+        shown, [](wchar_t c) { return c != L'\n' && c != L'\t' && (c < L' ' || (c >= 0x7F && c < 0xA0)); },
+        L'?');
+    return text::toUtf8(shown);
+}
+
+std::optional<std::wstring> TerminalDesktop::readLine(std::wstring_view question) {
+    output_ << text::toUtf8(question) << std::flush;
+    std::string line;
+    if (!std::getline(input_, line)) {
+        output_ << '\n';
+        return std::nullopt;
+    }
+    return text::fromUtf8(line);
+}
+
+std::optional<Answer> TerminalDesktop::ask(const MessagePrompt& prompt) {
+    const auto answers = answersOf(prompt.style.buttons);
+    std::wstring question;
+    for (const Answer answer : answers) {
+        question += (question.empty() ? L"[" : L"  [") + std::wstring(nameOf(answer)) + L"]";
+    }
+    output_ << '\n'
+            << rule << '\n'
+            << terminalText(prompt.title) << '\n'
+            << rule << '\n'
+            << wrapped(terminalText(prompt.text)) << "\n\n";
+    for (;;) {
+        const auto line = readLine(question + L" ? ");
+        if (!line) {
+            return std::nullopt;
+        }
+        const auto word = text::trim(*line);
+        if (word.empty()) {
+            return answers.front();
+        }
+        const auto fits = std::ranges::find_if(answers, [word](Answer answer) {
+            return text::equalsIgnoringCase(nameOf(answer).substr(0, word.size()), word);
+        });
+        if (fits != answers.end()) {
+            return *fits;
+        }
+    }
+}
+
+std::optional<FormAnswer> TerminalDesktop::ask(const FormPrompt& prompt, const forms::Form& form) {
+    output_ << '\n'
+            << rule << '\n'
+            << terminalText(prompt.caption) << '\n'
+            << rule << '\n'
+            << draw(form) << '\n';
+    for (;;) {
+        const auto line =
+            readLine(L"Number or access key, \"number=text\" to fill in, Enter for the default button: ");
+        if (!line) {
+            return std::nullopt;
+        }
+        if (auto answer = understand(*line, form)) {
+            return answer;
+        }
+        output_ << "There is no such control.\n";
+    }
+}
+
+std::optional<FormAnswer> TerminalDesktop::understand(const std::wstring& line, const forms::Form& form) {
+    if (text::trim(line).empty()) {
+        const forms::Button* button = form.button(forms::Button::Role::Default);
+        return button ? std::optional(FormAnswer{{}, button->name()}) : std::nullopt;
+    }
+    const forms::Control* control = choose(std::wstring(text::trim(text::before(line, L'='))), form);
+    if (!control) {
+        return std::nullopt;
+    }
+    if (control->kind() == forms::Kind::Button) {
+        return FormAnswer{{}, control->name()};
+    }
+    std::optional<std::wstring> value;
+    if (const auto cut = line.find(L'='); cut != std::wstring::npos) {
+        value = line.substr(cut + 1);
+    } else if (control->kind() == forms::Kind::CheckBox) {
+        value = control->value() == L"1" ? L"0" : L"1";
+    } else if (control->kind() == forms::Kind::OptionButton) {
+        value = L"1";
+    } else {
+        value = readLine(L"New text: ");
+    }
+    return value ? std::optional(FormAnswer{{{control->name(), *value}}, {}}) : std::nullopt;
+}
+
+}  // namespace platform::native

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <iosfwd>
+#include <string>
+
+#include "platform/native/PromptedDesktop.h"
+
+namespace platform::native {
+
+/// A desktop on a text terminal: draws message boxes and forms, and a person answers. The end of the input
+/// leaves a prompt without an answer.
+class TerminalDesktop : public PromptedDesktop {
+  public:
+    TerminalDesktop(std::istream& input, std::ostream& output, PromptObserver& observer)
+        : PromptedDesktop(observer), input_(input), output_(output) {}
+
+  protected:
+    std::optional<Answer> ask(const MessagePrompt& prompt) override;
+    std::optional<FormAnswer> ask(const FormPrompt& prompt, const forms::Form& form) override;
+
+  private:
+    /// Nothing at the end of the input.
+    std::optional<std::wstring> readLine(std::wstring_view question);
+    /// What the line asks for; nothing when it means nothing here.
+    std::optional<FormAnswer> understand(const std::wstring& line, const forms::Form& form);
+
+    std::istream& input_;
+    std::ostream& output_;
+};
+
+/// The text as a terminal may show it: line breaks as the terminal's own, other control characters, which
+/// could drive the terminal, as "?".
+std::string terminalText(std::wstring_view text);
+
+}  // namespace platform::native

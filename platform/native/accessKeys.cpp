@@ -1,0 +1,51 @@
+#include "platform/native/accessKeys.h"
+
+#include "platform/text.h"
+
+namespace platform::native {
+
+namespace {
+
+/// The upper-case character after the caption's "&", or NUL.
+wchar_t accessKey(std::wstring_view caption) {
+    for (std::size_t index = 0; index + 1 < caption.size(); ++index) {
+        if (caption[index] == L'&') {
+            if (caption[++index] != L'&') {
+                return text::upperCase(caption[index]);
+            }
+        }
+    }
+    return L'\0';
+}
+
+}  // namespace
+
+std::wstring plainCaption(std::wstring_view caption) {
+    std::wstring plain;
+    for (std::size_t index = 0; index < caption.size(); ++index) {
+        if (caption[index] == L'&' && ++index == caption.size()) {
+            break;
+        }
+        plain += caption[index];
+    }
+    return plain;
+}
+
+bool accepts(const forms::Control& control) {
+    return control.visible() && control.enabled() && control.kind() != forms::Kind::Label &&
+           control.kind() != forms::Kind::Picture;
+}
+
+forms::Control* findByAccessKey(const forms::Form& form, wchar_t key) {
+    bool labelled = false;
+    for (forms::Control* control : form.controls()) {
+        const bool named = control->visible() && accessKey(control->caption()) == text::upperCase(key);
+        if (accepts(*control) && (named || labelled)) {
+            return control;
+        }
+        labelled = named && control->kind() == forms::Kind::Label;
+    }
+    return nullptr;
+}
+
+}  // namespace platform::native

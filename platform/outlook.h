@@ -1,0 +1,148 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <utility>
+
+#include "platform/automation.h"
+
+/// Outlook's object model as the add-in uses it: its numbers, its events and thin typed fronts of its
+/// objects. Every call may throw automation::Error, as any of Outlook's can fail.
+namespace outlook {
+
+/// Class property of the items, by Outlook's numbers.
+namespace itemClass {
+inline constexpr std::int32_t appointment = 26;
+inline constexpr std::int32_t contact = 40;
+inline constexpr std::int32_t document = 41;
+inline constexpr std::int32_t journal = 42;
+inline constexpr std::int32_t mail = 43;
+inline constexpr std::int32_t note = 44;
+inline constexpr std::int32_t post = 45;
+inline constexpr std::int32_t report = 46;
+inline constexpr std::int32_t task = 48;
+inline constexpr std::int32_t distributionList = 69;
+}  // namespace itemClass
+
+namespace folderId {
+inline constexpr std::int32_t outbox = 4;
+inline constexpr std::int32_t inbox = 6;
+}  // namespace folderId
+
+/// EditorType of an item window. From version 12 on it is Word in every window.
+inline constexpr std::int32_t editorWord = 4;
+
+/// Type of a text user property.
+inline constexpr std::int32_t textProperty = 1;
+
+/// The event interfaces of version 9: later versions answer to them too, with the same dispatch ids.
+namespace events {
+inline constexpr automation::EventInterface application{0x0006304E};
+inline constexpr automation::EventInterface explorers{0x00063078};
+inline constexpr automation::EventInterface explorer{0x0006304F};
+inline constexpr automation::EventInterface inspectors{0x00063079};
+inline constexpr automation::EventInterface inspector{0x0006307D};
+inline constexpr automation::EventInterface item{0x0006303A};
+
+inline constexpr std::int32_t newExplorer = 0xF001;
+inline constexpr std::int32_t newInspector = 0xF001;
+inline constexpr std::int32_t explorerSelectionChange = 0xF007;
+inline constexpr std::int32_t explorerClose = 0xF008;
+inline constexpr std::int32_t inspectorClose = 0xF008;
+inline constexpr std::int32_t itemClose = 0xF004;
+inline constexpr std::int32_t itemSend = 0xF005;
+}  // namespace events
+
+/// Base of the fronts: a reference to the object, or nothing.
+class Front {
+  public:
+    Front() = default;
+    explicit Front(automation::Object object) : object_(std::move(object)) {}
+
+    const automation::Object& object() const { return object_; }
+    explicit operator bool() const { return static_cast<bool>(object_); }
+
+  protected:
+    automation::Object object_;
+};
+
+/// Any collection of the object model; counts from 1.
+template <class Element>
+class Collection : public Front {
+  public:
+    using Front::Front;
+    std::int32_t count() const { return object_.get(L"Count").toInteger(); }
+    Element item(std::int32_t index) const { return Element(object_.get(L"Item", index).toObject()); }
+};
+
+/// An item of any class.
+class Item : public Front {
+  public:
+    using Front::Front;
+    std::int32_t itemClass() const { return object_.get(L"Class").toInteger(); }
+    /// Empty for an item that was never saved; fails for one that was moved or deleted.
+    std::wstring entryId() const { return object_.get(L"EntryID").toText(); }
+    std::wstring subject() const { return object_.get(L"Subject").toText(); }
+    void setSubject(const std::wstring& subject) const { object_.put(L"Subject", subject); }
+};
+
+class Folder : public Front {
+  public:
+    using Front::Front;
+    std::wstring name() const { return object_.get(L"Name").toText(); }
+    std::wstring entryId() const { return object_.get(L"EntryID").toText(); }
+    Collection<Folder> folders() const { return Collection<Folder>(object_.get(L"Folders").toObject()); }
+    Folder folder(const std::wstring& folderName) const {
+        return Folder(folders().object().get(L"Item", folderName).toObject());
+    }
+    Folder addFolder(const std::wstring& folderName) const {
+        return Folder(folders().object().call(L"Add", folderName).toObject());
+    }
+    Collection<Item> items() const { return Collection<Item>(object_.get(L"Items").toObject()); }
+    Folder parent() const { return Folder(object_.get(L"Parent").toObject()); }
+    void moveTo(const Folder& target) const { object_.call(L"MoveTo", target.object()); }
+    void remove() const { object_.call(L"Delete"); }
+};
+
+class NameSpace : public Front {
+  public:
+    using Front::Front;
+    Folder defaultFolder(std::int32_t id) const {
+        return Folder(object_.call(L"GetDefaultFolder", id).toObject());
+    }
+    /// What the MAPI library's objects are tied to, so that they share Outlook's session.
+    automation::Object mapiObject() const { return object_.get(L"MAPIOBJECT").toObject(); }
+};
+
+class Explorer : public Front {
+  public:
+    using Front::Front;
+    Folder currentFolder() const { return Folder(object_.get(L"CurrentFolder").toObject()); }
+    Collection<Item> selection() const { return Collection<Item>(object_.get(L"Selection").toObject()); }
+};
+
+class Inspector : public Front {
+  public:
+    using Front::Front;
+    Item currentItem() const { return Item(object_.get(L"CurrentItem").toObject()); }
+    std::int32_t editorType() const { return object_.get(L"EditorType").toInteger(); }
+};
+
+class Application : public Front {
+  public:
+    using Front::Front;
+    Collection<Explorer> explorers() const {
+        return Collection<Explorer>(object_.get(L"Explorers").toObject());
+    }
+    Collection<Inspector> inspectors() const {
+        return Collection<Inspector>(object_.get(L"Inspectors").toObject());
+    }
+    /// Nothing when no explorer is open.
+    Explorer activeExplorer() const { return Explorer(object_.call(L"ActiveExplorer").toObject()); }
+    /// Nothing when no inspector is open.
+    Inspector activeInspector() const { return Inspector(object_.call(L"ActiveInspector").toObject()); }
+    NameSpace mapiNameSpace() const { return NameSpace(object_.call(L"GetNamespace", L"MAPI").toObject()); }
+    std::wstring version() const { return object_.get(L"Version").toText(); }
+};
+
+}  // namespace outlook
