@@ -1,0 +1,57 @@
+#include "mail/ProfileAddresses.h"
+
+#include "mail/MapiSession.h"
+#include "mail/errorTrap.h"
+
+namespace basGlobals {
+
+namespace {
+
+/// Accounts that are neither Internet nor Exchange accounts have no address to read.
+std::wstring accountAddress(Globals& globals, const redemption::Account& account) {
+    if (account.type() == redemption::exchangeAccount) {
+        return ExchangeAccountSMTPAddress(globals);
+    }
+    return attempt([&] { return account.smtpAddress(); }).value_or(L"");
+}
+
+}  // namespace
+
+std::optional<std::wstring> vtAccountsEmailAddress(Globals& globals) {
+    return trapErrors(
+        globals, ErrorReport::module(L"vtAccountsEmailAddress"),
+        [&]() -> std::optional<std::wstring> {
+            const redemption::Session session(globals);
+            const auto accounts = session.accountsInOrder();
+            const std::int32_t count = accounts.count();
+            std::wstring addresses;
+            for (std::int32_t index = 1; index <= count; ++index) {
+                const std::wstring address = accountAddress(globals, accounts.item(index));
+                if (!address.empty()) {
+                    addresses += (addresses.empty() ? L"" : L";") + address;
+                }
+            }
+            return addresses;
+        },
+        std::nullopt);
+}
+
+std::wstring ExchangeAccountSMTPAddress(Globals& globals) {
+    return trapErrors(globals, ErrorReport::module(L"ExchangeAccountSMTPAddress"),
+                      [&]() -> std::wstring {
+                          const redemption::Session session(globals);
+                          session.logonIfNeeded();
+                          const auto stores = session.stores();
+                          const std::int32_t count = stores.count();
+                          for (std::int32_t index = 1; index <= count; ++index) {
+                              const redemption::Store store = stores.item(index);
+                              if (store.kind() == redemption::primaryExchangeStore) {
+                                  return store.owner().smtpAddress();
+                              }
+                          }
+                          return {};
+                      },
+                      {});
+}
+
+}  // namespace basGlobals

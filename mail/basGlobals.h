@@ -1,0 +1,51 @@
+#pragma once
+
+#include <string>
+
+#include "mail/Globals.h"
+#include "mail/SafeItems.h"
+
+/// Functions that every room shares: Outlook's version, the SMTP addresses behind senders and recipients, and
+/// user properties of items. An address function that fails returns what it has found so far, often nothing:
+/// an empty result is an unknown address and never a match.
+namespace basGlobals {
+
+/// The text of the application's Version before its first ".".
+std::wstring OutlookMajorVersion(const Globals& globals);
+/// The same as a number, for comparisons with 12: below it, Word as the editor has a window of its own.
+double OutlookMajorNumber(const Globals& globals);
+
+/// True when the item was moved or deleted, so that nothing of it can be read any more.
+bool itemUnreadable(const outlook::Item& item);
+
+/// The SMTP address of the account that really sent the item.
+std::wstring SenderEmailWithoutOnBehalf(Globals& globals, const outlook::Item& item);
+/// The SMTP address on whose behalf the item was sent when there is one, else the sender's.
+std::wstring SenderEmail(Globals& globals, const outlook::Item& item);
+
+struct RecipientOptions {
+    bool resolveFirst = false;
+    /// Only with resolveFirst and Outlook 12 or later.
+    bool recogniseLists = false;
+};
+
+/// What stands for a distribution list, which has no address of its own.
+inline constexpr wchar_t distributionListAddress[] = L"General";
+
+/// The SMTP address of a recipient, or distributionListAddress.
+std::wstring RecipientEmail(Globals& globals, const redemption::Recipient& recipient,
+                            RecipientOptions options = {});
+
+/// True when one of the profile's stores belongs to Google Apps.
+bool GoogleAppConnected(Globals& globals);
+
+/// Adds a text user property; nothing on failure, which is reported.
+automation::Object AddUserProperties(Globals& globals, const outlook::Item& item, const std::wstring& name,
+                                     const std::wstring& value);
+/// Deletes the user property if the item has it, and saves the item; true when it was there.
+bool DeleteUserProperties(Globals& globals, const outlook::Item& item, const std::wstring& name);
+
+/// Deletes the message from its store.
+void deleteByEntryId(Globals& globals, const std::wstring& entryId);
+
+}  // namespace basGlobals
