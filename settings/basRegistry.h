@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "platform/Desktop.h"
+#include "platform/MachineRegistry.h"
+
+/// Reads of the machine's registry itself, apart from the user's settings.
+namespace basRegistry {
+
+/// A text or a 32-bit number; empty when there is none.
+using RegistryValue = std::variant<std::monostate, std::wstring, std::uint32_t>;
+
+/// Reads a value of an open key: a text with the NUL that closes it in the registry, or a number. Returns the
+/// registry's status code; -1 for a value of any other type.
+std::int32_t QueryValue(platform::RegistryKey& key, const std::wstring& name, RegistryValue& value);
+
+/// Reads a value by its place; empty when the key or the value is missing.
+RegistryValue ReadValue(platform::MachineRegistry& registry, platform::RootKey root, const std::wstring& path,
+                        const std::wstring& name);
+
+struct NamedValue {
+    std::wstring name;
+    std::uint32_t type = 0;
+    /// A number as decimal text, bytes as hexadecimal text with two upper-case digits each.
+    std::wstring data;
+};
+
+/// All values of a key, in the registry's order. A key that cannot be opened or closed is said in a message
+/// box; one that cannot be opened has no values.
+std::vector<NamedValue> EnumerateValues(platform::MachineRegistry& registry, platform::Desktop& desktop,
+                                        platform::RootKey root, const std::wstring& path);
+
+}  // namespace basRegistry

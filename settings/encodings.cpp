@@ -1,0 +1,120 @@
+#include "settings/encodings.h"
+
+#include <cmath>
+#include <cstdio>
+
+#include "mail/ProfileAddresses.h"
+#include "mail/errorTrap.h"
+#include "platform/number.h"
+#include "platform/text.h"
+
+namespace modRegKeys {
+
+namespace {
+
+using basGlobals::Globals;
+
+/// What an absent key reads as, so that it differs from every stored text that matters.
+constexpr wchar_t keyNotInReg[] = L"KeyNotInReg";
+
+std::wstring stored(const Globals& globals, const wchar_t* key, const wchar_t* whenAbsent) {
+    const auto value = basGlobals::attempt([&] { return globals.platform.settings.read(key); });
+    return value && *value ? **value : std::wstring(whenAbsent);
+}
+
+std::wstring storedTrimmed(const Globals& globals, const wchar_t* key) {
+    return std::wstring(text::trim(stored(globals, key, keyNotInReg)));
+}
+
+void store(const Globals& globals, const wchar_t* key, std::wstring_view value) {
+    basGlobals::skipErrors([&] { globals.platform.settings.write(key, std::wstring(value)); });
+}
+
+/// A whole number as decimal text, however large.
+std::wstring wholeText(double value) {
+    char buffer[400];
+    const int length = std::snprintf(buffer, sizeof buffer, "%.0f", value);
+    return {buffer, buffer + length};
+}
+
+}  // namespace
+
+bool TextFlag::read(const Globals& globals) const {
+    const std::wstring value = stored(globals, key, L"");
+    if (value == L"True") {
+        return true;
+    }
+    return value == L"False" ? false : fallback;
+}
+
+void TextFlag::write(const Globals& globals, int state) const {
+    store(globals, key, state == 1 ? L"True" : L"False");
+}
+
+std::int16_t NumberFlag::read(const Globals& globals) const {
+    const std::wstring value = storedTrimmed(globals, key);
+    if (value == keyNotInReg) {
+        return fallback;
+    }
+    return value == L"0" ? 0 : 1;
+}
+
+void NumberFlag::write(const Globals& globals, std::int16_t value) const {
+    store(globals, key, std::to_wstring(value));
+}
+
+std::int16_t Choice::read(const Globals& globals) const {
+    const std::wstring value = storedTrimmed(globals, key);
+    if (value == L"1") {
+        return 1;
+    }
+    return value == L"2" ? 2 : 0;
+}
+
+void Choice::write(const Globals& globals, std::int16_t value) const {
+    store(globals, key, std::to_wstring(value));
+}
+
+std::wstring WholeNumber::read(const Globals& globals) const {
+    const auto value = number::parse(storedTrimmed(globals, key));
+    if (!value || !std::isfinite(*value)) {
+        return fallback;
+    }
+    const double whole = std::floor(*value);
+    return whole < 1 ? fallback : wholeText(whole);
+}
+
+void WholeNumber::write(const Globals& globals, std::wstring_view value) const {
+    store(globals, key, text::trim(value));
+}
+
+std::wstring Text::read(const Globals& globals) const {
+    std::wstring value = storedTrimmed(globals, key);
+    if (value == keyNotInReg) {
+        return whenAbsent;
+    }
+    return value.empty() ? whenEmpty : value;
+}
+
+void Text::write(const Globals& globals, std::wstring_view value) const {
+    store(globals, key, text::trim(value));
+}
+
+std::wstring OwnAddresses::read(Globals& globals) const {
+    std::wstring value = storedTrimmed(globals, key);
+    return value == keyNotInReg ? basGlobals::vtAccountsEmailAddress(globals).value_or(L"") : value;
+}
+
+void OwnAddresses::write(const Globals& globals, std::wstring_view value) const {
+    store(globals, key, text::trim(value));
+}
+
+std::wstring Plain::read(const Globals& globals) const {
+    return stored(globals, key, whenAbsent);
+}
+
+void Plain::write(const Globals& globals, const std::wstring& value) const {
+    globals.platform.settings.write(key, value);
+}
+
+}  // namespace modRegKeys
