@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string_view>
+
+#include "mail/Globals.h"
+#include "platform/outlook.h"
+
+/// Word as the e-mail editor of Outlook versions below 12, where an item window is a Word window: there the
+/// macros of the add-in's template ask instead of the add-in's own dialogs.
+namespace basWordMail {
+
+/// True when the active item window is a Word window.
+bool editsInWord(const basGlobals::Globals& globals);
+
+/// Runs a macro of the template in the active window's Word with the item and the cancel flag, which the
+/// macro may set. Throws automation::Error.
+void runMacro(const basGlobals::Globals& globals, std::wstring_view macro, const outlook::Item& item,
+              bool& cancel);
+
+}  // namespace basWordMail

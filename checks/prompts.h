@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+
+#include "mail/Globals.h"
+#include "platform/forms.h"
+
+/// What the checks show: every prompt and dialog goes through here, so that each is preceded by the alert
+/// sound when the user wants one.
+namespace prompts {
+
+/// Shows the message box titled "<caption> - <product title>" over the window in the foreground.
+platform::Answer ask(const basGlobals::Globals& globals, const std::wstring& caption,
+                     const std::wstring& prompt, platform::MessageStyle style);
+
+/// Shows the dialog until it is answered.
+void show(const basGlobals::Globals& globals, forms::Form& form);
+
+/// "<caption> - <product title>".
+std::wstring titled(const basGlobals::Globals& globals, const std::wstring& caption);
+
+}  // namespace prompts

@@ -1,0 +1,30 @@
+#include "checks/basVeltro.h"
+#include "checks/frmNoSubject.h"
+#include "checks/prompts.h"
+#include "mail/errorTrap.h"
+#include "platform/text.h"
+#include "settings/modRegKeys.h"
+
+namespace basVeltro {
+
+void vtEmptySubjectCheck(basGlobals::Globals& globals, const outlook::Item& item, bool& cancel) {
+    basGlobals::trapErrors(globals, basGlobals::ErrorReport::check(L"vtEmptySubjectCheck"), [&] {
+        if (!modRegKeys::CheckEmptySubject.read(globals)) {
+            return;
+        }
+        const std::wstring subject = item.subject();
+        if (!text::trim(subject).empty()) {
+            return;
+        }
+        frmNoSubject form(globals, subject);
+        prompts::show(globals, form);
+        if (form.cancelled()) {
+            cancel = true;
+        } else {
+            // As it stands: a user who leaves it empty on purpose is not asked twice.
+            item.setSubject(form.subject());
+        }
+    });
+}
+
+}  // namespace basVeltro
