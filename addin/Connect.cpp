@@ -1,0 +1,170 @@
+#include "addin/Connect.h"
+
+#include "addin/basPreInitializeSetup.h"
+#include "addin/eventArguments.h"
+#include "addin/settingsFolder.h"
+#include "mail/ProfileAddresses.h"
+#include "mail/basGlobals.h"
+#include "mail/errorTrap.h"
+#include "platform/files.h"
+#include "settings/modRegKeys.h"
+
+namespace addin {
+
+namespace {
+
+using basGlobals::attempt;
+using basGlobals::skipErrors;
+
+/// String resources of the product's texts.
+namespace stringId {
+constexpr std::uint32_t webSite = 511;
+constexpr std::uint32_t supportAddress = 513;
+constexpr std::uint32_t downloadPage = 514;
+constexpr std::uint32_t productTitle = 515;
+constexpr std::uint32_t aboutText = 524;
+}  // namespace stringId
+
+/// Clears the start-up flag on every way out, the early one of a start without a window excepted.
+class StartingUp {
+  public:
+    explicit StartingUp(bool& flag) : flag_(flag) { flag_ = true; }
+    ~StartingUp() { flag_ = left_; }
+    StartingUp(const StartingUp&) = delete;
+    StartingUp& operator=(const StartingUp&) = delete;
+
+    void leaveSet() { left_ = true; }
+
+  private:
+    bool& flag_;
+    bool left_ = false;
+};
+
+}  // namespace
+
+void Connect::OnConnection(const automation::Object& application, int /*connectMode*/,
+                           const automation::Object& addInInst) {
+    application_ = outlook::Application(application);
+    addInInst_ = addInInst;
+    StartingUp startingUp(globals_.startingUp);
+
+    openResourceLibrary();
+    readProductTexts();
+    basPreInitializeSetup::InitializeSetup(globals_);
+    if (!takeHoldOfOutlook()) {
+        startingUp.leaveSet();
+        return;
+    }
+    refreshEmailList();
+}
+
+void Connect::openResourceLibrary() {
+    globals_.resources = std::make_unique<clsResource>(globals_.platform.resources);
+    // Without the library every text has its fallback.
+    skipErrors([&] {
+        globals_.resources->setLibraryFilePath(
+            platform::joinPath(globals_.platform.system.addInFolder(), L"Resource.dll"));
+    });
+}
+
+void Connect::readProductTexts() {
+    const clsResource& resources = *globals_.resources;
+    basGlobals::ProductTexts& product = globals_.product;
+    product.aboutText = resources.stringOr(
+        stringId::aboutText, L"Veltro stops mistakes before an e-mail leaves Microsoft Outlook.");
+    product.webSite = resources.stringOr(stringId::webSite, L"http://www.corvane.example");
+    product.supportAddress = resources.stringOr(stringId::supportAddress, L"support@corvane.example");
+    product.downloadPage =
+        resources.stringOr(stringId::downloadPage, L"http://www.corvane.example/veltro/download_process.asp");
+    product.title = resources.stringOr(stringId::productTitle, L"Veltro");
+    product.helpFile = platform::joinPath(globals_.platform.system.addInFolder(), L"Veltro.chm");
+}
+
+/// Whatever fails here is skipped, so that one window that cannot be wrapped leaves the others guarded. False
+/// when Outlook has no window at all; new inspectors are then wrapped, new explorers not.
+bool Connect::takeHoldOfOutlook() {
+    globals_.outlook = application_;
+    skipErrors([&] {
+        colExpl_ = application_.explorers();
+        colExplEvents_ = automation::subscribe(
+            colExpl_.object(), outlook::events::explorers,
+            [this](std::int32_t, std::span<automation::Value> arguments) {
+                skipErrors([&] {
+                    colExpl_NewExplorer(outlook::Explorer(eventArguments::at(arguments, 0).toObject()));
+                });
+            });
+    });
+    skipErrors([&] {
+        colInsp_ = application_.inspectors();
+        colInspEvents_ = automation::subscribe(
+            colInsp_.object(), outlook::events::inspectors,
+            [this](std::int32_t, std::span<automation::Value> arguments) {
+                skipErrors([&] {
+                    colInsp_NewInspector(outlook::Inspector(eventArguments::at(arguments, 0).toObject()));
+                });
+            });
+    });
+    if (hasNoWindow()) {
+        return false;
+    }
+    skipErrors([&] { setExplorer(colExpl_.item(1)); });
+    skipErrors([&] { globals_.progId = addInInst_.get(L"ProgId").toText(); });
+    skipErrors([&] { initialiseOutAddIn(); });
+    skipErrors([&] { globals_.googleApps = basGlobals::GoogleAppConnected(globals_); });
+    wrapOpenExplorers();
+    return true;
+}
+
+/// A count that cannot be read counts as a window: guarding too much is the lesser fault.
+bool Connect::hasNoWindow() const {
+    return attempt([&] { return colExpl_.count(); }).value_or(1) < 1 &&
+           attempt([&] { return colInsp_.count(); }).value_or(1) < 1;
+}
+
+void Connect::initialiseOutAddIn() {
+    if (!outAddIn_) {
+        outAddIn_ = std::make_unique<OutAddIn>(globals_, wrappers_);
+    }
+    outAddIn_->Initialise(application_, globals_.progId);
+}
+
+void Connect::wrapOpenExplorers() {
+    const std::int32_t count = attempt([&] { return colExpl_.count(); }).value_or(0);
+    for (std::int32_t index = 1; index <= count; ++index) {
+        skipErrors([&] { wrappers_.AddExpl(colExpl_.item(index)); });
+    }
+    if (count >= 1) {
+        settingsFolder::moveToCurrentPlace(globals_);
+    }
+}
+
+void Connect::refreshEmailList() {
+    if (!modRegKeys::UseOutlookSettings.read(globals_)) {
+        return;
+    }
+    // A profile that could not be read must not empty the list.
+    if (const auto addresses = basGlobals::vtAccountsEmailAddress(globals_)) {
+        modRegKeys::EmailList.write(globals_, *addresses);
+    }
+}
+
+void Connect::OnDisconnection(int /*removeMode*/) {
+    if (!outAddIn_) {
+        outAddIn_ = std::make_unique<OutAddIn>(globals_, wrappers_);
+    }
+    outAddIn_->UnInitialise();
+    outAddIn_.reset();
+    objExplEvents_.end();
+    objExpl_ = {};
+    colExplEvents_.end();
+    colExpl_ = {};
+    objInspEvents_.end();
+    objInsp_ = {};
+    colInspEvents_.end();
+    colInsp_ = {};
+    globals_.resources.reset();
+    addInInst_ = {};
+    application_ = {};
+}
+
+}  // namespace addin

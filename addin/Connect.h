@@ -1,0 +1,62 @@
+#pragma once
+
+#include <memory>
+
+#include "addin/OutAddIn.h"
+#include "addin/WindowWrappers.h"
+#include "mail/Globals.h"
+#include "platform/Platform.h"
+#include "platform/outlook.h"
+
+namespace addin {
+
+/// The add-in as Outlook connects it: the single start-up and shut-down path of the system. Lives on
+/// Outlook's user-interface thread from OnConnection to OnDisconnection; Outlook 2010 and later may skip the
+/// latter when they shut down fast, so nothing depends on it.
+class Connect {
+  public:
+    explicit Connect(platform::Platform& world) : globals_(world), wrappers_(globals_) {}
+
+    /// Starts the add-in up. Throws automation::Error when a step fails that is not to be skipped; what was
+    /// started by then goes on working.
+    void OnConnection(const automation::Object& application, int connectMode,
+                      const automation::Object& addInInst);
+    void OnDisconnection(int removeMode);
+
+    const WindowWrappers& wrappers() const { return wrappers_; }
+
+  private:
+    void openResourceLibrary();
+    void readProductTexts();
+    bool takeHoldOfOutlook();
+    bool hasNoWindow() const;
+    void initialiseOutAddIn();
+    void wrapOpenExplorers();
+    void refreshEmailList();
+
+    void setExplorer(const outlook::Explorer& explorer);
+    void setInspector(const outlook::Inspector& inspector);
+    void objExpl_Close();
+    void objInsp_Close();
+    void colExpl_NewExplorer(const outlook::Explorer& explorer);
+    void colInsp_NewInspector(const outlook::Inspector& inspector);
+    void ensureOutAddIn();
+
+    basGlobals::Globals globals_;
+    WindowWrappers wrappers_;
+    /// Kept beside the global one, which goes with the last window and must come back with the next.
+    outlook::Application application_;
+    automation::Object addInInst_;
+    std::unique_ptr<OutAddIn> outAddIn_;
+
+    outlook::Explorer objExpl_;
+    automation::Subscription objExplEvents_;
+    outlook::Collection<outlook::Explorer> colExpl_;
+    automation::Subscription colExplEvents_;
+    outlook::Inspector objInsp_;
+    automation::Subscription objInspEvents_;
+    outlook::Collection<outlook::Inspector> colInsp_;
+    automation::Subscription colInspEvents_;
+};
+
+}  // namespace addin

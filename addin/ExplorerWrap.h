@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "mail/Globals.h"
+#include "platform/outlook.h"
+
+class WindowWrappers;
+
+/// Watches one main window and the mail selected in it.
+class ExplorerWrap : public std::enable_shared_from_this<ExplorerWrap> {
+  public:
+    ExplorerWrap(basGlobals::Globals& globals, WindowWrappers& wrappers, std::int32_t key)
+        : globals_(globals), wrappers_(wrappers), key_(key) {}
+
+    std::int32_t Key() const { return key_; }
+    const outlook::Explorer& Explorer() const { return explorer_; }
+    void setExplorer(const outlook::Explorer& explorer);
+
+    /// The mail whose events are watched, or nothing.
+    const outlook::Item& watchedItem() const { return mailItem_; }
+
+    /// Reads the subject of the first item selected in the active explorer, which makes Outlook settle the
+    /// selection.
+    void SetCorrectItemSelection() const;
+
+  private:
+    void onExplorerEvent(std::int32_t event);
+    void m_objExpl_SelectionChange();
+    void m_objExpl_Close();
+    bool showsOutbox() const;
+    outlook::Item selectedMail() const;
+
+    basGlobals::Globals& globals_;
+    WindowWrappers& wrappers_;
+    std::int32_t key_;
+    outlook::Explorer explorer_;
+    outlook::Item mailItem_;
+    automation::Subscription explorerEvents_;
+};

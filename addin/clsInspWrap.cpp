@@ -1,0 +1,81 @@
+#include "addin/clsInspWrap.h"
+
+#include "addin/WindowWrappers.h"
+#include "addin/eventArguments.h"
+#include "checks/basVeltro.h"
+#include "checks/basWordMail.h"
+#include "mail/basGlobals.h"
+#include "mail/errorTrap.h"
+
+namespace events = outlook::events;
+
+void clsInspWrap::setInspector(const outlook::Inspector& inspector) {
+    inspector_ = inspector;
+    inspectorEvents_ =
+        automation::subscribe(inspector.object(), events::inspector, sink(&clsInspWrap::onInspectorEvent));
+}
+
+void clsInspWrap::setMailItem(const outlook::Item& item) {
+    mailItem_ = item;
+    mailEvents_ = automation::subscribe(item.object(), events::item, sink(&clsInspWrap::onMailEvent));
+}
+
+automation::EventSink clsInspWrap::sink(void (clsInspWrap::*handler)(std::int32_t,
+                                                                     std::span<automation::Value>)) {
+    return [self = weak_from_this(), handler](std::int32_t event, std::span<automation::Value> arguments) {
+        if (const auto wrapper = self.lock()) {  // Held while it handles the closing of its window.
+            ((*wrapper).*handler)(event, arguments);
+        }
+    };
+}
+
+void clsInspWrap::onInspectorEvent(std::int32_t event, std::span<automation::Value>) {
+    if (event == events::inspectorClose) {
+        close();
+    }
+}
+
+void clsInspWrap::onMailEvent(std::int32_t event, std::span<automation::Value> arguments) {
+    switch (event) {
+        case events::itemSend: {
+            eventArguments::Cancel cancel(eventArguments::at(arguments, 0));
+            m_ObjMail_Send(cancel.flag());
+            break;
+        }
+        case events::itemClose:
+            close();
+            break;
+        default:
+            break;
+    }
+}
+
+void clsInspWrap::m_ObjMail_Send(bool& cancel) {
+    basGlobals::trapErrors(globals_, basGlobals::ErrorReport::check(L"m_ObjMail_Send"), [&] {
+        if (basGlobals::itemUnreadable(mailItem_)) {
+            return;
+        }
+        checkSubject(cancel);
+        if (!cancel) {
+            basVeltro::vtAttachMissingCheck(globals_, mailItem_, cancel);
+        }
+    });
+}
+
+void clsInspWrap::checkSubject(bool& cancel) {
+    if (!basWordMail::editsInWord(globals_)) {
+        basVeltro::vtEmptySubjectCheck(globals_, mailItem_, cancel);
+    } else if (basGlobals::OutlookMajorVersion(globals_) != L"9") {
+        basWordMail::runMacro(globals_, L"vtEmptySubjectCheckWord", mailItem_, cancel);
+    }
+}
+
+void clsInspWrap::close() {
+    basGlobals::trapErrors(globals_, basGlobals::ErrorReport::usual(L"clsInspWrap.Close"), [&] {
+        auto self = shared_from_this();
+        wrappers_.KillInsp(key_, self);
+    });
+    // Outlook closes the item first and its window after it: one of the two is enough.
+    mailEvents_.end();
+    inspectorEvents_.end();
+}

@@ -1,0 +1,93 @@
+#include "addin/settingsFolder.h"
+
+#include "mail/SafeItems.h"
+#include "mail/errorTrap.h"
+#include "platform/text.h"
+#include "settings/modRegKeys.h"
+
+namespace settingsFolder {
+
+namespace {
+
+using basGlobals::attempt;
+using basGlobals::Globals;
+using basGlobals::skipErrors;
+
+constexpr wchar_t oldParentName[] = L"Tarnwell Settings";
+constexpr wchar_t newParentName[] = L"Corvane Settings";
+constexpr wchar_t dataFolderName[] = L"Veltro";
+constexpr wchar_t done[] = L"1";
+
+struct OldPlace {
+    outlook::Folder store;
+    outlook::Folder parent;
+    outlook::Folder dataFolder;
+};
+
+OldPlace findOldPlace(const Globals& globals) {
+    OldPlace place;
+    place.store = globals.outlook.mapiNameSpace().defaultFolder(outlook::folderId::inbox).parent();
+    place.parent = place.store.folder(oldParentName);
+    place.dataFolder = place.parent.folder(dataFolderName);
+    return place;
+}
+
+/// The item that holds the list of preferred accounts.
+bool holdsList(const Globals& globals, const outlook::Folder& folder) {
+    const auto items = folder.items();
+    const std::int32_t count = items.count();
+    for (std::int32_t index = 1; index <= count; ++index) {
+        const redemption::SafeItem item(globals.platform.automation, items.item(index));
+        if (text::equalsTrimmed(item.subject(), L"Email Address")) {
+            return true;
+        }
+    }
+    return false;
+}
+
+void tellMoved(const Globals& globals) {
+    const std::wstring& title = globals.product.title;
+    globals.platform.desktop.messageBox(
+        L"We have made a small change on how " + title +
+            L" saves its data. This will make no difference to the way you use " + title +
+            L".\r\n\r\nYour settings have been now moved from the 'Tarnwell Settings\\Veltro' email folder "
+            L"to the "
+            L"'Corvane Settings\\" +
+            title + L"' email folder.\r\nThis message will not be displayed again.",
+        {platform::Buttons::Ok, platform::Icon::Information}, L"Move " + title + L" Settings - " + title);
+}
+
+void removeIfEmpty(const outlook::Folder& folder) {
+    if (folder.folders().count() == 0 && folder.items().count() == 0) {
+        folder.remove();
+    }
+}
+
+}  // namespace
+
+void MoveVeltroDataFolder(const outlook::Folder& store, const outlook::Folder& dataFolder) {
+    const auto existing = attempt([&] { return store.folder(newParentName); });
+    dataFolder.moveTo(existing && *existing ? *existing : store.addFolder(newParentName));
+}
+
+void moveToCurrentPlace(Globals& globals) {
+    if (modRegKeys::blnMoveVT.read(globals) == done) {
+        return;
+    }
+    const auto place = attempt([&] { return findOldPlace(globals); });
+    if (!place || !place->dataFolder) {
+        return;
+    }
+    const auto found = attempt([&] { return holdsList(globals, place->dataFolder); });
+    if (!found) {
+        return;  // Unread is not empty: the next start looks again.
+    }
+    const bool moved = *found && skipErrors([&] { MoveVeltroDataFolder(place->store, place->dataFolder); });
+    skipErrors([&] { modRegKeys::blnMoveVT.write(globals, done); });
+    if (moved) {
+        skipErrors([&] { tellMoved(globals); });
+        skipErrors([&] { removeIfEmpty(place->parent); });
+    }
+}
+
+}  // namespace settingsFolder
