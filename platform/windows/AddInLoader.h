@@ -1,0 +1,38 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+#include "platform/windows/ComPtr.h"
+#include "platform/windows/extensibility.h"
+
+namespace platform::windows {
+
+/// An add-in that Outlook would load at its start.
+struct RegisteredAddIn {
+    std::wstring progId;
+    std::wstring friendlyName;
+    std::wstring description;
+};
+
+/// The add-ins with load behaviour 3, first the user's, then the machine's; one that is in both once.
+std::vector<RegisteredAddIn> registeredAddIns();
+
+/// A loaded add-in, called as Outlook calls it. The calls throw automation::Error when the add-in fails.
+class LoadedAddIn {
+  public:
+    /// Makes the add-in's object. Throws automation::Error when the class cannot be made or is no add-in.
+    explicit LoadedAddIn(const std::wstring& progId);
+
+    void connect(IDispatch* application, ConnectMode mode, IDispatch* addInInstance);
+    void startupComplete();
+    void beginShutdown();
+    void disconnect(RemoveMode mode);
+
+  private:
+    ComPtr<IDTExtensibility2> addIn_;
+};
+
+}  // namespace platform::windows

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <windows.h>
+
+#include <exception>
+
+#include "platform/forms.h"
+
+namespace platform::windows {
+
+/// A form as a modal dialog of Windows. Lives for one showing.
+class DialogWindow final : public forms::View {
+  public:
+    explicit DialogWindow(forms::Form& form);
+    DialogWindow(const DialogWindow&) = delete;
+    DialogWindow& operator=(const DialogWindow&) = delete;
+    ~DialogWindow() override;
+
+    /// Shows the form over `owner`, which may be null, until it is hidden. An exception that escapes a
+    /// handler of the form closes it and comes out here. Throws automation::Error when Windows cannot make
+    /// the dialog.
+    void run(HWND owner);
+
+    void refresh(const forms::Control& control) override;
+    void captionChanged() override;
+    void focus(const forms::Control& control) override;
+    void close() override;
+
+  private:
+    static INT_PTR CALLBACK procedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
+    INT_PTR handle(UINT message, WPARAM wParam);
+    void initialise();
+    void removeNames();
+    void command(WORD id, WORD notification);
+    void typed(forms::TextBox& box);
+    void clicked(forms::Control& control);
+    HWND window(const forms::Control& control) const;
+    void show(const forms::Control& control);
+    void showContent(const forms::Control& control, HWND window);
+    void moveFocusFrom(HWND window);
+
+    forms::Form& form_;
+    /// What showed the form before, when a form opens itself anew.
+    forms::View* outer_;
+    HWND owner_ = nullptr;
+    HWND dialog_ = nullptr;
+    /// Notifications that answer our own changes say nothing about the user.
+    int changing_ = 0;
+    std::exception_ptr failure_;
+};
+
+}  // namespace platform::windows

@@ -1,0 +1,68 @@
+#include "platform/windows/WindowsDesktop.h"
+
+#include <windows.h>
+
+#include "platform/windows/DialogWindow.h"
+#include "platform/windows/comErrors.h"
+
+namespace platform::windows {
+
+namespace {
+
+BOOL CALLBACK takeUsableWindow(HWND window, LPARAM result) {
+    if (!IsWindowVisible(window) || !IsWindowEnabled(window)) {
+        return TRUE;
+    }
+    *reinterpret_cast<HWND*>(result) = window;
+    return FALSE;
+}
+
+/// The window of Outlook that a dialog belongs over: the active one, or the topmost while the user is in
+/// another program. Null when there is none.
+HWND ownerWindow() {
+    if (HWND active = GetActiveWindow()) {
+        return active;
+    }
+    HWND found = nullptr;
+    EnumThreadWindows(GetCurrentThreadId(), &takeUsableWindow, reinterpret_cast<LPARAM>(&found));
+    return found;
+}
+
+}  // namespace
+
+Answer WindowsDesktop::messageBox(const std::wstring& prompt, MessageStyle style, const std::wstring& title) {
+    const ActivationContext::Scope controls(context_);
+    HWND owner = GetForegroundWindow();
+    const UINT type = static_cast<UINT>(style.buttons) | static_cast<UINT>(style.icon);
+    const int answer = MessageBoxW(owner, prompt.c_str(), title.c_str(), type);
+    if (answer == 0) {
+        throw errorOf(HRESULT_FROM_WIN32(GetLastError()));
+    }
+    if (owner) {
+        SetForegroundWindow(owner);
+    }
+    return static_cast<Answer>(answer);
+}
+
+void WindowsDesktop::beep() {
+    MessageBeep(MB_OK);
+}
+
+void WindowsDesktop::showModal(forms::Form& form) {
+    const ActivationContext::Scope controls(context_);
+    DialogWindow(form).run(ownerWindow());
+}
+
+void WindowsDesktop::processPendingEvents() {
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        if (message.message == WM_QUIT) {  // Meant for the host's own loop.
+            PostQuitMessage(static_cast<int>(message.wParam));
+            return;
+        }
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+}
+
+}  // namespace platform::windows

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <windows.h>
+
+#include <optional>
+#include <string>
+
+#include "platform/forms.h"
+
+/// How programs that drive the add-in's dialogs find their way in them: each dialog and each of its controls
+/// carries its name as a window property, readable from every process (GetProp gives an atom,
+/// GlobalGetAtomName its text).
+namespace platform::windows {
+
+/// On the dialog: the atom of the form's name.
+inline constexpr wchar_t formNameProperty[] = L"Veltro.Form";
+/// On a control: the atom of its name.
+inline constexpr wchar_t controlNameProperty[] = L"Veltro.Control";
+/// On a control: its forms::Kind as a number, plus 1.
+inline constexpr wchar_t controlKindProperty[] = L"Veltro.Kind";
+
+/// Attaches a name of at most 255 characters.
+void attachName(HWND window, const wchar_t* property, const std::wstring& name);
+/// Must be called before the window goes, or the atom stays.
+void detachName(HWND window, const wchar_t* property);
+/// Nothing when the window has no such property.
+std::optional<std::wstring> attachedName(HWND window, const wchar_t* property);
+
+void attachKind(HWND window, forms::Kind kind);
+void detachKind(HWND window);
+std::optional<forms::Kind> attachedKind(HWND window);
+
+}  // namespace platform::windows

@@ -1,0 +1,155 @@
+#include "server/ConnectObject.h"
+
+#include <oleauto.h>
+
+#include <array>
+#include <exception>
+#include <string_view>
+#include <utility>
+
+#include "addin/Connect.h"
+#include "platform/text.h"
+#include "platform/windows/WindowsPlatform.h"
+#include "platform/windows/comErrors.h"
+#include "server/Module.h"
+
+namespace server {
+
+using platform::windows::ComPtr;
+using platform::windows::ConnectMode;
+using platform::windows::guarded;
+using platform::windows::RemoveMode;
+
+namespace {
+
+namespace ids = platform::windows::extensibility;
+
+/// The members of the dispatch interface, with what callers must give them besides the array that comes last.
+struct Member {
+    std::wstring_view name;
+    DISPID id;
+    UINT arguments;
+};
+constexpr std::array<Member, 5> members{{{L"OnConnection", ids::onConnection, 3},
+                                         {L"OnDisconnection", ids::onDisconnection, 1},
+                                         {L"OnAddInsUpdate", ids::onAddInsUpdate, 0},
+                                         {L"OnStartupComplete", ids::onStartupComplete, 0},
+                                         {L"OnBeginShutdown", ids::onBeginShutdown, 0}}};
+
+/// The n-th argument in declared order, as the type asked for. A variant that holds nothing when it is none.
+platform::windows::Variant argument(const DISPPARAMS& parameters, UINT index, VARTYPE type) {
+    platform::windows::Variant value;
+    platform::windows::check(
+        VariantChangeType(value.address(), &parameters.rgvarg[parameters.cArgs - 1 - index], 0, type));
+    return value;
+}
+
+}  // namespace
+
+/// A connected add-in and its ports.
+struct ConnectObject::Session {
+    platform::windows::WindowsPlatform world{liveObjects()};
+    addin::Connect addIn{world.platform()};
+};
+
+ComPtr<IUnknown> ConnectObject::make() {
+    const auto made = ComPtr<ConnectObject>::adopt(new ConnectObject);
+    return ComPtr<IUnknown>(made->identity());
+}
+
+ConnectObject::ConnectObject() : DispatchObject(liveObjects()) {}
+
+ConnectObject::~ConnectObject() = default;
+
+void* ConnectObject::find(REFIID id) noexcept {
+    const bool known = id == IID_IDispatch || id == platform::windows::extensibilityId;
+    return known ? static_cast<platform::windows::IDTExtensibility2*>(this) : nullptr;
+}
+
+STDMETHODIMP ConnectObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* memberIds) {
+    if (!names || !memberIds || count == 0) {
+        return E_INVALIDARG;
+    }
+    for (UINT index = 0; index < count; ++index) {
+        memberIds[index] = DISPID_UNKNOWN;
+    }
+    for (const Member& member : members) {
+        if (text::equalsIgnoringCase(member.name, names[0])) {
+            memberIds[0] = member.id;
+            return count == 1 ? S_OK : DISP_E_UNKNOWNNAME;
+        }
+    }
+    return DISP_E_UNKNOWNNAME;
+}
+
+STDMETHODIMP ConnectObject::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT*,
+                                   EXCEPINFO*, UINT*) {
+    if (id < ids::onConnection || id > ids::onBeginShutdown || (flags & DISPATCH_METHOD) == 0) {
+        return DISP_E_MEMBERNOTFOUND;
+    }
+    const Member& member = members[static_cast<std::size_t>(id - ids::onConnection)];
+    if (!parameters || parameters->cNamedArgs > 0 || parameters->cArgs < member.arguments ||
+        parameters->cArgs > member.arguments + 1 || (parameters->cArgs > 0 && !parameters->rgvarg)) {
+        return DISP_E_BADPARAMCOUNT;
+    }
+    return guarded([&]() -> HRESULT {
+        switch (id) {
+            case ids::onConnection:
+                return OnConnection(argument(*parameters, 0, VT_DISPATCH)->pdispVal,
+                                    static_cast<ConnectMode>(argument(*parameters, 1, VT_I4)->lVal),
+                                    argument(*parameters, 2, VT_DISPATCH)->pdispVal, nullptr);
+            case ids::onDisconnection:
+                return OnDisconnection(static_cast<RemoveMode>(argument(*parameters, 0, VT_I4)->lVal),
+                                       nullptr);
+            default:
+                return S_OK;
+        }
+    });
+}
+
+STDMETHODIMP ConnectObject::OnConnection(IDispatch* application, ConnectMode mode, IDispatch* addInInstance,
+                                         SAFEARRAY**) {
+    // A call into Outlook may let it drop its reference.
+    const ComPtr<IUnknown> self(identity());
+    return guarded([&] {
+        if (session_) {
+            return S_OK;  // Connected once is connected.
+        }
+        session_ = std::make_unique<Session>();
+        auto& exporter = session_->world.exporter();
+        try {
+            session_->addIn.OnConnection(exporter.toObject(application), static_cast<int>(mode),
+                                         exporter.toObject(addInInstance));
+        } catch (const std::exception&) {
+            // What was started goes on working; Outlook, told of the failure, would unload the add-in and not
+            // load it again.
+        }
+        return S_OK;
+    });
+}
+
+STDMETHODIMP ConnectObject::OnDisconnection(RemoveMode mode, SAFEARRAY**) {
+    const ComPtr<IUnknown> self(identity());
+    return guarded([&] {
+        // Gone at the end, whatever happens: after this call Outlook's objects fail.
+        const std::unique_ptr<Session> session = std::move(session_);
+        if (session) {
+            session->addIn.OnDisconnection(static_cast<int>(mode));
+        }
+        return S_OK;
+    });
+}
+
+STDMETHODIMP ConnectObject::OnAddInsUpdate(SAFEARRAY**) {
+    return S_OK;
+}
+
+STDMETHODIMP ConnectObject::OnStartupComplete(SAFEARRAY**) {
+    return S_OK;
+}
+
+STDMETHODIMP ConnectObject::OnBeginShutdown(SAFEARRAY**) {
+    return S_OK;
+}
+
+}  // namespace server

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+namespace server {
+
+// {77FDA4DD-F8B7-45DE-9324-31C913538BA5}
+inline constexpr CLSID connectClass = {
+    0x77FDA4DD, 0xF8B7, 0x45DE, {0x93, 0x24, 0x31, 0xC9, 0x13, 0x53, 0x8B, 0xA5}};
+
+/// Registers the class and the add-in: for the machine when its registry may be written, else for the user.
+/// `path` is the DLL's. On failure nothing is left behind. Returns a registry status code.
+LONG registerServer(const std::wstring& path);
+
+/// Removes what registerServer writes, for the machine and for the user. Returns the first failure's status
+/// code.
+LONG unregisterServer();
+
+}  // namespace server
