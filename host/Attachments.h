@@ -1,0 +1,45 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "host/Automated.h"
+#include "host/Item.h"
+
+namespace host {
+
+/// The attachments of an item, Outlook's or Redemption's.
+class Attachments : public Automated<Attachments> {
+  public:
+    static std::span<const Member<Attachments>> members();
+
+    Attachments(World& world, std::shared_ptr<Item> item, bool safe);
+
+    std::wstring className() const override { return safe_ ? L"SafeAttachments" : L"Attachments"; }
+    void checkUsable() const override { item_->checkUsable(); }
+
+  private:
+    static const Member<Attachments> table_[];
+    std::shared_ptr<Item> item_;
+    bool safe_;
+};
+
+/// One attachment. Redemption's has its MAPI properties too.
+class AttachmentObject : public Automated<AttachmentObject> {
+  public:
+    static constexpr std::wstring_view defaultName = L"DisplayName";
+    static std::span<const Member<AttachmentObject>> members();
+
+    AttachmentObject(World& world, std::shared_ptr<Item> item, std::shared_ptr<Attachment> data, bool safe);
+
+    std::wstring className() const override { return safe_ ? L"SafeAttachment" : L"Attachment"; }
+    void checkUsable() const override;
+
+  private:
+    static const Member<AttachmentObject> table_[];
+    std::shared_ptr<Item> item_;
+    std::shared_ptr<Attachment> data_;
+    bool safe_;
+};
+
+}  // namespace host

@@ -1,0 +1,47 @@
+#include "host/EventSource.h"
+
+#include <algorithm>
+
+#include "host/hostErrors.h"
+
+namespace host {
+
+EventSource::EventSource(std::initializer_list<std::uint32_t> interfaces) : interfaces_(interfaces) {}
+
+automation::Subscription EventSource::add(automation::EventInterface events, automation::EventSink sink) {
+    if (std::ranges::find(interfaces_, events.id) == interfaces_.end()) {
+        throw automation::Error(raise::noSuchEvents, L"Object or class does not support the set of events");
+    }
+    const auto entry = std::make_shared<Entry>(Entry{std::move(sink)});
+    entries_->push_back(entry);
+    return automation::Subscription([entries = std::weak_ptr(entries_), weak = std::weak_ptr(entry)] {
+        const auto ending = weak.lock();
+        if (!ending) {
+            return;
+        }
+        ending->ended = true;
+        if (const auto list = entries.lock()) {
+            std::erase(*list, ending);
+        }
+    });
+}
+
+void EventSource::raise(std::int32_t event, std::span<automation::Value> arguments,
+                        const EscapedError& escaped) const {
+    const Entries subscribed = *entries_;
+    for (const auto& entry : subscribed) {
+        if (entry->ended) {
+            continue;
+        }
+        try {
+            entry->sink(event, arguments);
+        } catch (const automation::Error& error) {
+            escaped(error.number(), error.description());
+        } catch (const std::exception& error) {
+            const std::string_view what = error.what();
+            escaped(automation::errors::failed, std::wstring(what.begin(), what.end()));
+        }
+    }
+}
+
+}  // namespace host

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "host/Automated.h"
+#include "host/CommandBars.h"
+
+namespace host {
+
+class Folder;
+class Item;
+
+/// A main window: a folder, and items selected in it.
+class Explorer : public Automated<Explorer> {
+  public:
+    static constexpr std::wstring_view defaultName = L"Caption";
+    static std::span<const Member<Explorer>> members();
+
+    Explorer(World& world, std::shared_ptr<Folder> folder, const Explorer* model);
+
+    std::wstring className() const override { return L"Explorer"; }
+    void checkUsable() const override;
+    EventSource* eventSource() override { return &events_; }
+
+    std::shared_ptr<Folder> folder() const { return folder_; }
+    CommandBars& commandBars() const { return *bars_; }
+    /// The selected items that still are where they were selected.
+    std::vector<std::shared_ptr<Item>> selection() const;
+    /// Raises BeforeFolderSwitch, FolderSwitch and SelectionChange; false when a handler cancels.
+    bool showFolder(const std::shared_ptr<Folder>& folder);
+    /// Raises SelectionChange twice: for what was left and for what is selected.
+    void select(const std::vector<std::shared_ptr<Item>>& items);
+    void closed() { closed_ = true; }
+
+  private:
+    static const Member<Explorer> table_[];
+    std::shared_ptr<Folder> folder_;
+    std::vector<std::weak_ptr<Item>> selection_;
+    std::shared_ptr<CommandBars> bars_;
+    bool closed_ = false;
+    EventSource events_{0x0006304F, 0x0006300F};
+};
+
+/// Application.Explorers.
+class Explorers : public Automated<Explorers> {
+  public:
+    static std::span<const Member<Explorers>> members();
+
+    explicit Explorers(World& world) : Automated(world) {}
+
+    std::wstring className() const override { return L"Explorers"; }
+    EventSource* eventSource() override { return &events_; }
+
+  private:
+    static const Member<Explorers> table_[];
+    EventSource events_{0x00063078};
+};
+
+/// The items that were selected in an explorer when it was asked.
+class Selection : public Automated<Selection> {
+  public:
+    static std::span<const Member<Selection>> members();
+
+    Selection(World& world, std::vector<std::shared_ptr<Item>> items);
+
+    std::wstring className() const override { return L"Selection"; }
+
+  private:
+    static const Member<Selection> table_[];
+    std::vector<std::shared_ptr<Item>> items_;
+};
+
+}  // namespace host

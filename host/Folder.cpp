@@ -1,0 +1,171 @@
+#include "host/Folder.h"
+
+#include <algorithm>
+
+#include "host/Application.h"
+#include "host/Item.h"
+#include "host/NameSpace.h"
+#include "host/World.h"
+
+namespace host {
+
+using automation::Value;
+
+Folder::Folder(World& world, std::wstring name, std::size_t store, int defaultItem)
+    : Automated(world),
+      name_(std::move(name)),
+      entryId_(world.nextEntryId()),
+      store_(store),
+      defaultItem_(defaultItem) {}
+
+constinit const Member<Folder> Folder::table_[] = {
+    {.name = L"Application",
+     .id = 61440,
+     .get = [](Folder& folder, Arguments) { return Value(folder.world().application().object()); }},
+    {.name = L"Parent",
+     .id = 61441,
+     .get =
+         [](Folder& folder, Arguments) {
+             const auto parent = folder.parent();
+             return Value(parent ? parent->object() : folder.world().nameSpace().object());
+         }},
+    {.name = L"Class", .id = 61450, .get = [](Folder&, Arguments) { return Value(2); }},
+    {.name = L"Session",
+     .id = 61451,
+     .get = [](Folder& folder, Arguments) { return Value(folder.world().nameSpace().object()); }},
+    {.name = L"Name",
+     .id = 12289,
+     .get = [](Folder& folder, Arguments) { return Value(folder.name_); },
+     .put =
+         [](Folder& folder, Arguments, const Value& value) {
+             folder.checkWritable();
+             folder.name_ = value.toText();
+         }},
+    {.name = L"EntryID",
+     .id = 61470,
+     .get = [](Folder& folder, Arguments) { return Value(folder.entryId_); }},
+    {.name = L"StoreID",
+     .id = 12552,
+     .get = [](Folder& folder,
+               Arguments) { return Value(folder.world().mailbox().stores().at(folder.store_).id); }},
+    {.name = L"DefaultItemType",
+     .id = 12550,
+     .get = [](Folder& folder, Arguments) { return Value(folder.defaultItem_); }},
+    {.name = L"Folders",
+     .id = 8451,
+     .get = [](Folder& folder,
+               Arguments) { return Value(folder.world().makeObject<Folders>(folder.self<Folder>())); }},
+    {.name = L"Items",
+     .id = 12544,
+     .get = [](Folder& folder,
+               Arguments) { return Value(folder.world().makeObject<Items>(folder.self<Folder>())); }},
+    {.name = L"MoveTo",
+     .id = 61492,
+     .call =
+         [](Folder& folder, Arguments arguments) {
+             folder.moveTo(*required<Folder>(arguments[0]));
+             return Value();
+         },
+     .least = 1,
+     .most = 1},
+    {.name = L"Delete",
+     .id = 61509,
+     .call =
+         [](Folder& folder, Arguments) {
+             folder.remove();
+             return Value();
+         }},
+    {.name = L"FolderPath",
+     .id = 64120,
+     .get = [](Folder& folder, Arguments) { return Value(folder.path()); },
+     .has = [](const Folder& folder) { return folder.world().majorVersion() > 9; }},
+};
+
+std::span<const Member<Folder>> Folder::members() {
+    return table_;
+}
+
+void Folder::checkUsable() const {
+    if (deleted_) {
+        raise::objectNotFound();
+    }
+}
+
+std::wstring Folder::path() const {
+    const auto above = parent();
+    return above ? above->path() + L"\\" + name_ : L"\\\\" + name_;
+}
+
+void Folder::checkWritable() const {
+    if (world().mailbox().stores().at(store_).store.readOnly) {
+        raise::noPermission();
+    }
+}
+
+std::shared_ptr<Folder> Folder::folder(std::wstring_view name) const {
+    const auto found = std::ranges::find_if(
+        folders_, [&](const auto& child) { return text::equalsIgnoringCase(child->name_, name); });
+    return found == folders_.end() ? nullptr : *found;
+}
+
+std::shared_ptr<Folder> Folder::addFolder(const std::wstring& name, int defaultItem) {
+    if (name.empty() || folder(name)) {
+        raise::operationFailed();
+    }
+    checkWritable();
+    auto child = world().make<Folder>(name, store_, defaultItem);
+    child->parent_ = self<Folder>();
+    folders_.push_back(child);
+    return child;
+}
+
+void Folder::remove() {
+    const auto above = parent();
+    if (!above || world().mailbox().isDefault(*this)) {
+        raise::operationFailed();
+    }
+    checkWritable();
+    const auto keep = shared_from_this();
+    std::erase_if(above->folders_, [&](const auto& child) { return child.get() == this; });
+    discard();
+}
+
+void Folder::discard() {
+    deleted_ = true;
+    for (const auto& item : items_) {
+        item->lost();
+    }
+    items_.clear();
+    for (const auto& child : folders_) {
+        child->discard();
+    }
+    folders_.clear();
+}
+
+void Folder::moveTo(Folder& target) {
+    const auto above = parent();
+    bool insideItself = false;
+    for (auto folder = target.self<Folder>(); folder; folder = folder->parent()) {
+        insideItself = insideItself || folder.get() == this;
+    }
+    if (!above || insideItself || target.folder(name_) || world().mailbox().isDefault(*this)) {
+        raise::operationFailed();
+    }
+    checkWritable();
+    target.checkWritable();
+    auto moving = self<Folder>();
+    std::erase(above->folders_, moving);
+    parent_ = target.self<Folder>();
+    target.folders_.push_back(std::move(moving));
+}
+
+void Folder::take(std::shared_ptr<Item> item) {
+    item->placed(self<Folder>());
+    items_.push_back(std::move(item));
+}
+
+void Folder::release(const Item& item) {
+    std::erase_if(items_, [&](const auto& mine) { return mine.get() == &item; });
+}
+
+}  // namespace host

@@ -1,0 +1,96 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/Automated.h"
+
+namespace host {
+
+class Item;
+
+/// MAPIFolder. Owns its subfolders and items.
+class Folder : public Automated<Folder> {
+  public:
+    static constexpr std::wstring_view defaultName = L"Name";
+    static std::span<const Member<Folder>> members();
+
+    Folder(World& world, std::wstring name, std::size_t store, int defaultItem);
+
+    std::wstring className() const override { return L"MAPIFolder"; }
+    void checkUsable() const override;
+
+    const std::wstring& name() const noexcept { return name_; }
+    const std::wstring& entryId() const noexcept { return entryId_; }
+    /// The place of the folder's store in the profile.
+    std::size_t store() const noexcept { return store_; }
+    int defaultItem() const noexcept { return defaultItem_; }
+    std::shared_ptr<Folder> parent() const { return parent_.lock(); }
+    /// "\\Store\Folder\Subfolder".
+    std::wstring path() const;
+    /// Throws when the folder's store refuses changes.
+    void checkWritable() const;
+
+    const std::vector<std::shared_ptr<Folder>>& folders() const noexcept { return folders_; }
+    std::shared_ptr<Folder> folder(std::wstring_view name) const;
+    /// Throws when there is one of this name.
+    std::shared_ptr<Folder> addFolder(const std::wstring& name, int defaultItem);
+    void remove();
+    void moveTo(Folder& target);
+
+    const std::vector<std::shared_ptr<Item>>& items() const noexcept { return items_; }
+    void take(std::shared_ptr<Item> item);
+    void release(const Item& item);
+
+  private:
+    static const Member<Folder> table_[];
+    void discard();
+
+    std::wstring name_;
+    std::wstring entryId_;
+    std::size_t store_;
+    int defaultItem_;
+    bool deleted_ = false;
+    std::weak_ptr<Folder> parent_;
+    std::vector<std::shared_ptr<Folder>> folders_;
+    std::vector<std::shared_ptr<Item>> items_;
+};
+
+/// The subfolders of a folder, or the root folders of the stores.
+class Folders : public Automated<Folders> {
+  public:
+    static std::span<const Member<Folders>> members();
+
+    /// Without a parent: the roots.
+    Folders(World& world, std::shared_ptr<Folder> parent);
+
+    std::wstring className() const override { return L"Folders"; }
+    void checkUsable() const override;
+    std::vector<std::shared_ptr<Folder>> list() const;
+    const std::shared_ptr<Folder>& parent() const noexcept { return parent_; }
+
+  private:
+    static const Member<Folders> table_[];
+    std::shared_ptr<Folder> parent_;
+};
+
+/// The items of a folder.
+class Items : public Automated<Items> {
+  public:
+    static std::span<const Member<Items>> members();
+
+    Items(World& world, std::shared_ptr<Folder> folder);
+
+    std::wstring className() const override { return L"Items"; }
+    void checkUsable() const override { folder_->checkUsable(); }
+    Folder& folder() const { return *folder_; }
+
+  private:
+    static const Member<Items> table_[];
+    std::shared_ptr<Folder> folder_;
+};
+
+}  // namespace host

@@ -1,0 +1,275 @@
+#include "host/Application.h"
+#include "host/Attachments.h"
+#include "host/Folder.h"
+#include "host/Inspector.h"
+#include "host/Item.h"
+#include "host/NameSpace.h"
+#include "host/Recipients.h"
+#include "host/UserProperties.h"
+#include "host/World.h"
+#include "host/sending.h"
+
+namespace host {
+
+using automation::Date;
+using automation::Value;
+
+namespace {
+
+/// What DeferredDeliveryTime holds when there is none: 1 January 4501.
+constexpr Date noDate{949998.0};
+
+bool onlyMail(const Item& item) {
+    return item.isMail();
+}
+
+/// Mail and post items have a sender and can be answered.
+bool isMessage(const Item& item) {
+    return item.isMail() || item.content().itemClass == itemClass::post;
+}
+
+bool hasRecipients(const Item& item) {
+    const int number = item.content().itemClass;
+    return item.isMail() || number == itemClass::appointment || number == itemClass::task;
+}
+
+bool hasSendUsingAccount(const Item& item) {
+    return item.isMail() && item.world().majorVersion() >= 12;
+}
+
+bool hasSenderAddress(const Item& item) {
+    return isMessage(item) && item.world().majorVersion() >= 11;
+}
+
+template <std::wstring ItemContent::*Text>
+Value getText(Item& item, Arguments) {
+    return item.content().*Text;
+}
+
+template <int Type>
+Value getNames(Item& item, Arguments) {
+    return item.names(Type);
+}
+
+template <int Type>
+void setNames(Item& item, Arguments, const Value& value) {
+    item.setNames(Type, value.toText());
+    item.changed(Type == 1 ? L"To" : Type == 2 ? L"CC" : L"BCC");
+}
+
+template <std::wstring Address::*Part>
+Value getSender(Item& item, Arguments) {
+    const auto& sender = item.content().sender;
+    return sender ? Value((*sender).*Part) : Value(L"");
+}
+
+template <RecipientList ItemContent::*List>
+Value getRecipients(Item& item, Arguments) {
+    return item.world().makeObject<Recipients>(item.self<Item>(), List, false);
+}
+
+std::wstring escaped(std::wstring_view body) {
+    std::wstring result(body);
+    result = text::replaceAll(result, L"&", L"&amp;");
+    result = text::replaceAll(result, L"<", L"&lt;");
+    result = text::replaceAll(result, L">", L"&gt;");
+    return text::replaceAll(result, L"\r\n", L"<br>\r\n");
+}
+
+template <ReplyKind Kind>
+Value respond(Item& item, Arguments) {
+    const auto response = raiseAnswer(item, Kind);
+    if (!response) {
+        raise::operationAborted();
+    }
+    return response->object();
+}
+
+Value sendItem(Item& item, Arguments) {
+    const SendOutcome outcome = send(item.world(), item.self<Item>());
+    if (!outcome.failure.empty()) {
+        throw automation::Error(automation::errors::failed, outcome.failure, L"Microsoft Office Outlook");
+    }
+    if (outcome.state == SendState::Cancelled) {
+        raise::operationAborted();
+    }
+    return {};
+}
+
+Value closeItem(Item& item, Arguments arguments) {
+    constexpr int saveChanges = 0;
+    const bool save = arguments[0].toInteger() == saveChanges;
+    if (const auto inspector = item.world().windows().inspectorOf(item)) {
+        item.world().windows().closeInspector(inspector, save);
+    }
+    return {};
+}
+
+Value displayItem(Item& item, Arguments) {
+    item.world().windows().show(item.self<Item>());
+    return {};
+}
+
+Value moveItem(Item& item, Arguments arguments) {
+    const auto target = required<Folder>(arguments[0]);
+    target->checkUsable();
+    target->checkWritable();
+    return item.moveTo(*target)->object();
+}
+
+Value inspectorOf(Item& item, Arguments) {
+    auto inspector = item.world().windows().inspectorOf(item);
+    if (!inspector) {
+        inspector = item.hiddenInspector.lock();
+    }
+    if (!inspector) {
+        inspector = item.world().windows().makeInspector(item.self<Item>());
+    }
+    return inspector->object();
+}
+
+Value getAccount(Item& item, Arguments) {
+    const std::wstring& name = item.content().account;
+    return name.empty() ? Value(automation::Object()) : Value(item.world().makeObject<OutlookAccount>(name));
+}
+
+void setAccount(Item& item, Arguments, const Value& value) {
+    item.content().account = required<OutlookAccount>(value)->name();
+    item.changed(L"SendUsingAccount");
+}
+
+Value parentOf(Item& item, Arguments) {
+    const auto folder = item.folder();
+    return folder ? folder->object() : item.world().mailbox().defaultFolder(defaultFolder::drafts)->object();
+}
+
+}  // namespace
+
+constinit const Member<Item> Item::table_[] = {
+    {.name = L"Application",
+     .id = 61440,
+     .get = [](Item& item, Arguments) { return Value(item.world().application().object()); }},
+    {.name = L"Parent", .id = 61441, .get = parentOf},
+    {.name = L"Class",
+     .id = 61450,
+     .get = [](Item& item, Arguments) { return Value(item.content_.itemClass); }},
+    {.name = L"Session",
+     .id = 61451,
+     .get = [](Item& item, Arguments) { return Value(item.world().nameSpace().object()); }},
+    {.name = L"Subject",
+     .id = 55,
+     .get = getText<&ItemContent::subject>,
+     .put =
+         [](Item& item, Arguments, const Value& value) {
+             item.content_.subject = value.toText();
+             item.changed(L"Subject");
+         }},
+    {.name = L"Body",
+     .id = 37120,
+     .get = getText<&ItemContent::body>,
+     .put =
+         [](Item& item, Arguments, const Value& value) {
+             item.content_.body = value.toText();
+             item.content_.html.clear();
+             item.changed(L"Body");
+         }},
+    {.name = L"HTMLBody",
+     .id = 62468,
+     .get =
+         [](Item& item, Arguments) {
+             const ItemContent& content = item.content_;
+             return Value(content.html.empty() ? L"<html><body>" + escaped(content.body) + L"</body></html>"
+                                               : content.html);
+         },
+     .put =
+         [](Item& item, Arguments, const Value& value) {
+             item.content_.html = value.toText();  // The text body is not derived from it.
+             item.changed(L"HTMLBody");
+         },
+     .has = isMessage},
+    {.name = L"To", .id = 3588, .get = getNames<1>, .put = host::setNames<1>, .has = onlyMail},
+    {.name = L"CC", .id = 3587, .get = getNames<2>, .put = host::setNames<2>, .has = onlyMail},
+    {.name = L"BCC", .id = 3586, .get = getNames<3>, .put = host::setNames<3>, .has = onlyMail},
+    {.name = L"Recipients",
+     .id = 63508,
+     .get = getRecipients<&ItemContent::recipients>,
+     .has = hasRecipients},
+    {.name = L"ReplyRecipients", .id = 61459, .get = getRecipients<&ItemContent::replyTo>, .has = onlyMail},
+    {.name = L"Attachments",
+     .id = 63509,
+     .get = [](Item& item,
+               Arguments) { return Value(item.world().makeObject<Attachments>(item.self<Item>(), false)); }},
+    {.name = L"UserProperties",
+     .id = 63510,
+     .get = [](Item& item,
+               Arguments) { return Value(item.world().makeObject<UserProperties>(item.self<Item>())); }},
+    {.name = L"EntryID", .id = 61470, .get = [](Item& item, Arguments) { return Value(item.entryId_); }},
+    {.name = L"Saved", .id = 61603, .get = [](Item& item, Arguments) { return Value(item.content_.saved); }},
+    {.name = L"Sent",
+     .id = 62466,
+     .get = [](Item& item, Arguments) { return Value(item.content_.sent); },
+     .has = onlyMail},
+    {.name = L"DeferredDeliveryTime",
+     .id = 15,
+     .get = [](Item& item, Arguments) { return Value(item.content_.deferred.value_or(noDate)); },
+     .put =
+         [](Item& item, Arguments, const Value& value) {
+             const Date date = value.toDate();
+             item.content_.deferred = date == noDate ? std::nullopt : std::optional(date);
+             item.changed(L"DeferredDeliveryTime");
+         },
+     .has = onlyMail},
+    {.name = L"ReceivedTime",
+     .id = 3590,
+     .get = [](Item& item, Arguments) { return Value(item.content_.deliveryTime.value_or(noDate)); },
+     .has = isMessage},
+    {.name = L"UnRead",
+     .id = 61468,
+     .get = [](Item& item, Arguments) { return Value(item.content_.unread); },
+     .put =
+         [](Item& item, Arguments, const Value& value) {
+             item.content_.unread = value.toBool();
+             item.changed(L"UnRead");
+         }},
+    {.name = L"MessageClass", .id = 26, .get = [](Item& item, Arguments) { return item.field(0x001A001E); }},
+    {.name = L"SenderName", .id = 3098, .get = getSender<&Address::name>, .has = isMessage},
+    {.name = L"SenderEmailType", .id = 3102, .get = getSender<&Address::type>, .has = hasSenderAddress},
+    {.name = L"SenderEmailAddress", .id = 3103, .get = getSender<&Address::address>, .has = hasSenderAddress},
+    {.name = L"SentOnBehalfOfName",
+     .id = 66,
+     .get = [](Item& item, Arguments) { return Value(item.field(0x0042001E).toText()); },
+     .has = onlyMail},
+    {.name = L"Reply", .id = 63504, .call = respond<ReplyKind::Reply>, .has = isMessage},
+    {.name = L"ReplyAll", .id = 63505, .call = respond<ReplyKind::ReplyAll>, .has = onlyMail},
+    {.name = L"Forward", .id = 63507, .call = respond<ReplyKind::Forward>, .has = isMessage},
+    {.name = L"Send", .id = 61557, .call = sendItem, .has = hasRecipients},
+    {.name = L"Save",
+     .id = 61512,
+     .call =
+         [](Item& item, Arguments) {
+             item.save();
+             return Value();
+         }},
+    {.name = L"Close", .id = 61475, .call = closeItem, .least = 1, .most = 1},
+    {.name = L"Display", .id = 61606, .call = displayItem, .most = 1},
+    {.name = L"Delete",
+     .id = 61514,
+     .call =
+         [](Item& item, Arguments) {
+             item.remove();
+             return Value();
+         }},
+    {.name = L"Move", .id = 61492, .call = moveItem, .least = 1, .most = 1},
+    {.name = L"GetInspector", .id = 61502, .get = inspectorOf},
+    {.name = L"SendUsingAccount",
+     .id = 64209,
+     .get = getAccount,
+     .put = setAccount,
+     .has = hasSendUsingAccount},
+};
+
+std::span<const Member<Item>> Item::members() {
+    return table_;
+}
+
+}  // namespace host

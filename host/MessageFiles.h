@@ -1,0 +1,26 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/MessageJson.h"
+
+namespace host {
+
+/// The contents of a regular file. Throws std::runtime_error with the reason.
+std::string readFile(const std::filesystem::path& file);
+
+/// Reads an e-mail in the Internet format; throws std::runtime_error with the reason.
+using Importer = std::function<Message(std::string_view)>;
+
+/// The messages of the files: JSON when the name ends in ".json", else e-mails for `importer`, which may be
+/// none. Throws std::runtime_error, in one line with the file's name.
+std::vector<MessageFile> readMessages(const std::vector<std::wstring>& files, const Importer& importer);
+
+/// The file that a command line names.
+std::filesystem::path pathOf(const std::wstring& argument);
+
+}  // namespace host

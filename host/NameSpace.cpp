@@ -1,0 +1,137 @@
+#include "host/NameSpace.h"
+
+#include "host/Application.h"
+#include "host/Folder.h"
+#include "host/Item.h"
+#include "host/Recipients.h"
+#include "host/World.h"
+
+namespace host {
+
+using automation::Value;
+
+namespace {
+
+bool hasAccounts(const NameSpace& session) {
+    return session.world().majorVersion() >= 12;
+}
+
+Value currentUser(NameSpace& session, Arguments) {
+    auto data = std::make_shared<RecipientData>(RecipientData{0, session.world().currentUser(), true});
+    return session.world().makeObject<Recipient>(nullptr, &ItemContent::recipients, std::move(data), false);
+}
+
+Value defaultFolderOf(NameSpace& session, Arguments arguments) {
+    const auto folder = session.world().mailbox().defaultFolder(arguments[0].toInteger());
+    if (!folder) {
+        raise::operationFailed();
+    }
+    return folder->object();
+}
+
+Value itemFromId(NameSpace& session, Arguments arguments) {
+    const auto item = session.world().mailbox().itemById(arguments.text(0));
+    if (!item) {
+        raise::objectNotFound();
+    }
+    return item->object();
+}
+
+Value folderFromId(NameSpace& session, Arguments arguments) {
+    const auto folder = session.world().mailbox().folderById(arguments.text(0));
+    if (!folder) {
+        raise::objectNotFound();
+    }
+    return folder->object();
+}
+
+Value addressOf(OutlookAccount& account, Arguments) {
+    const Account* const found = account.world().account(account.name());
+    return found ? Value(found->address) : Value(L"");
+}
+
+}  // namespace
+
+NameSpace::NameSpace(World& world) : Automated(world), mapiObject_(world.make<MapiSession>()) {}
+
+constinit const Member<NameSpace> NameSpace::table_[] = {
+    {.name = L"Application",
+     .id = 61440,
+     .get = [](NameSpace& session, Arguments) { return Value(session.world().application().object()); }},
+    {.name = L"Parent",
+     .id = 61441,
+     .get = [](NameSpace& session, Arguments) { return Value(session.world().application().object()); }},
+    {.name = L"Class", .id = 61450, .get = [](NameSpace&, Arguments) { return Value(1); }},
+    {.name = L"Session",
+     .id = 61451,
+     .get = [](NameSpace& session, Arguments) { return Value(session.object()); }},
+    {.name = L"CurrentUser", .id = 8449, .get = currentUser},
+    {.name = L"Folders",
+     .id = 8451,
+     .get = [](NameSpace& session,
+               Arguments) { return Value(session.world().makeObject<Folders>(nullptr)); }},
+    {.name = L"Type", .id = 8452, .get = [](NameSpace&, Arguments) { return Value(L"MAPI"); }},
+    {.name = L"Logon", .id = 8453, .call = [](NameSpace&, Arguments) { return Value(); }, .most = 4},
+    {.name = L"GetFolderFromID", .id = 8456, .call = folderFromId, .least = 1, .most = 2},
+    {.name = L"GetItemFromID", .id = 8457, .call = itemFromId, .least = 1, .most = 2},
+    {.name = L"GetDefaultFolder", .id = 8459, .call = defaultFolderOf, .least = 1, .most = 1},
+    {.name = L"MAPIOBJECT",
+     .id = 61696,
+     .get = [](NameSpace& session, Arguments) { return Value(session.mapiObject_->object()); }},
+    {.name = L"Accounts",
+     .get = [](NameSpace& session,
+               Arguments) { return Value(session.world().makeObject<OutlookAccounts>()); },
+     .has = hasAccounts},
+};
+
+std::span<const Member<NameSpace>> NameSpace::members() {
+    return table_;
+}
+
+OutlookAccount::OutlookAccount(World& world, std::wstring name) : Automated(world), name_(std::move(name)) {}
+
+bool OutlookAccount::sameAs(const Target& other) const {
+    const auto* const account = dynamic_cast<const OutlookAccount*>(&other);
+    return account && text::equalsIgnoringCase(account->name_, name_);
+}
+
+constinit const Member<OutlookAccount> OutlookAccount::table_[] = {
+    {.name = L"DisplayName", .get = [](OutlookAccount& account, Arguments) { return Value(account.name_); }},
+    {.name = L"UserName", .get = addressOf},
+    {.name = L"SmtpAddress", .get = addressOf},
+};
+
+std::span<const Member<OutlookAccount>> OutlookAccount::members() {
+    return table_;
+}
+
+constinit const Member<OutlookAccounts> OutlookAccounts::table_[] = {
+    {.name = L"Count",
+     .id = 80,
+     .get =
+         [](OutlookAccounts& accounts, Arguments) {
+             return Value(static_cast<std::int32_t>(accounts.world().profile().accounts.size()));
+         }},
+    {.name = L"Item",
+     .id = 81,
+     .get =
+         [](OutlookAccounts& accounts, Arguments arguments) {
+             World& world = accounts.world();
+             const auto& list = world.profile().accounts;
+             const Account* const found = arguments[0].holds<std::wstring>()
+                                              ? world.account(arguments.text(0))
+                                              : &list[position(arguments[0], list.size())];
+             if (!found) {
+                 raise::objectNotFound();
+             }
+             return Value(world.makeObject<OutlookAccount>(found->name));
+         },
+     .least = 1,
+     .most = 1},
+};
+
+std::span<const Member<OutlookAccounts>> OutlookAccounts::members() {
+    return table_;
+}
+
+}  // namespace host

@@ -1,0 +1,287 @@
+#include "host/Outlook.h"
+
+#include <algorithm>
+
+#include "host/AddIns.h"
+#include "host/Application.h"
+#include "host/CommandBars.h"
+#include "host/Explorer.h"
+#include "host/Folder.h"
+#include "host/HostAutomation.h"
+#include "host/Inspector.h"
+#include "host/Item.h"
+#include "host/World.h"
+#include "host/sending.h"
+
+namespace host {
+
+using automation::Object;
+
+namespace {
+
+/// The host object behind a handle: of this Outlook, and still usable.
+template <class T>
+std::shared_ptr<T> handle(const World& world, const Object& object) {
+    auto found = as<T>(object);
+    if (!found || &found->world() != &world) {
+        raise::typeMismatch();
+    }
+    found->checkUsable();
+    return found;
+}
+
+template <class T>
+std::vector<Object> objects(const std::vector<std::shared_ptr<T>>& list) {
+    std::vector<Object> result;
+    result.reserve(list.size());
+    for (const auto& element : list) {
+        result.push_back(element->object());
+    }
+    return result;
+}
+
+}  // namespace
+
+Outlook::Outlook(Profile profile, std::function<automation::Date()> now)
+    : world_(World::make(std::move(profile), std::move(now))),
+      automation_(std::make_unique<HostAutomation>(*world_)) {}
+
+Outlook::~Outlook() = default;
+
+automation::Automation& Outlook::automation() {
+    return *automation_;
+}
+
+Object Outlook::application() {
+    return world_->application().object();
+}
+
+Object Outlook::makeAddIn(const std::wstring& progId, const std::wstring& description) {
+    return world_->addIns().add(progId, description).object();
+}
+
+// Windows
+
+Object Outlook::openExplorer() {
+    return world_->windows().openExplorer(world_->mailbox().defaultFolder(defaultFolder::inbox))->object();
+}
+
+void Outlook::closeExplorer(const Object& explorer) {
+    world_->windows().close(handle<Explorer>(*world_, explorer));
+}
+
+void Outlook::closeInspector(const Object& inspector, bool save) {
+    world_->windows().closeInspector(handle<Inspector>(*world_, inspector), save);
+}
+
+void Outlook::activate(const Object& window) {
+    const auto found = handle<HostObject>(*world_, window);
+    if (!as<Explorer>(window) && !as<Inspector>(window)) {
+        raise::typeMismatch();
+    }
+    world_->windows().activate(found);
+}
+
+void Outlook::select(const Object& explorer, const std::vector<Object>& items) {
+    const auto window = handle<Explorer>(*world_, explorer);
+    std::vector<std::shared_ptr<Item>> selected;
+    selected.reserve(items.size());
+    for (const Object& item : items) {
+        selected.push_back(handle<Item>(*world_, item));
+    }
+    if (!selected.empty()) {
+        const auto folder = selected.front()->folder();
+        if (!folder) {
+            raise::objectNotFound();
+        }
+        if (!window->showFolder(folder)) {
+            return;
+        }
+    }
+    window->select(selected);
+}
+
+void Outlook::switchFolder(const Object& explorer, const std::wstring& path) {
+    const auto window = handle<Explorer>(*world_, explorer);
+    const auto folder = world_->mailbox().find(path);
+    if (!folder) {
+        raise::objectNotFound();
+    }
+    window->showFolder(folder);
+}
+
+std::vector<Object> Outlook::explorers() const {
+    return objects(world_->windows().explorers());
+}
+
+std::vector<Object> Outlook::inspectors() const {
+    return objects(world_->windows().inspectors());
+}
+
+Object Outlook::itemOf(const Object& inspector) const {
+    return handle<Inspector>(*world_, inspector)->item()->object();
+}
+
+void Outlook::pressControl(const Object& explorer, const std::vector<std::wstring>& captions) {
+    auto controls = handle<Explorer>(*world_, explorer)->commandBars().menuBar().controls();
+    std::shared_ptr<CommandBarControl> control;
+    for (const std::wstring& caption : captions) {
+        control = controls ? controls->find(caption) : nullptr;
+        if (!control) {
+            raise::objectNotFound();
+        }
+        controls = control->controls();
+    }
+    if (!control || control->type() != controlType::button) {
+        raise::objectNotFound();
+    }
+    control->press();
+}
+
+// Items
+
+Object Outlook::openNewMail(const Message& message) {
+    const auto item = world_->make<Item>(ItemContent::of(message));
+    const auto inspector = world_->windows().show(item);
+    return inspector ? inspector->object() : Object();
+}
+
+Object Outlook::openItem(const Object& item) {
+    const auto inspector = world_->windows().show(handle<Item>(*world_, item));
+    return inspector ? inspector->object() : Object();
+}
+
+Object Outlook::receive(const Message& message) {
+    auto content = ItemContent::of(message);
+    content.sent = true;
+    content.saved = true;
+    content.unread = true;
+    if (!content.deliveryTime) {
+        content.deliveryTime = world_->now();
+    }
+    const auto item = world_->make<Item>(std::move(content));
+    world_->mailbox().defaultFolder(defaultFolder::inbox)->take(item);
+    return item->object();
+}
+
+Object Outlook::store(const std::wstring& folder, const Message& message) {
+    return world_->mailbox().store({folder, message})->object();
+}
+
+std::vector<Object> Outlook::itemsIn(const std::wstring& folder) const {
+    const auto found = world_->mailbox().find(folder);
+    return found ? objects(found->items()) : std::vector<Object>();
+}
+
+bool Outlook::folderExists(const std::wstring& folder) const {
+    return world_->mailbox().find(folder) != nullptr;
+}
+
+void Outlook::deleteItem(const Object& item) {
+    handle<Item>(*world_, item)->remove();
+}
+
+ItemView Outlook::view(const Object& item) const {
+    return handle<Item>(*world_, item)->view();
+}
+
+void Outlook::typeSubject(const Object& item, const std::wstring& subject) {
+    const auto typed = handle<Item>(*world_, item);
+    typed->content().subject = subject;
+    typed->changed(L"Subject");
+}
+
+void Outlook::typeBody(const Object& item, const std::wstring& body) {
+    const auto typed = handle<Item>(*world_, item);
+    typed->content().body = body;
+    typed->content().html.clear();
+    typed->changed(L"Body");
+}
+
+// Sending and answering
+
+SendOutcome Outlook::send(const Object& inspector) {
+    const auto window = handle<Inspector>(*world_, inspector);
+    world_->windows().activate(window);
+    return host::send(*world_, window->item());
+}
+
+SendOutcome Outlook::sendByProgram(const Object& item) {
+    return host::send(*world_, handle<Item>(*world_, item));
+}
+
+ReplyOutcome Outlook::reply(const Object& item) {
+    return answer(ReplyKind::Reply, item);
+}
+
+ReplyOutcome Outlook::replyAll(const Object& item) {
+    return answer(ReplyKind::ReplyAll, item);
+}
+
+ReplyOutcome Outlook::forward(const Object& item) {
+    return answer(ReplyKind::Forward, item);
+}
+
+ReplyOutcome Outlook::answer(ReplyKind kind, const Object& item) {
+    const auto answered = handle<Item>(*world_, item);
+    WindowList& windows = world_->windows();
+    if (const auto open = windows.inspectorOf(*answered)) {
+        windows.activate(open);
+    } else {
+        const auto shows = [&](const auto& explorer) {
+            const auto selection = explorer->selection();
+            return !selection.empty() && selection.front() == answered;
+        };
+        const auto explorer = std::ranges::find_if(windows.explorers(), shows);
+        if (explorer == windows.explorers().end()) {
+            raise::operationFailed();  // No window has a button for it.
+        }
+        windows.activate(*explorer);
+    }
+    const auto before = windows.inspectors();
+    ReplyOutcome outcome;
+    if (const auto response = raiseAnswer(*answered, kind)) {
+        const auto inspector = windows.show(response);
+        outcome.opened = inspector != nullptr;
+        outcome.item = response->object();
+        outcome.inspector = inspector ? inspector->object() : Object();
+    }
+    for (const auto& inspector : windows.inspectors()) {
+        if (std::ranges::find(before, inspector) == before.end()) {
+            outcome.newInspectors.push_back(inspector->object());
+        }
+    }
+    return outcome;
+}
+
+void Outlook::quit() {
+    world_->application().quit();
+}
+
+void Outlook::onWordMacro(WordMacro macro) {
+    world_->wordMacro = std::move(macro);
+}
+
+// Measuring
+
+std::shared_ptr<Meter> Outlook::meter() const {
+    return world_->meter();
+}
+
+std::size_t Outlook::calls() const {
+    return world_->meter()->calls();
+}
+
+std::size_t Outlook::liveObjects() const {
+    return world_->meter()->liveObjects();
+}
+
+void Outlook::failCall(std::size_t n) {
+    world_->meter()->failCall(n);
+}
+
+const std::vector<HandlerError>& Outlook::errors() const {
+    return world_->errors();
+}
+
+}  // namespace host

@@ -1,0 +1,180 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/Message.h"
+#include "host/Meter.h"
+#include "host/Profile.h"
+#include "platform/automation.h"
+
+namespace host {
+
+class World;
+
+enum class ReplyKind { Reply, ReplyAll, Forward };
+
+/// A recipient as an item holds it.
+struct RecipientView {
+    /// 0 originator, 1 To, 2 CC, 3 BCC.
+    int type = 1;
+    Address address{};
+    bool resolved = true;
+};
+
+/// An item as it stands now, read without automation calls.
+struct ItemView {
+    int itemClass = itemClass::mail;
+    std::wstring subject{};
+    std::wstring body{};
+    std::wstring html{};
+    std::vector<RecipientView> recipients{};
+    std::vector<Attachment> attachments{};
+    /// None when the item has no deferred time.
+    std::optional<automation::Date> deferred{};
+    /// The name of the account that the item leaves, or has left, with: the one stamped on it, else the
+    /// chosen one, else the default account.
+    std::wstring account{};
+    std::map<std::wstring, std::wstring> userProperties{};
+    /// Empty when the item was never saved.
+    std::wstring entryId{};
+    /// The folder's path ("\\Personal Folders\Drafts"); empty when the item was never saved or was deleted.
+    std::wstring folderPath{};
+    bool unread = false;
+    /// What made the item, when it answers another one.
+    std::optional<ReplyKind> answers{};
+};
+
+enum class SendState {
+    /// Moved to Sent Items.
+    Sent,
+    /// In the Outbox until its deferred time.
+    Deferred,
+    /// A handler or Outlook itself said no; the window, if there is one, is still open.
+    Cancelled
+};
+
+struct SendOutcome {
+    SendState state = SendState::Cancelled;
+    /// The item after the send. `state == Cancelled` leaves it a draft.
+    automation::Object item{};
+    ItemView mail;
+    /// What Outlook told the user when it was Outlook that said no, e.g. of unresolved recipients.
+    std::wstring failure{};
+};
+
+struct ReplyOutcome {
+    /// False when a handler cancelled the reply.
+    bool opened = false;
+    /// The response that opened and its window; nothing when cancelled.
+    automation::Object item;
+    automation::Object inspector;
+    /// Every window that opened meanwhile, the response's included: a handler may cancel a reply and show
+    /// another item in its place.
+    std::vector<automation::Object> newInspectors;
+};
+
+/// An error that an event handler let escape. Outlook goes on as if the handler had done nothing.
+struct HandlerError {
+    /// The event, e.g. "ItemSend".
+    std::wstring event{};
+    std::int32_t number = 0;
+    std::wstring description{};
+};
+
+/// A running Outlook in memory: its objects as automation objects, and its user.
+///
+/// Members below `application()` act as the user does at the screen. They raise Outlook's events, count as no
+/// automation call and are never failed by failCall. They throw automation::Error when a real user could not
+/// do this either (a window that is closed, an item that is gone). Handles are plain automation objects, to
+/// be compared with ==. One thread only.
+class Outlook {
+  public:
+    /// `now` gives the local time; without it the time stands still at 1 January 2024, 12:00.
+    explicit Outlook(Profile profile, std::function<automation::Date()> now = {});
+    ~Outlook();
+    Outlook(const Outlook&) = delete;
+    Outlook& operator=(const Outlook&) = delete;
+
+    /// Makes the Redemption objects, "Outlook.Application" and "Word.Application" by ProgID.
+    automation::Automation& automation();
+    automation::Object application();
+    /// A loaded add-in in Application.COMAddIns, for OnConnection's AddInInst; made on the first call for
+    /// this ProgID.
+    automation::Object makeAddIn(const std::wstring& progId, const std::wstring& description = {});
+
+    // Windows. The window on top is the active one.
+    automation::Object openExplorer();
+    void closeExplorer(const automation::Object& explorer);
+    /// Raises the item's Close and the inspector's Deactivate and Close. `save` first saves the item.
+    void closeInspector(const automation::Object& inspector, bool save = false);
+    void activate(const automation::Object& window);
+    /// Selects items in an explorer, after its folder where that changes. SelectionChange comes twice.
+    void select(const automation::Object& explorer, const std::vector<automation::Object>& items);
+    /// Shows another folder in an explorer; `path` as in Profile::folders.
+    void switchFolder(const automation::Object& explorer, const std::wstring& path);
+    std::vector<automation::Object> explorers() const;
+    /// In the order in which they were opened.
+    std::vector<automation::Object> inspectors() const;
+    automation::Object itemOf(const automation::Object& inspector) const;
+    /// Presses a command bar control of an explorer, found by its captions from the menu bar on ("&"
+    /// ignored).
+    void pressControl(const automation::Object& explorer, const std::vector<std::wstring>& captions);
+
+    // Items.
+    /// Opens a new item in a window, filled as the user types it; it is not saved. Gives the inspector, or
+    /// nothing when a handler refused to open it.
+    automation::Object openNewMail(const Message& message);
+    automation::Object openItem(const automation::Object& item);
+    /// Delivers a message to the Inbox.
+    automation::Object receive(const Message& message);
+    /// Puts an item into a folder, as it was when Outlook started; the folder is made when missing.
+    automation::Object store(const std::wstring& folder, const Message& message);
+    /// The items of a folder, oldest first; nothing for a folder that does not exist.
+    std::vector<automation::Object> itemsIn(const std::wstring& folder) const;
+    bool folderExists(const std::wstring& folder) const;
+    void deleteItem(const automation::Object& item);
+    ItemView view(const automation::Object& item) const;
+    /// The user types over the subject or the body in an open item.
+    void typeSubject(const automation::Object& item, const std::wstring& subject);
+    void typeBody(const automation::Object& item, const std::wstring& body);
+
+    // Sending and answering.
+    /// Presses Send in the window: item Send, Application ItemSend, item Write, item Close, inspector
+    /// Deactivate and Close, Activate of the window below.
+    SendOutcome send(const automation::Object& inspector);
+    /// A program's .Send: no window is closed that is not the item's.
+    SendOutcome sendByProgram(const automation::Object& item);
+    /// Presses the button in the item's window when it is open, else in the explorer that shows it.
+    ReplyOutcome reply(const automation::Object& item);
+    ReplyOutcome replyAll(const automation::Object& item);
+    ReplyOutcome forward(const automation::Object& item);
+    ReplyOutcome answer(ReplyKind kind, const automation::Object& item);
+    /// Raises Application.Quit.
+    void quit();
+
+    /// What stands behind Word's Run: called with the macro's name and its arguments, references included.
+    using WordMacro =
+        std::function<automation::Value(const std::wstring& name, std::span<const automation::Value>)>;
+    void onWordMacro(WordMacro macro);
+
+    // Measuring. See Meter; it may be kept beyond the Outlook's end.
+    std::shared_ptr<Meter> meter() const;
+    std::size_t calls() const;
+    std::size_t liveObjects() const;
+    void failCall(std::size_t n);
+    const std::vector<HandlerError>& errors() const;
+
+  private:
+    std::shared_ptr<World> world_;
+    std::unique_ptr<automation::Automation> automation_;
+};
+
+}  // namespace host

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/Message.h"
+
+namespace host {
+
+/// Redemption's numbers of the account types.
+enum class AccountType { Pop3 = 0, Imap = 1, Http = 2, Exchange = 3, Mapi = 4, Ldap = 5 };
+
+struct Account {
+    std::wstring name{};
+    std::wstring address{};
+    AccountType type = AccountType::Pop3;
+    /// Empty: made from the account's place in the profile.
+    std::wstring stamp{};
+    /// The account's field 0x000E001F. Empty: made from stamp and address.
+    std::wstring sendStamp{};
+};
+
+/// Redemption's numbers of the store kinds.
+enum class StoreKind {
+    Unknown = 0,
+    PstAnsi = 1,
+    PstUnicode = 2,
+    PrimaryExchange = 3,
+    DelegateExchange = 4,
+    PublicFolders = 5
+};
+
+struct Store {
+    std::wstring name = L"Personal Folders";
+    StoreKind kind = StoreKind::PstUnicode;
+    /// Whose mailbox an Exchange store is.
+    std::optional<Address> owner{};
+    /// Refuses new folders, new items and changes.
+    bool readOnly = false;
+};
+
+/// The editor of item windows below version 12; later versions answer Word whatever this says.
+enum class Editor { Text = 1, Html = 2, RichText = 3, Word = 4 };
+
+/// An item that a folder holds when Outlook starts.
+struct StoredMessage {
+    /// Path below the root of the default store, parts joined by "\".
+    std::wstring folder{};
+    Message message{};
+};
+
+/// The user's Outlook before it starts.
+struct Profile {
+    std::wstring version = L"14.0.0.4760";
+    /// In the profile's order; the first is the default account.
+    std::vector<Account> accounts{{.name = L"Work", .address = L"me@example.org"}};
+    /// The first holds the default folders.
+    std::vector<Store> stores{Store{}};
+    Editor editor = Editor::Html;
+    /// Folders beside the default ones in the default store, as paths whose parts are joined by "\". The one
+    /// named here is the add-in's settings folder: leave it out for a profile on which the add-in never ran.
+    std::vector<std::wstring> folders{L"Tarnwell Settings\\Veltro"};
+    std::vector<StoredMessage> messages{};
+    /// Names that recipients are resolved with, beside mailboxes that stand for themselves.
+    std::vector<Address> addressBook{};
+    /// None: the first account's address. Its type is what Redemption tells of the current user.
+    std::optional<Address> user{};
+    /// Windows open when Outlook starts.
+    int explorers = 1;
+    int inspectors = 0;
+    bool redemptionRegistered = true;
+    bool wordRegistered = true;
+};
+
+}  // namespace host

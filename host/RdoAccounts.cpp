@@ -1,0 +1,133 @@
+#include "host/RdoAccounts.h"
+
+#include <algorithm>
+
+#include "host/World.h"
+#include "host/mapiTag.h"
+
+namespace host {
+
+using automation::Value;
+
+namespace {
+
+/// Redemption's account categories.
+constexpr int storeAccounts = 1;
+constexpr int mailAccounts = 2;
+constexpr int addressBookAccounts = 3;
+
+bool isMailAccount(const Account& account) {
+    return account.type != AccountType::Ldap;
+}
+
+bool isInternetAccount(const Account& account) {
+    return account.type == AccountType::Pop3 || account.type == AccountType::Imap ||
+           account.type == AccountType::Http;
+}
+
+Value orderOf(RdoAccounts& accounts, Arguments arguments) {
+    const int category = arguments[0].toInteger();
+    if (category < storeAccounts || category > addressBookAccounts) {
+        raise::operationFailed();
+    }
+    std::vector<const Account*> list;
+    for (const Account& account : accounts.world().profile().accounts) {
+        const bool belongs = category == mailAccounts          ? isMailAccount(account)
+                             : category == addressBookAccounts ? account.type == AccountType::Ldap
+                                                               : account.type == AccountType::Exchange;
+        if (belongs) {
+            list.push_back(&account);
+        }
+    }
+    return accounts.world().makeObject<RdoAccounts>(std::move(list), true);
+}
+
+}  // namespace
+
+RdoAccount::RdoAccount(World& world, const Account& account) : Automated(world), account_(account) {}
+
+bool RdoAccount::sameAs(const Target& other) const {
+    const auto* const account = dynamic_cast<const RdoAccount*>(&other);
+    return account && &account->account_ == &account_;
+}
+
+constinit const Member<RdoAccount> RdoAccount::table_[] = {
+    {.name = L"AccountType",
+     .get = [](RdoAccount& account,
+               Arguments) { return Value(static_cast<std::int32_t>(account.account_.type)); }},
+    {.name = L"Name",
+     .id = 4,
+     .get = [](RdoAccount& account, Arguments) { return Value(account.account_.name); }},
+    {.name = L"ID",
+     .id = 6,
+     .get =
+         [](RdoAccount& account, Arguments) {
+             const Account* const first = account.world().profile().accounts.data();
+             return Value(static_cast<std::int32_t>(&account.account_ - first) + 1);
+         }},
+    {.name = L"Stamp",
+     .id = 7,
+     .get = [](RdoAccount& account, Arguments) { return Value(account.world().stampOf(account.account_)); }},
+    {.name = L"Fields",
+     .id = 13,
+     .get =
+         [](RdoAccount& account, Arguments arguments) {
+             switch (mapiTag(arguments[0])) {
+                 case 0x000E001E:
+                 case 0x000E001F:
+                     return Value(account.world().sendStampOf(account.account_));
+                 case 0x0001001F:
+                 case 0x0002001F:
+                     return Value(account.account_.name);
+                 default:
+                     return Value();
+             }
+         },
+     .least = 1,
+     .most = 1},
+    {.name = L"SMTPAddress",
+     .get = [](RdoAccount& account, Arguments) { return Value(account.account_.address); },
+     .has = [](const RdoAccount& account) { return isInternetAccount(account.account_); }},
+};
+
+std::span<const Member<RdoAccount>> RdoAccount::members() {
+    return table_;
+}
+
+RdoAccounts::RdoAccounts(World& world, std::vector<const Account*> list, bool ordered)
+    : Automated(world), list_(std::move(list)), ordered_(ordered) {}
+
+Value RdoAccounts::at(Arguments arguments) {
+    if (!arguments[0].holds<std::wstring>()) {
+        return world().makeObject<RdoAccount>(*list_[position(arguments[0], list_.size())]);
+    }
+    const std::wstring name = arguments.text(0);
+    const auto found = std::ranges::find_if(
+        list_, [&](const Account* account) { return text::equalsIgnoringCase(account->name, name); });
+    if (found == list_.end()) {
+        raise::objectNotFound();
+    }
+    return world().makeObject<RdoAccount>(**found);
+}
+
+constinit const Member<RdoAccounts> RdoAccounts::table_[] = {
+    {.name = L"Count",
+     .get = [](RdoAccounts& accounts,
+               Arguments) { return Value(static_cast<std::int32_t>(accounts.list_.size())); }},
+    {.name = L"Item",
+     .id = 0,
+     .get = [](RdoAccounts& accounts, Arguments arguments) { return accounts.at(arguments); },
+     .least = 1,
+     .most = 1},
+    {.name = L"GetOrder",
+     .call = orderOf,
+     .least = 1,
+     .most = 1,
+     .has = [](const RdoAccounts& accounts) { return !accounts.ordered(); }},
+};
+
+std::span<const Member<RdoAccounts>> RdoAccounts::members() {
+    return table_;
+}
+
+}  // namespace host

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "host/Automated.h"
+#include "host/Item.h"
+
+namespace host {
+
+/// Recipients or ReplyRecipients of an item, Outlook's or Redemption's.
+class Recipients : public Automated<Recipients> {
+  public:
+    static std::span<const Member<Recipients>> members();
+
+    Recipients(World& world, std::shared_ptr<Item> item, RecipientList ItemContent::*list, bool safe);
+
+    std::wstring className() const override { return safe_ ? L"SafeRecipients" : L"Recipients"; }
+    void checkUsable() const override { item_->checkUsable(); }
+    RecipientList& list() const { return item_->content().*list_; }
+
+  private:
+    static const Member<Recipients> table_[];
+    automation::Value at(Arguments arguments);
+    automation::Value add(Arguments arguments);
+
+    std::shared_ptr<Item> item_;
+    RecipientList ItemContent::*list_;
+    bool safe_;
+};
+
+/// One recipient; of no item for the session's current user.
+class Recipient : public Automated<Recipient> {
+  public:
+    static constexpr std::wstring_view defaultName = L"Name";
+    static std::span<const Member<Recipient>> members();
+
+    Recipient(World& world, std::shared_ptr<Item> item, RecipientList ItemContent::*list,
+              std::shared_ptr<RecipientData> data, bool safe);
+
+    std::wstring className() const override { return safe_ ? L"SafeRecipient" : L"Recipient"; }
+    void checkUsable() const override;
+    bool sameAs(const Target& other) const override;
+
+  private:
+    static const Member<Recipient> table_[];
+    std::shared_ptr<Item> item_;
+    RecipientList ItemContent::*list_;
+    std::shared_ptr<RecipientData> data_;
+    bool safe_;
+};
+
+}  // namespace host

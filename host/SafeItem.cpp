@@ -1,0 +1,161 @@
+#include "host/SafeItem.h"
+
+#include "host/AddressEntry.h"
+#include "host/Attachments.h"
+#include "host/Inspector.h"
+#include "host/Item.h"
+#include "host/RdoAccounts.h"
+#include "host/Recipients.h"
+#include "host/World.h"
+#include "host/mapiTag.h"
+
+namespace host {
+
+using automation::Object;
+using automation::Value;
+
+namespace {
+
+constexpr std::uint32_t stampedAccountName = 0x812C001E;
+
+bool isMail(const SafeItem& safe) {
+    return safe.kind() == SafeItem::Kind::Mail || safe.kind() == SafeItem::Kind::Rdo;
+}
+
+bool isMessage(const SafeItem& safe) {
+    return safe.kind() != SafeItem::Kind::Report;
+}
+
+bool isRdo(const SafeItem& safe) {
+    return safe.kind() == SafeItem::Kind::Rdo;
+}
+
+template <RecipientList ItemContent::*List>
+Value getRecipients(SafeItem& safe, Arguments) {
+    return safe.world().makeObject<Recipients>(safe.item().self<Item>(), List, true);
+}
+
+template <int Type>
+Value getNames(SafeItem& safe, Arguments) {
+    return safe.item().names(Type);
+}
+
+Value getSender(SafeItem& safe, Arguments) {
+    const auto& sender = safe.item().content().sender;
+    return sender ? Value(safe.world().makeObject<AddressEntry>(*sender, true)) : Value(Object());
+}
+
+Value getAccount(SafeItem& safe, Arguments) {
+    World& world = safe.world();
+    const std::wstring stamped = safe.item().field(stampedAccountName).toText();
+    const std::wstring& name = stamped.empty() ? safe.item().content().account : stamped;
+    const Account* const account = world.account(name);
+    return account ? Value(world.makeObject<RdoAccount>(*account)) : Value(Object());
+}
+
+}  // namespace
+
+SafeItem::SafeItem(World& world, Kind kind, std::shared_ptr<HostObject> wrapped)
+    : Wrapper(world), kind_(kind), wrapped_(std::move(wrapped)) {}
+
+std::wstring SafeItem::className() const {
+    switch (kind_) {
+        case Kind::Mail:
+            return L"SafeMailItem";
+        case Kind::Post:
+            return L"SafePostItem";
+        case Kind::Report:
+            return L"SafeReportItem";
+        default:
+            return L"RDOMail";
+    }
+}
+
+Item& SafeItem::item() const {
+    auto* const item = dynamic_cast<Item*>(wrapped_.get());
+    if (!item) {
+        throw automation::Error(automation::errors::failed, L"Item property must be set", L"Redemption");
+    }
+    item->checkUsable();
+    return *item;
+}
+
+constinit const Member<SafeItem> SafeItem::table_[] = {
+    {.name = L"Item",
+     .id = 12245934,
+     .get = [](SafeItem& safe,
+               Arguments) { return Value(safe.wrapped_ ? safe.wrapped_->object() : Object()); },
+     .put =
+         [](SafeItem& safe, Arguments, const Value& value) {
+             // Nothing releases the item.
+             safe.wrapped_ = value.toObject() ? required<HostObject>(value) : nullptr;
+         },
+     .has = [](const SafeItem& safe) { return !isRdo(safe); }},
+    {.name = L"Fields",
+     .id = 12245937,
+     .get = [](SafeItem& safe, Arguments arguments) { return safe.item().field(mapiTag(arguments[0])); },
+     .put = [](SafeItem& safe, Arguments index,
+               const Value& value) { safe.item().setField(mapiTag(index[0]), value); },
+     .least = 1,
+     .most = 1},
+    {.name = L"Sender", .id = 12245930, .get = getSender},
+    {.name = L"Body",
+     .id = 37120,
+     .get = [](SafeItem& safe, Arguments) { return Value(safe.item().content().body); },
+     .put =
+         [](SafeItem& safe, Arguments, const Value& value) {
+             ItemContent& content = safe.item().content();
+             content.body = value.toText();
+             content.html.clear();
+             content.saved = false;
+         }},
+    {.name = L"HTMLBody",
+     .id = 62468,
+     .get = [](SafeItem& safe, Arguments) { return Value(safe.item().content().html); },
+     .has = isMessage},
+    {.name = L"Recipients", .id = 63508, .get = getRecipients<&ItemContent::recipients>},
+    {.name = L"ReplyRecipients", .id = 61459, .get = getRecipients<&ItemContent::replyTo>, .has = isMail},
+    {.name = L"Attachments",
+     .id = 63509,
+     .get =
+         [](SafeItem& safe, Arguments) {
+             return Value(safe.world().makeObject<Attachments>(safe.item().self<Item>(), true));
+         }},
+    {.name = L"To", .id = 3588, .get = getNames<1>, .has = isMail},
+    {.name = L"CC", .id = 3587, .get = getNames<2>, .has = isMail},
+    {.name = L"BCC", .id = 3586, .get = getNames<3>, .has = isMail},
+    {.name = L"SenderName",
+     .id = 3098,
+     .get = [](SafeItem& safe, Arguments) { return Value(safe.item().field(0x0C1A001E).toText()); },
+     .has = isMessage},
+    {.name = L"SenderEmailAddress",
+     .id = 3103,
+     .get = [](SafeItem& safe, Arguments) { return Value(safe.item().field(0x0C1F001E).toText()); },
+     .has = isMail},
+    {.name = L"Account", .get = getAccount, .has = isRdo},
+};
+
+std::span<const Member<SafeItem>> SafeItem::members() {
+    return table_;
+}
+
+HostObject* SafeInspector::wrapped() const {
+    return inspector_.get();
+}
+
+constinit const Member<SafeInspector> SafeInspector::table_[] = {
+    {.name = L"Item",
+     .id = 12245934,
+     .get = [](SafeInspector& safe,
+               Arguments) { return Value(safe.inspector_ ? safe.inspector_->object() : Object()); },
+     .put =
+         [](SafeInspector& safe, Arguments, const Value& value) {
+             safe.inspector_ = value.toObject() ? required<Inspector>(value) : nullptr;
+         }},
+};
+
+std::span<const Member<SafeInspector>> SafeInspector::members() {
+    return table_;
+}
+
+}  // namespace host

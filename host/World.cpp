@@ -1,0 +1,134 @@
+#include "host/World.h"
+
+#include <algorithm>
+#include <array>
+#include <cwchar>
+
+#include "host/AddIns.h"
+#include "host/Application.h"
+#include "host/Explorer.h"
+#include "host/Folder.h"
+#include "host/Inspector.h"
+#include "host/Item.h"
+#include "host/NameSpace.h"
+#include "host/Word.h"
+#include "platform/number.h"
+#include "platform/text.h"
+
+namespace host {
+
+namespace {
+
+/// `number` in capitals as hexadecimal digits.
+std::wstring hexadecimal(std::uint32_t number, std::size_t digits) {
+    std::wstring result(digits, L'0');
+    for (std::size_t i = digits; i > 0 && number != 0; number >>= 4) {
+        result[--i] = L"0123456789ABCDEF"[number & 15];
+    }
+    return result;
+}
+
+}  // namespace
+
+World::World(Profile profile, std::function<automation::Date()> now)
+    : profile_(std::move(profile)),
+      majorVersion_(static_cast<int>(number::leading(text::before(profile_.version, L'.')))),
+      now_(std::move(now)) {
+    if (profile_.stores.empty()) {  // Outlook does not start without one.
+        profile_.stores.emplace_back();
+    }
+}
+
+World::~World() {
+    // The add-in's own object may hold objects of Outlook, its AddInInst among them.
+    if (addIns_) {
+        addIns_->releaseObjects();
+    }
+}
+
+std::shared_ptr<World> World::make(Profile profile, std::function<automation::Date()> now) {
+    if (!now) {
+        now = [] { return automation::Date{45292.5}; };
+    }
+    const std::shared_ptr<World> world(new World(std::move(profile), std::move(now)));
+    world->start();
+    return world;
+}
+
+void World::start() {
+    application_ = make<Application>();
+    nameSpace_ = make<NameSpace>();
+    addIns_ = make<AddIns>();
+    mailbox_.fill(profile_);
+    windows_.open(profile_.explorers, profile_.inspectors);
+}
+
+std::wstring World::nextEntryId() {
+    constexpr std::size_t digits = 140;  // As long as those of a personal store.
+    return hexadecimal(0, digits - 8) + hexadecimal(++lastEntry_, 8);
+}
+
+std::shared_ptr<WordApplication> World::runningWord() const {
+    auto word = word_.lock();
+    return word && word->running() ? word : nullptr;
+}
+
+std::shared_ptr<WordApplication> World::startWord() {
+    auto word = runningWord();
+    if (!word) {
+        word = make<WordApplication>();
+        word_ = word;
+    }
+    return word;
+}
+
+const Account* World::account(std::wstring_view name) const {
+    const auto found = std::ranges::find_if(profile_.accounts, [&](const Account& account) {
+        return text::equalsIgnoringCase(account.name, name);
+    });
+    return found == profile_.accounts.end() ? nullptr : &*found;
+}
+
+std::wstring World::stampOf(const Account& account) const {
+    if (!account.stamp.empty()) {
+        return account.stamp;
+    }
+    return hexadecimal(static_cast<std::uint32_t>(&account - profile_.accounts.data()) + 1, 8);
+}
+
+std::wstring World::sendStampOf(const Account& account) const {
+    return account.sendStamp.empty() ? stampOf(account) + L"\x01" + account.address : account.sendStamp;
+}
+
+Address World::addressOf(const Account& account) {
+    return {.name = account.name, .address = account.address};
+}
+
+Address World::currentUser() const {
+    if (profile_.user) {
+        return *profile_.user;
+    }
+    return profile_.accounts.empty() ? Address{.name = L"Unknown"} : addressOf(profile_.accounts.front());
+}
+
+void World::raise(const EventSource& source, std::wstring_view name, std::int32_t event,
+                  std::vector<automation::Value> arguments) {
+    source.raise(event, arguments, [&](std::int32_t number, const std::wstring& description) {
+        errors_.push_back({std::wstring(name), number, description});
+    });
+}
+
+bool World::raiseCancellable(const EventSource& source, std::wstring_view name, std::int32_t event,
+                             std::vector<automation::Value> arguments) {
+    automation::Value cancel(false);
+    arguments.push_back(automation::Value::reference(cancel));
+    raise(source, name, event, std::move(arguments));
+    try {
+        return cancel.toBool();
+    } catch (const automation::Error& error) {
+        errors_.push_back({std::wstring(name), error.number(), error.description()});
+        return false;
+    }
+}
+
+}  // namespace host

@@ -1,0 +1,91 @@
+#include "host/sending.h"
+
+#include "host/Application.h"
+#include "host/Folder.h"
+#include "host/Inspector.h"
+#include "host/Item.h"
+#include "host/World.h"
+
+namespace host {
+
+namespace {
+
+constexpr const wchar_t* noRecipients =
+    L"There must be at least one name or distribution list in the To, Cc, or Bcc box.";
+constexpr const wchar_t* notRecognized = L"Outlook does not recognize one or more names.";
+
+SendOutcome cancelled(const std::shared_ptr<Item>& item, std::wstring failure = {}) {
+    return {SendState::Cancelled, item->object(), item->view(), std::move(failure)};
+}
+
+/// Puts the sent item where it belongs.
+SendOutcome deliver(World& world, const std::shared_ptr<Item>& item) {
+    ItemContent& content = item->content();
+    const std::wstring account = item->sendingAccount();
+    const Account* const used = world.account(account);
+    content.account = account;
+    content.sender = used ? World::addressOf(*used) : world.currentUser();
+    content.sent = true;
+    const bool waits = content.deferred && *content.deferred > world.now();
+    if (!waits) {
+        content.deliveryTime = world.now();
+    }
+    const auto folder =
+        world.mailbox().defaultFolder(waits ? defaultFolder::outbox : defaultFolder::sentMail);
+    const auto sent = item->moveTo(*folder);
+    return {waits ? SendState::Deferred : SendState::Sent, sent->object(), sent->view(), {}};
+}
+
+}  // namespace
+
+SendOutcome send(World& world, const std::shared_ptr<Item>& item) {
+    item->checkUsable();
+    if (item->content().sent) {
+        raise::operationFailed();
+    }
+    if (world.raiseCancellable(*item->eventSource(), L"Send", 0xF005)) {
+        return cancelled(item);
+    }
+    if (world.raiseCancellable(*world.application().eventSource(), L"ItemSend", 0xF002, {item->object()})) {
+        return cancelled(item);
+    }
+    if (item->gone()) {
+        return cancelled(item, L"The item has been moved or deleted.");
+    }
+    if (item->content().recipients.empty()) {
+        return cancelled(item, noRecipients);
+    }
+    if (!item->resolveAll()) {
+        return cancelled(item, notRecognized);
+    }
+    if (world.raiseCancellable(*item->eventSource(), L"Write", 0xF002)) {
+        return cancelled(item);
+    }
+    const auto inspector = world.windows().inspectorOf(*item);
+    if (inspector) {
+        // Nothing holds a sent item's window back any more.
+        world.raiseCancellable(*item->eventSource(), L"Close", 0xF004);
+        world.windows().close(inspector);
+    }
+    if (item->gone()) {
+        return cancelled(item, L"The item has been moved or deleted.");
+    }
+    return deliver(world, item);
+}
+
+std::shared_ptr<Item> raiseAnswer(Item& item, ReplyKind kind) {
+    item.checkUsable();
+    struct Event {
+        const wchar_t* name;
+        std::int32_t id;
+    };
+    constexpr Event events[] = {{L"Reply", 0xF466}, {L"ReplyAll", 0xF467}, {L"Forward", 0xF468}};
+    const Event& event = events[static_cast<std::size_t>(kind)];
+    World& world = item.world();
+    const auto response = world.make<Item>(makeResponse(item, kind));
+    const bool stopped =
+        world.raiseCancellable(*item.eventSource(), event.name, event.id, {response->object()});
+    return stopped ? nullptr : response;
+}
+
+}  // namespace host

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include "host/CommandLine.h"
+#include "host/FileSettingsStore.h"
+#include "host/Report.h"
+#include "host/windows/AddIns.h"
+#include "host/windows/OutlookServer.h"
+#include "host/windows/PrivateUser.h"
+#include "platform/windows/LiveObjects.h"
+#include "platform/windows/WindowsClock.h"
+
+namespace host::windows {
+
+/// A simulated Outlook from start to end, shown to COM, with settings of its own and the add-ins that are
+/// registered on this machine. Needs a single-threaded apartment.
+class HostRun {
+  public:
+    /// Throws std::exception with the reason when it cannot start.
+    explicit HostRun(const CommandLine& line);
+    HostRun(const HostRun&) = delete;
+    HostRun& operator=(const HostRun&) = delete;
+
+    Outlook& outlook() { return outlook_; }
+    automation::Date now() { return clock_.now(); }
+    /// Connects the add-ins; they may prompt. Throws std::runtime_error when none can be loaded.
+    void connect(Report& report);
+    void disconnect();
+    /// Writes the settings back to the file that the command line names.
+    void keepSettings();
+
+  private:
+    std::vector<platform::windows::RegisteredAddIn> registered_;
+    std::optional<FileSettingsStore> settingsFile_;
+    platform::windows::WindowsClock clock_;
+    Outlook outlook_;
+    platform::windows::LiveObjects liveObjects_;
+    std::shared_ptr<platform::windows::Exporter> exporter_;
+    OutlookServer server_;
+    PrivateUser user_;
+    std::unique_ptr<AddIns> addIns_;
+};
+
+}  // namespace host::windows

@@ -1,0 +1,139 @@
+#include "host/windows/OutlookServer.h"
+
+#include <objbase.h>
+#include <oleauto.h>
+
+#include "platform/windows/ComObject.h"
+#include "platform/windows/RegKey.h"
+#include "platform/windows/comErrors.h"
+
+namespace host::windows {
+
+using platform::windows::ComPtr;
+using platform::windows::Exporter;
+
+namespace {
+
+struct KnownClass {
+    const wchar_t* progId;
+    const wchar_t* classId;
+};
+
+constexpr wchar_t applicationProgId[] = L"Outlook.Application";
+
+/// Outlook and Word have ids of their own; Redemption's are this host's where none is registered.
+constexpr KnownClass knownClasses[] = {
+    {applicationProgId, L"{0006F03A-0000-0000-C000-000000000046}"},
+    {L"Word.Application", L"{000209FF-0000-0000-C000-000000000046}"},
+    {L"vtRedemption.vtSafeMailItem", L"{6C1B1D5E-52C4-4B0E-9B0B-5A1E6C0D7B01}"},
+    {L"vtRedemption.vtSafePostItem", L"{6C1B1D5E-52C4-4B0E-9B0B-5A1E6C0D7B02}"},
+    {L"vtRedemption.vtSafeReportItem", L"{6C1B1D5E-52C4-4B0E-9B0B-5A1E6C0D7B03}"},
+    {L"vtRedemption.vtSafeInspector", L"{6C1B1D5E-52C4-4B0E-9B0B-5A1E6C0D7B04}"},
+    {L"vtRedemption.vtRDOSession", L"{6C1B1D5E-52C4-4B0E-9B0B-5A1E6C0D7B05}"},
+    {L"vtRedemption.vtMAPIUtils", L"{6C1B1D5E-52C4-4B0E-9B0B-5A1E6C0D7B06}"},
+};
+
+/// Makes objects of one of the simulated Outlook's classes.
+class HostFactory final : public platform::windows::ComObject<IClassFactory> {
+  public:
+    HostFactory(Outlook& outlook, std::shared_ptr<Exporter> exporter, std::wstring progId)
+        : ComObject(exporter->liveObjects()),
+          outlook_(outlook),
+          exporter_(std::move(exporter)),
+          progId_(std::move(progId)) {}
+
+    STDMETHODIMP CreateInstance(IUnknown* outer, REFIID id, void** object) override {
+        if (!object) {
+            return E_POINTER;
+        }
+        *object = nullptr;
+        if (outer) {
+            return CLASS_E_NOAGGREGATION;
+        }
+        return platform::windows::guarded([&] {
+            const auto made = exporter_->exportObject(outlook_.automation().createObject(progId_));
+            return made->QueryInterface(id, object);
+        });
+    }
+    STDMETHODIMP LockServer(BOOL) override { return S_OK; }
+
+  private:
+    void* find(REFIID id) noexcept override {
+        return id == IID_IClassFactory ? static_cast<IClassFactory*>(this) : nullptr;
+    }
+
+    Outlook& outlook_;
+    std::shared_ptr<Exporter> exporter_;
+    std::wstring progId_;
+};
+
+}  // namespace
+
+/// A ProgID that leads to a class: the one that the machine knows, or one made here and taken back at the
+/// end.
+class OutlookServer::ProgId {
+  public:
+    ProgId(const std::wstring& progId, const std::wstring& classId) {
+        if (SUCCEEDED(CLSIDFromProgID(progId.c_str(), &id_))) {
+            return;
+        }
+        platform::windows::check(CLSIDFromString(classId.c_str(), &id_));
+        path_ = L"Software\\Classes\\" + progId;
+        root_ = HKEY_LOCAL_MACHINE;
+        LONG status = write(classId);
+        if (status == ERROR_ACCESS_DENIED) {
+            root_ = HKEY_CURRENT_USER;
+            status = write(classId);
+        }
+        platform::windows::check(HRESULT_FROM_WIN32(static_cast<DWORD>(status)));
+    }
+    ProgId(const ProgId&) = delete;
+    ProgId& operator=(const ProgId&) = delete;
+    ~ProgId() {
+        if (root_) {
+            platform::windows::deleteKeyTree(root_, path_);
+        }
+    }
+
+    const CLSID& id() const { return id_; }
+
+  private:
+    LONG write(const std::wstring& classId) {
+        platform::windows::RegKey key;
+        const LONG status = key.create(root_, path_ + L"\\CLSID");
+        return status == ERROR_SUCCESS ? key.setText(L"", classId) : status;
+    }
+
+    CLSID id_{};
+    HKEY root_ = nullptr;
+    std::wstring path_;
+};
+
+struct OutlookServer::Class {
+    Class(const KnownClass& known, IClassFactory& factory) : progId(known.progId, known.classId) {
+        platform::windows::check(
+            CoRegisterClassObject(progId.id(), &factory, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &cookie));
+    }
+    Class(const Class&) = delete;
+    Class& operator=(const Class&) = delete;
+    ~Class() { CoRevokeClassObject(cookie); }
+
+    ProgId progId;
+    DWORD cookie = 0;
+};
+
+OutlookServer::OutlookServer(Outlook& outlook, std::shared_ptr<Exporter> exporter) {
+    for (const KnownClass& known : knownClasses) {
+        const auto factory = ComPtr<HostFactory>::adopt(new HostFactory(outlook, exporter, known.progId));
+        classes_.push_back(std::make_unique<Class>(known, *factory));
+    }
+    const auto application = exporter->exportObject(outlook.application());
+    platform::windows::check(RegisterActiveObject(application.get(), classes_.front()->progId.id(),
+                                                  ACTIVEOBJECT_STRONG, &running_));
+}
+
+OutlookServer::~OutlookServer() {
+    RevokeActiveObject(running_, nullptr);
+}
+
+}  // namespace host::windows
