@@ -1,0 +1,66 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "host/Answers.h"
+#include "host/Outlook.h"
+#include "mail/Globals.h"
+#include "platform/native/FakeRegistry.h"
+#include "platform/native/FileResources.h"
+#include "platform/native/FixedSystemInfo.h"
+#include "platform/native/MemorySettingsStore.h"
+#include "platform/native/ScriptedDesktop.h"
+#include "platform/native/SystemClock.h"
+
+/// A native world around a simulated Outlook, for rules that are tested without a whole send.
+class TestWorld {
+  public:
+    struct Log : platform::PromptObserver {
+        std::vector<platform::MessagePrompt> messages;
+        std::vector<platform::FormPrompt> forms;
+        void message(const platform::MessagePrompt& prompt, std::optional<platform::Answer>) override {
+            messages.push_back(prompt);
+        }
+        void form(const platform::FormPrompt& prompt, const std::optional<platform::FormAnswer>&) override {
+            forms.push_back(prompt);
+        }
+        void beep() override {}
+    };
+
+    explicit TestWorld(std::vector<std::wstring> answers = {}, host::Profile profile = {})
+        : TestWorld(nullptr, std::move(answers), std::move(profile)) {}
+    explicit TestWorld(platform::SettingsStore& store) : TestWorld(&store, {}, {}) {}
+
+    Log log;
+    host::Outlook outlook;
+    platform::native::ScriptedDesktop desktop;
+    platform::native::MemorySettingsStore settings;
+    platform::native::FakeRegistry registry;
+    platform::native::FileResources resources;
+    platform::native::SetClock clock;
+    platform::native::FixedSystemInfo system{L"."};
+    platform::Platform platform;
+    basGlobals::Globals globals{platform};
+
+  private:
+    TestWorld(platform::SettingsStore* store, std::vector<std::wstring> answers, host::Profile profile)
+        : outlook(std::move(profile)), desktop(parsed(answers), log), platform{outlook.automation(),
+                                                                               desktop,
+                                                                               store ? *store : settings,
+                                                                               registry,
+                                                                               resources,
+                                                                               clock,
+                                                                               system} {
+        globals.outlook = outlook::Application(outlook.application());
+    }
+
+    static platform::AnswerList parsed(const std::vector<std::wstring>& answers) {
+        std::vector<platform::PromptAnswer> list;
+        for (const std::wstring& answer : answers) {
+            list.push_back(host::parseAnswer(answer));
+        }
+        return platform::AnswerList(std::move(list));
+    }
+};

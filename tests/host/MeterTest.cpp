@@ -1,0 +1,71 @@
+#include <gtest/gtest.h>
+
+#include "tests/host/EventLog.h"
+
+namespace {
+
+using automation::Object;
+
+TEST(HostMeterTest, CountsAutomationCallsButNotTheUsersActs) {
+    host::Outlook outlook({});
+    EventLog log;
+    const Object inspector = outlook.openNewMail(mailTo(L"bob@example.com"));
+    EXPECT_EQ(outlook.calls(), 0U);
+    log.watch(outlook.application(), outlook::events::application, L"application");
+    const std::size_t before = outlook.calls();
+    log.on(L"application ItemSend", [](std::span<automation::Value> arguments) {
+        arguments[0].toObject().get(L"Subject");
+        arguments[0].toObject().get(L"Recipients").toObject().get(L"Count");
+    });
+    outlook.meter()->record(true);
+    outlook.send(inspector);
+    EXPECT_EQ(outlook.calls() - before, 3U);
+    EXPECT_EQ(outlook.meter()->log(),
+              (std::vector<std::wstring>{L"MailItem.Subject", L"MailItem.Recipients", L"Recipients.Count"}));
+}
+
+TEST(HostMeterTest, FailsTheCallItIsToldToAndNoOther) {
+    host::Outlook outlook({});
+    const Object application = outlook.application();
+    for (const std::size_t n : {1U, 2U, 3U}) {
+        outlook.failCall(n);
+        for (std::size_t call = 1; call <= 4; ++call) {
+            const std::int32_t number = errorOf([&] { application.get(L"Version"); });
+            EXPECT_EQ(number, call == n ? automation::errors::failed : 0) << n << " " << call;
+        }
+    }
+    outlook.failCall(1);
+    outlook.failCall(0);
+    EXPECT_NO_THROW(application.get(L"Version"));
+    outlook.failCall(1);
+    const host::SendOutcome outcome = outlook.send(outlook.openNewMail(mailTo(L"bob@example.com")));
+    EXPECT_EQ(outcome.state, host::SendState::Sent) << "the user's acts are not failed";
+    EXPECT_NE(errorOf([&] { outlook.automation().createObject(L"vtRedemption.vtMAPIUtils"); }), 0);
+}
+
+TEST(HostMeterTest, ObjectsGoWithTheirLastReference) {
+    std::shared_ptr<host::Meter> meter;
+    Object kept;
+    {
+        host::Outlook outlook({});
+        meter = outlook.meter();
+        const std::size_t before = outlook.liveObjects();
+        {
+            const Object mail = outlook.application().call(L"CreateItem", 0).toObject();
+            mail.get(L"GetInspector");
+            EXPECT_GT(outlook.liveObjects(), before);
+        }
+        EXPECT_EQ(outlook.liveObjects(), before) << "a mail that nobody saved or shows";
+        const Object addIn = outlook.makeAddIn(L"Veltro.Connect");
+        addIn.put(L"Object", addIn);
+        kept = outlook.receive(mailTo(L"me@example.org"));
+        outlook.openItem(kept);
+        outlook.application().call(L"Quit");
+        EXPECT_TRUE(outlook.explorers().empty());
+    }
+    EXPECT_EQ(meter->liveObjects(), 1U);
+    kept = {};
+    EXPECT_EQ(meter->liveObjects(), 0U);
+}
+
+}  // namespace

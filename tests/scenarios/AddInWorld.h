@@ -1,0 +1,45 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/Outlook.h"
+#include "platform/Prompts.h"
+
+/// How a scenario finds the machine and the user.
+struct Given {
+    host::Profile profile{};
+    /// The user's settings; "ShowStartupWizard" is "False" unless given here.
+    std::map<std::wstring, std::wstring> settings{};
+    /// Values of the machine-wide preset key; none leaves the key away.
+    std::map<std::wstring, std::wstring> presets{};
+    /// Answers to prompts, as "WHERE=WHAT".
+    std::vector<std::wstring> answers{};
+    bool resourceLibrary = true;
+    /// False leaves connect() to the scenario.
+    bool connected = true;
+};
+
+/// The add-in beside one simulated Outlook, in the world for which the tests are built: natively linked in,
+/// on Windows the registered Veltro.dll behind COM with its real dialogs.
+class AddInWorld {
+  public:
+    virtual ~AddInWorld() = default;
+    /// False when the add-in reported a failed start-up.
+    virtual bool connect() = 0;
+    /// `removeMode` 0: Outlook shuts down, 1: the user takes the add-in off.
+    virtual void disconnect(int removeMode) = 0;
+    virtual std::optional<std::wstring> setting(const std::wstring& key) = 0;
+    virtual void set(const std::wstring& key, const std::wstring& value) = 0;
+    /// Which prompt found no answer; nothing when all did.
+    virtual std::optional<std::wstring> unanswered() = 0;
+    /// Host objects that the add-in still holds; meaningful once it is disconnected.
+    virtual std::size_t heldObjects() = 0;
+};
+
+/// `outlook` and `observer` outlive the world.
+std::unique_ptr<AddInWorld> makeAddInWorld(host::Outlook& outlook, const Given& given,
+                                           platform::AnswerList answers, platform::PromptObserver& observer);

@@ -1,0 +1,90 @@
+#include "tests/scenarios/Bench.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "host/Answers.h"
+#include "platform/text.h"
+
+namespace {
+
+platform::AnswerList parsed(const std::vector<std::wstring>& answers) {
+    std::vector<platform::PromptAnswer> list;
+    for (const std::wstring& answer : answers) {
+        list.push_back(host::parseAnswer(answer));
+    }
+    return platform::AnswerList(std::move(list));
+}
+
+Given withWizardShown(Given setup) {
+    setup.settings.emplace(L"ShowStartupWizard", L"False");
+    return setup;
+}
+
+}  // namespace
+
+const platform::ControlState& PromptLog::Prompt::control(std::wstring_view name) const {
+    const auto found = std::ranges::find(controls, name, &platform::ControlState::name);
+    if (found == controls.end()) {
+        throw std::out_of_range("no control " + text::toUtf8(name) + " in " + text::toUtf8(where));
+    }
+    return *found;
+}
+
+void PromptLog::message(const platform::MessagePrompt& prompt, std::optional<platform::Answer>) {
+    prompts_.push_back({prompt.title, prompt.text, prompt.style, {}});
+}
+
+void PromptLog::form(const platform::FormPrompt& prompt, const std::optional<platform::FormAnswer>&) {
+    prompts_.push_back({prompt.form, prompt.caption, {}, prompt.controls});
+}
+
+Bench::Bench(Given setup)
+    : setup_(withWizardShown(std::move(setup))),
+      outlook_(setup_.profile),
+      world_(makeAddInWorld(outlook_, setup_, parsed(setup_.answers), log_)) {
+    if (setup_.connected) {
+        connect();
+    }
+}
+
+Bench::~Bench() {
+    disconnect();
+    if (const auto prompt = world_->unanswered()) {
+        ADD_FAILURE() << "a prompt without an answer: " << text::toUtf8(*prompt);
+    }
+    EXPECT_EQ(world_->heldObjects(), 0U) << "the add-in still holds objects of the host";
+}
+
+bool Bench::connect() {
+    connected_ = true;
+    return world_->connect();
+}
+
+void Bench::disconnect(int removeMode) {
+    if (std::exchange(connected_, false)) {
+        world_->disconnect(removeMode);
+    }
+}
+
+host::SendOutcome Bench::send(const host::Message& message) {
+    return outlook_.send(outlook_.openNewMail(message));
+}
+
+std::vector<std::wstring> Bench::promptNames() const {
+    std::vector<std::wstring> names;
+    for (const PromptLog::Prompt& prompt : log_.prompts()) {
+        names.push_back(prompt.where);
+    }
+    return names;
+}
+
+host::Message plainMail(std::wstring subject, std::wstring body) {
+    host::Message message;
+    message.to = {{.name = L"Bob", .address = L"bob@example.org"}};
+    message.subject = std::move(subject);
+    message.body = std::move(body);
+    return message;
+}

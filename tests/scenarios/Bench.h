@@ -1,0 +1,73 @@
+#pragma once
+
+#include <memory>
+#include <mutex>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/Outlook.h"
+#include "platform/Prompts.h"
+#include "tests/scenarios/AddInWorld.h"
+
+/// What the user met, in order.
+class PromptLog : public platform::PromptObserver {
+  public:
+    struct Prompt {
+        /// A message box's title, or a form's name.
+        std::wstring where;
+        /// A message box's text, or a form's caption.
+        std::wstring text;
+        platform::MessageStyle style;
+        std::vector<platform::ControlState> controls;
+
+        const platform::ControlState& control(std::wstring_view name) const;
+    };
+
+    void message(const platform::MessagePrompt& prompt, std::optional<platform::Answer> answer) override;
+    void form(const platform::FormPrompt& prompt, const std::optional<platform::FormAnswer>& answer) override;
+    void beep() override { ++beeps_; }
+
+    const std::vector<Prompt>& prompts() const { return prompts_; }
+    int beeps() const { return beeps_; }
+
+  private:
+    std::vector<Prompt> prompts_;
+    int beeps_ = 0;
+};
+
+/// A desk to try the add-in at: a simulated Outlook with its user, the add-in connected, the prompts answered
+/// from a list. When it is torn down every prompt must have found its answer and the add-in must have let go
+/// of every object.
+class Bench {
+  public:
+    explicit Bench(Given setup = {});
+    ~Bench();
+    Bench(const Bench&) = delete;
+    Bench& operator=(const Bench&) = delete;
+
+    host::Outlook& outlook() { return outlook_; }
+    AddInWorld& world() { return *world_; }
+    bool connect();
+    void disconnect(int removeMode = 0);
+
+    /// Opens the message as a new mail and presses Send.
+    host::SendOutcome send(const host::Message& message);
+
+    const std::vector<PromptLog::Prompt>& prompts() const { return log_.prompts(); }
+    /// Titles and form names, in order.
+    std::vector<std::wstring> promptNames() const;
+    int beeps() const { return log_.beeps(); }
+
+  private:
+    Given setup_;
+    PromptLog log_;
+    host::Outlook outlook_;
+    std::unique_ptr<AddInWorld> world_;
+    bool connected_ = false;
+};
+
+/// A mail from the user to Bob, with a subject and nothing to complain of.
+host::Message plainMail(std::wstring subject = L"Budget", std::wstring body = L"Hello Bob");
+
+inline constexpr std::wstring_view attachmentPrompt = L"Attachment(s) missing - Veltro";

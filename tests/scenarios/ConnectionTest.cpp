@@ -1,0 +1,128 @@
+#include <gtest/gtest.h>
+
+#include "tests/scenarios/Bench.h"
+
+namespace {
+
+using host::SendState;
+
+constexpr wchar_t promise[] = L"See the attached report.";
+
+host::Profile startedWith(int explorers, int inspectors) {
+    host::Profile profile;
+    profile.explorers = explorers;
+    profile.inspectors = inspectors;
+    return profile;
+}
+
+/// A mail with a broken promise is stopped in a window that opens now.
+bool guards(Bench& bench) {
+    return bench.send(plainMail(L"Budget", promise)).state == SendState::Cancelled;
+}
+
+TEST(Connection, GuardsWindowsThatOpenAfterIt) {
+    for (const auto& [explorers, inspectors] : {std::pair{1, 0}, {0, 1}, {2, 1}, {0, 0}}) {
+        Bench bench(
+            {.profile = startedWith(explorers, inspectors), .answers = {L"Attachment(s) missing=No"}});
+        EXPECT_TRUE(guards(bench)) << explorers << " explorers, " << inspectors << " inspectors";
+    }
+}
+
+TEST(Connection, EndsWithDisconnection) {
+    Bench bench;
+    bench.disconnect();
+    EXPECT_FALSE(guards(bench));
+    EXPECT_TRUE(bench.outlook().errors().empty());
+}
+
+TEST(Connection, SurvivesTheClosingOfTheLastWindow) {
+    Bench bench({.answers = {L"Attachment(s) missing=No"}});
+    bench.outlook().closeExplorer(bench.outlook().explorers().front());
+    EXPECT_TRUE(guards(bench));
+}
+
+TEST(Connection, KeepsGuardingThroughAThousandWindows) {
+    Bench bench({.answers = {L"Attachment(s) missing=No"}});
+    for (int window = 0; window < 1000; ++window) {
+        bench.outlook().closeInspector(bench.outlook().openNewMail(plainMail()));
+        bench.outlook().closeExplorer(bench.outlook().openExplorer());
+    }
+    EXPECT_TRUE(guards(bench));
+    EXPECT_TRUE(bench.outlook().errors().empty());
+}
+
+TEST(Connection, NeedsNoResourceLibrary) {
+    Bench bench({.answers = {L"Attachment(s) missing - Veltro=No"}, .resourceLibrary = false});
+    EXPECT_TRUE(guards(bench));
+}
+
+TEST(Connection, WithoutRedemptionLetsTheMailGo) {
+    Given setup{.settings = {{L"UseOutlookSettings", L"False"}}, .answers = {L"Veltro=OK"}};
+    setup.profile.redemptionRegistered = false;
+    Bench bench(setup);
+    EXPECT_FALSE(guards(bench));
+    ASSERT_EQ(bench.prompts().size(), 1U);
+    EXPECT_TRUE(bench.prompts()[0].text.starts_with(L"vtAttachMissingCheck - Error: "));
+}
+
+TEST(Connection, ItemThatIsGoneIsNotChecked) {
+    Bench bench;
+    const auto inspector = bench.outlook().openNewMail(plainMail(L"", promise));
+    bench.outlook().deleteItem(bench.outlook().itemOf(inspector));
+    try {
+        bench.outlook().send(inspector);
+    } catch (const automation::Error&) {
+        // Outlook itself cannot send it; what counts is that nobody was asked about it.
+    }
+    EXPECT_TRUE(bench.prompts().empty());
+}
+
+TEST(Presets, AreCopiedOncePerId) {
+    struct Case {
+        const char* name;
+        std::map<std::wstring, std::wstring> presets;
+        std::map<std::wstring, std::wstring> settings;
+        std::wstring delay;
+        std::wstring id;
+    };
+    const Case cases[] = {
+        {"none", {}, {{L"DelayTime", L"5"}}, L"5", L""},
+        {"new id", {{L"PreSetupID", L"7"}, {L"DelayTime", L"90"}}, {{L"DelayTime", L"5"}}, L"90", L"7"},
+        {"same id",
+         {{L"PreSetupID", L" 7"}, {L"DelayTime", L"90"}},
+         {{L"PreSetupID", L"7 "}, {L"DelayTime", L"5"}},
+         L"5",
+         L"7 "},
+        {"no id", {{L"DelayTime", L"90"}}, {{L"DelayTime", L"5"}}, L"5", L""},
+    };
+    for (const Case& given : cases) {
+        Bench bench({.settings = given.settings, .presets = given.presets});
+        EXPECT_EQ(bench.world().setting(L"DelayTime").value_or(L""), given.delay) << given.name;
+        EXPECT_EQ(bench.world().setting(L"PreSetupID").value_or(L""), given.id) << given.name;
+    }
+}
+
+TEST(OwnAddresses, FollowTheProfileUnlessTheUserListsThem) {
+    Given setup{.settings = {{L"EmailList", L"old@example.org"}}};
+    setup.profile.accounts = {{.name = L"Work", .address = L"me@work.example"},
+                              {.name = L"Mailbox", .address = L"", .type = host::AccountType::Exchange},
+                              {.name = L"Home", .address = L"me@home.example"}};
+    setup.profile.stores[0].kind = host::StoreKind::PrimaryExchange;
+    setup.profile.stores[0].owner = host::Address{
+        .name = L"Me", .address = L"/o=x/cn=me", .type = L"EX", .smtpAddress = L"me@corp.example"};
+    for (const auto& [useProfile, expected] :
+         {std::pair{L"True", L"me@work.example;me@corp.example;me@home.example"}, {L"False", L"old@example.org"}}) {
+        setup.settings[L"UseOutlookSettings"] = useProfile;
+        Bench bench(setup);
+        EXPECT_EQ(bench.world().setting(L"EmailList"), expected);
+    }
+}
+
+TEST(OwnAddresses, OfAnUnreadableProfileStayAsTheyWere) {
+    Given setup{.settings = {{L"EmailList", L"me@example.org"}}, .answers = {L"Veltro=OK"}};
+    setup.profile.redemptionRegistered = false;
+    Bench bench(setup);
+    EXPECT_EQ(bench.world().setting(L"EmailList"), L"me@example.org");
+}
+
+}  // namespace

@@ -1,0 +1,69 @@
+#include <filesystem>
+
+#include "addin/Connect.h"
+#include "platform/native/FakeRegistry.h"
+#include "platform/native/FileResources.h"
+#include "platform/native/FixedSystemInfo.h"
+#include "platform/native/MemorySettingsStore.h"
+#include "platform/native/ScriptedDesktop.h"
+#include "platform/native/SystemClock.h"
+#include "platform/text.h"
+#include "tests/scenarios/AddInWorld.h"
+
+namespace {
+
+/// The folder that holds this program and, beside it, the resource library.
+std::wstring programFolder() {
+    return text::fromUtf8(std::filesystem::read_symlink("/proc/self/exe").parent_path().string());
+}
+
+class NativeWorld : public AddInWorld {
+  public:
+    NativeWorld(host::Outlook& outlook, const Given& setup, platform::AnswerList answers,
+                platform::PromptObserver& observer)
+        : outlook_(outlook),
+          desktop_(std::move(answers), observer),
+          system_(setup.resourceLibrary ? programFolder() : L"\\nowhere"),
+          connection_(world_) {
+        for (const auto& [key, value] : setup.settings) {
+            settings_.write(key, value);
+        }
+        for (const auto& [name, value] : setup.presets) {
+            registry_.setText(platform::RootKey::LocalMachine, L"SOFTWARE\\Corvane\\Veltro", name, value);
+        }
+    }
+
+    bool connect() override {
+        try {
+            connection_.OnConnection(outlook_.application(), 1, outlook_.makeAddIn(L"Veltro.Connect"));
+            return true;
+        } catch (const automation::Error&) {
+            return false;
+        }
+    }
+    void disconnect(int removeMode) override { connection_.OnDisconnection(removeMode); }
+    std::optional<std::wstring> setting(const std::wstring& key) override { return settings_.read(key); }
+    void set(const std::wstring& key, const std::wstring& value) override { settings_.write(key, value); }
+    std::optional<std::wstring> unanswered() override { return desktop_.unanswered(); }
+    /// What is held natively keeps the host's objects alive, which LeakSanitizer would see at the end.
+    std::size_t heldObjects() override { return 0; }
+
+  private:
+    host::Outlook& outlook_;
+    platform::native::ScriptedDesktop desktop_;
+    platform::native::MemorySettingsStore settings_;
+    platform::native::FakeRegistry registry_;
+    platform::native::FileResources resources_;
+    platform::native::SystemClock clock_;
+    platform::native::FixedSystemInfo system_;
+    platform::Platform world_{
+        outlook_.automation(), desktop_, settings_, registry_, resources_, clock_, system_};
+    addin::Connect connection_;
+};
+
+}  // namespace
+
+std::unique_ptr<AddInWorld> makeAddInWorld(host::Outlook& outlook, const Given& setup,
+                                           platform::AnswerList answers, platform::PromptObserver& observer) {
+    return std::make_unique<NativeWorld>(outlook, setup, std::move(answers), observer);
+}

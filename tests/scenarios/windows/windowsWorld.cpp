@@ -1,0 +1,149 @@
+#include <windows.h>
+
+#include <filesystem>
+
+#include "host/windows/OutlookServer.h"
+#include "host/windows/PrivateUser.h"
+#include "platform/windows/AddInLoader.h"
+#include "platform/windows/DialogRobot.h"
+#include "platform/windows/Exporter.h"
+#include "platform/windows/LiveObjects.h"
+#include "platform/windows/RegKey.h"
+#include "platform/windows/RegistrySettingsStore.h"
+#include "platform/windows/WindowsClock.h"
+#include "platform/windows/ownModule.h"
+#include "tests/scenarios/AddInWorld.h"
+
+namespace {
+
+using namespace platform::windows;
+
+class Apartment {
+  public:
+    Apartment() { CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED); }
+    ~Apartment() { CoUninitialize(); }
+    Apartment(const Apartment&) = delete;
+    Apartment& operator=(const Apartment&) = delete;
+};
+
+/// The machine-wide presets while a scenario runs.
+class Presets {
+  public:
+    explicit Presets(const std::map<std::wstring, std::wstring>& values) {
+        if (values.empty()) {
+            return;
+        }
+        RegKey key;
+        key.create(HKEY_LOCAL_MACHINE, path);
+        for (const auto& [name, value] : values) {
+            key.setText(name, value);
+        }
+    }
+    ~Presets() { deleteKeyTree(HKEY_LOCAL_MACHINE, path); }
+    Presets(const Presets&) = delete;
+    Presets& operator=(const Presets&) = delete;
+
+  private:
+    static constexpr const wchar_t* path = L"SOFTWARE\\Corvane\\Veltro";
+};
+
+/// Takes Resource.dll away from beside the add-in while a scenario runs.
+class HiddenResources {
+  public:
+    explicit HiddenResources(bool hide) : hidden_(hide) { move(L"Resource.dll", L"Resource.away"); }
+    ~HiddenResources() { move(L"Resource.away", L"Resource.dll"); }
+    HiddenResources(const HiddenResources&) = delete;
+    HiddenResources& operator=(const HiddenResources&) = delete;
+
+  private:
+    void move(const wchar_t* from, const wchar_t* to) const {
+        if (hidden_) {
+            const auto folder = std::filesystem::path(modulePath(nullptr)).parent_path();
+            std::filesystem::rename(folder / from, folder / to);
+        }
+    }
+
+    bool hidden_;
+};
+
+/// Runs on the robot's thread, while the scenario's waits inside the dialog.
+template <class Prompt, class PromptAnswer, class Report>
+PromptAnswer report(const Prompt& prompt, PromptAnswer answer, platform::PromptObserver& observer,
+                    Report call) {
+    (observer.*call)(prompt, answer);
+    return answer;
+}
+
+class WindowsWorld : public AddInWorld {
+  public:
+    WindowsWorld(host::Outlook& outlook, const Given& given, platform::AnswerList answers,
+                 platform::PromptObserver& observer)
+        : resources_(!given.resourceLibrary),
+          presets_(given.presets),
+          outlook_(outlook),
+          exporter_(Exporter::make(liveObjects_)),
+          server_(outlook, exporter_),
+          shownBefore_(exporter_->liveAdapters()),
+          answers_(std::move(answers)),
+          robot_({.message =
+                      [this, &observer](const platform::MessagePrompt& prompt) {
+                          return report(prompt, answers_.take(prompt), observer,
+                                        &platform::PromptObserver::message);
+                      },
+                  .form =
+                      [this, &observer](const platform::FormPrompt& prompt) {
+                          return report(prompt, answers_.take(prompt), observer,
+                                        &platform::PromptObserver::form);
+                      }}) {
+        for (const auto& [key, value] : given.settings) {
+            settings_.write(key, value);
+        }
+    }
+
+    bool connect() override {
+        try {
+            addIn_.emplace(L"Veltro.Connect");
+            addIn_->connect(exporter_->exportObject(outlook_.application()).get(), ConnectMode::Startup,
+                            exporter_->exportObject(outlook_.makeAddIn(L"Veltro.Connect")).get());
+            addIn_->startupComplete();
+            return true;
+        } catch (const automation::Error&) {
+            return false;
+        }
+    }
+
+    void disconnect(int removeMode) override {
+        if (addIn_) {
+            addIn_->beginShutdown();
+            addIn_->disconnect(static_cast<RemoveMode>(removeMode));
+            addIn_.reset();
+        }
+    }
+
+    std::optional<std::wstring> setting(const std::wstring& key) override { return settings_.read(key); }
+    void set(const std::wstring& key, const std::wstring& value) override { settings_.write(key, value); }
+    std::optional<std::wstring> unanswered() override { return robot_.unanswered(); }
+    std::size_t heldObjects() override { return exporter_->liveAdapters() - shownBefore_; }
+
+  private:
+    Apartment apartment_;
+    HiddenResources resources_;
+    Presets presets_;
+    host::Outlook& outlook_;
+    LiveObjects liveObjects_;
+    std::shared_ptr<Exporter> exporter_;
+    host::windows::OutlookServer server_;
+    std::size_t shownBefore_;
+    host::windows::PrivateUser user_;
+    RegistrySettingsStore settings_;
+    platform::AnswerList answers_;
+    DialogRobot robot_;
+    std::optional<LoadedAddIn> addIn_;
+};
+
+}  // namespace
+
+std::unique_ptr<AddInWorld> makeAddInWorld(host::Outlook& outlook, const Given& given,
+                                           platform::AnswerList answers, platform::PromptObserver& observer) {
+    return std::make_unique<WindowsWorld>(outlook, given, std::move(answers), observer);
+}

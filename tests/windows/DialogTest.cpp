@@ -1,0 +1,244 @@
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <algorithm>
+#include <deque>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "platform/forms.h"
+#include "platform/windows/DialogRobot.h"
+#include "platform/windows/WindowsDesktop.h"
+
+using forms::Button;
+using platform::Answer;
+using platform::Buttons;
+using platform::ControlState;
+using platform::FormAnswer;
+using platform::FormPrompt;
+using platform::Icon;
+using platform::MessagePrompt;
+
+namespace {
+
+/// A form with one of each control, and handlers as the product's forms have them.
+class SampleForm : public forms::Form {
+  public:
+    SampleForm() : Form(L"frmSample", L"Empty Subject - Veltro", 220, 130) {
+        cmdOK.onClick = [this] {
+            if (txtSubject.text().empty()) {
+                refused = true;
+                txtSubject.setFocus();
+                return;
+            }
+            pressed = L"cmdOK";
+            hide();
+        };
+        cmdCancel.onClick = [this] {
+            pressed = L"cmdCancel";
+            hide();
+        };
+        txtSubject.onChange = [this] {
+            ++changes;
+            lblCount.setCaption(std::to_wstring(txtSubject.text().size()));
+        };
+        chkNever.onClick = [this] { txtReason.setEnabled(chkNever.ticked()); };
+        txtReason.setEnabled(false);
+        chkHidden.setVisible(false);
+    }
+
+    std::wstring pressed;
+    bool refused = false;
+    int changes = 0;
+
+    forms::Picture imgIcon{*this, L"imgIcon", {8, 8, 20, 20}, forms::Picture::Image::Warning};
+    forms::Label lblSubject{*this, L"lblSubject", {36, 8, 170, 18}, L"&Subject of this e-mail, Q&&A:"};
+    forms::TextBox txtSubject{*this, L"txtSubject", {36, 28, 140, 13}};
+    forms::Label lblCount{*this, L"lblCount", {182, 30, 30, 9}, L"0"};
+    forms::CheckBox chkNever{*this, L"chkNever", {36, 46, 170, 11}, L"Do not ask me &again, because:"};
+    forms::TextBox txtReason{*this, L"txtReason", {36, 60, 176, 40}, forms::TextBox::Lines::Many};
+    forms::CheckBox chkHidden{*this, L"chkHidden", {8, 100, 20, 11}, L"hidden"};
+    forms::Button cmdOK{*this, L"cmdOK", {108, 108, 50, 14}, L"&OK", Button::Role::Default};
+    forms::Button cmdCancel{*this, L"cmdCancel", {162, 108, 50, 14}, L"Cancel", Button::Role::Cancel};
+};
+
+const ControlState& control(const FormPrompt& prompt, const std::wstring& name) {
+    return *std::ranges::find(prompt.controls, name, &ControlState::name);
+}
+
+class DialogTest : public testing::Test {
+  protected:
+    /// Shows the form to a user that gives these answers.
+    void show(forms::Form& form, std::deque<FormAnswer> answers) {
+        platform::windows::DialogRobot robot(
+            {[this](const MessagePrompt& prompt) {
+                 messages.push_back(prompt);
+                 return messageAnswer;
+             },
+             [this, &answers](const FormPrompt& prompt) -> std::optional<FormAnswer> {
+                 prompts.push_back(prompt);
+                 if (answers.empty()) {
+                     return std::nullopt;
+                 }
+                 FormAnswer answer = answers.front();
+                 answers.pop_front();
+                 return answer;
+             }});
+        desktop.showModal(form);
+        unanswered = robot.unanswered();
+        EXPECT_TRUE(answers.empty()) << "the form closed too early";
+    }
+
+    platform::windows::WindowsDesktop desktop;
+    std::vector<FormPrompt> prompts;
+    std::vector<MessagePrompt> messages;
+    std::optional<Answer> messageAnswer = Answer::Ok;
+    std::optional<std::wstring> unanswered;
+};
+
+TEST_F(DialogTest, AFormIsFilledInAndPressed) {
+    SampleForm form;
+    show(form, {{{{L"txtSubject", L"Grüße & Küsse"}, {L"chkNever", L"1"}, {L"txtReason", L"one\r\ntwo"}},
+                 L"cmdOK"}});
+    EXPECT_EQ(unanswered, std::nullopt);
+    EXPECT_EQ(form.pressed, L"cmdOK");
+    EXPECT_EQ(form.txtSubject.text(), L"Grüße & Küsse");
+    EXPECT_EQ(form.txtReason.text(), L"one\r\ntwo");
+    EXPECT_TRUE(form.chkNever.ticked());
+    EXPECT_EQ(form.lblCount.caption(), L"13");
+    EXPECT_EQ(form.changes, 1) << "what the form shows by itself is no typing";
+    EXPECT_FALSE(form.shown());
+}
+
+TEST_F(DialogTest, TheWindowShowsWhatTheFormSays) {
+    SampleForm form;
+    form.txtSubject.setText(L"Hello");
+    form.chkNever.setState(2);
+    show(form, {{{}, L"cmdCancel"}});
+    ASSERT_EQ(prompts.size(), 1U);
+    const FormPrompt& prompt = prompts.front();
+    EXPECT_EQ(prompt.form, L"frmSample");
+    EXPECT_EQ(prompt.caption, L"Empty Subject - Veltro");
+    ASSERT_EQ(prompt.controls.size(), form.controls().size());
+    for (const forms::Control* expected : form.controls()) {
+        const ControlState& shown = control(prompt, expected->name());
+        EXPECT_EQ(shown.caption, expected->caption()) << expected->name().c_str();
+        EXPECT_EQ(shown.value, expected->value()) << expected->name().c_str();
+        EXPECT_EQ(shown.enabled, expected->enabled()) << expected->name().c_str();
+        EXPECT_EQ(shown.visible, expected->visible()) << expected->name().c_str();
+    }
+}
+
+TEST_F(DialogTest, AFormThatStaysOpenAsksAgainAndShowsItsChanges) {
+    SampleForm form;
+    show(form, {{{}, L"cmdOK"}, {{{L"txtSubject", L"x"}}, L""}, {{}, L"cmdOK"}});
+    EXPECT_TRUE(form.refused);
+    EXPECT_EQ(form.pressed, L"cmdOK");
+    ASSERT_EQ(prompts.size(), 3U);
+    EXPECT_EQ(control(prompts[2], L"lblCount").caption, L"1");
+}
+
+TEST_F(DialogTest, KeysDoWhatTheyDoInEveryDialog) {
+    const struct {
+        const wchar_t* key;
+        const wchar_t* pressed;
+    } cases[] = {{L"{Enter}", L"cmdOK"}, {L"{Escape}", L"cmdCancel"}, {L"{Alt+o}", L"cmdOK"}};
+    for (const auto& [key, pressed] : cases) {
+        SampleForm form;
+        show(form, {{{{L"txtSubject", L"x"}}, key}});
+        EXPECT_EQ(form.pressed, pressed);
+    }
+}
+
+TEST_F(DialogTest, EscapeHidesAFormWithoutACancelButton) {
+    forms::Form form(L"frmPlain", L"Plain", 100, 40);
+    const forms::TextBox box(form, L"txtOnly", {8, 8, 80, 20}, forms::TextBox::Lines::Many);
+    show(form, {{{}, L"{Escape}"}});
+    EXPECT_EQ(unanswered, std::nullopt);
+}
+
+TEST_F(DialogTest, DialogsOverDialogsAreAnsweredFirst) {
+    SampleForm form;
+    SampleForm inner;
+    inner.txtSubject.setText(L"inner");
+    form.chkNever.onClick = [&] {
+        desktop.messageBox(L"Really?", {Buttons::YesNo, Icon::Question}, L"Sure - Veltro");
+    };
+    form.cmdOK.onClick = [&] {
+        desktop.showModal(inner);
+        form.hide();
+    };
+    messageAnswer = Answer::Yes;
+    show(form, {{{{L"chkNever", L"1"}, {L"txtSubject", L"outer"}}, L"cmdOK"}, {{}, L"cmdOK"}});
+    EXPECT_EQ(messages.size(), 1U);
+    EXPECT_EQ(form.txtSubject.text(), L"outer");
+    EXPECT_EQ(inner.pressed, L"cmdOK");
+    EXPECT_FALSE(form.shown());
+}
+
+TEST_F(DialogTest, MessageBoxesShowTheirPromptAndReturnTheButton) {
+    const struct {
+        Buttons buttons;
+        Icon icon;
+        Answer answer;
+    } cases[] = {
+        {Buttons::Ok, Icon::Information, Answer::Ok},   {Buttons::Ok, Icon::None, Answer::Ok},
+        {Buttons::OkCancel, Icon::Warning, Answer::Ok}, {Buttons::OkCancel, Icon::Warning, Answer::Cancel},
+        {Buttons::YesNo, Icon::Question, Answer::Yes},  {Buttons::YesNo, Icon::Critical, Answer::No}};
+    for (const auto& [buttons, icon, answer] : cases) {
+        platform::windows::DialogRobot robot({[&, wanted = answer](const MessagePrompt& prompt) {
+                                                  messages.push_back(prompt);
+                                                  return std::optional(wanted);
+                                              },
+                                              [](const FormPrompt&) { return std::nullopt; }});
+        EXPECT_EQ(desktop.messageBox(L"First line\r\n\r\nSecond", {buttons, icon}, L"Title - Veltro"),
+                  answer);
+        EXPECT_EQ(robot.unanswered(), std::nullopt);
+        EXPECT_EQ(messages.back().title, L"Title - Veltro");
+        EXPECT_EQ(messages.back().text, L"First line\r\n\r\nSecond");
+        EXPECT_EQ(messages.back().style.buttons, buttons);
+        EXPECT_EQ(messages.back().style.icon, icon);
+    }
+}
+
+TEST_F(DialogTest, WithoutAnAnswerNothingHappens) {
+    SampleForm form;
+    form.txtSubject.setText(L"x");
+    show(form, {});
+    EXPECT_EQ(form.pressed, L"cmdCancel");
+    EXPECT_NE(unanswered.value_or(L"").find(L"frmSample"), std::wstring::npos);
+
+    form.pressed.clear();
+    show(form, {{{{L"txtReason", L"a user cannot type there"}}, L"cmdOK"}});
+    EXPECT_EQ(form.pressed, L"cmdCancel");
+    EXPECT_NE(unanswered.value_or(L"").find(L"txtReason"), std::wstring::npos);
+}
+
+TEST_F(DialogTest, AHandlersExceptionClosesTheFormAndReachesItsCaller) {
+    SampleForm form;
+    form.cmdOK.onClick = [] { throw std::runtime_error("handler"); };
+    EXPECT_THROW(show(form, {{{}, L"cmdOK"}}), std::runtime_error);
+    EXPECT_FALSE(form.shown());
+}
+
+TEST_F(DialogTest, ADialogStaysOnTheScreen) {
+    HWND corner = CreateWindowExW(0, L"STATIC", L"corner", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 5000, -3000, 300,
+                                  200, nullptr, nullptr, nullptr, nullptr);
+    SetForegroundWindow(corner);
+    SampleForm form;
+    RECT place{};
+    form.txtSubject.onChange = [&place] { GetWindowRect(GetActiveWindow(), &place); };
+    show(form, {{{{L"txtSubject", L"x"}}, L"cmdOK"}});
+    DestroyWindow(corner);
+    RECT area{};
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
+    EXPECT_GT(place.right, place.left);
+    EXPECT_GE(place.left, area.left);
+    EXPECT_GE(place.top, area.top);
+    EXPECT_LE(place.right, area.right);
+    EXPECT_LE(place.bottom, area.bottom);
+}
+
+}  // namespace
