@@ -1,0 +1,39 @@
+#pragma once
+
+#include "addin/Connect.h"
+#include "host/Outlook.h"
+#include "platform/native/FakeRegistry.h"
+#include "platform/native/FileResources.h"
+#include "platform/native/FixedSystemInfo.h"
+#include "platform/native/MemorySettingsStore.h"
+#include "platform/native/ScriptedDesktop.h"
+#include "platform/native/SystemClock.h"
+
+/// A native world whose user is never asked anything: what is measured must raise no prompt.
+class BenchWorld {
+  public:
+    BenchWorld() { globals.outlook = outlook::Application(outlook.application()); }
+
+    void connect() {
+        connection.OnConnection(outlook.application(), 1, outlook.makeAddIn(L"Veltro.Connect"));
+    }
+    bool wasPrompted() const { return desktop.unanswered().has_value(); }
+
+    struct NoObserver : platform::PromptObserver {
+        void message(const platform::MessagePrompt&, std::optional<platform::Answer>) override {}
+        void form(const platform::FormPrompt&, const std::optional<platform::FormAnswer>&) override {}
+        void beep() override {}
+    };
+
+    host::Outlook outlook{host::Profile{}};
+    NoObserver observer;
+    platform::native::ScriptedDesktop desktop{platform::AnswerList{}, observer};
+    platform::native::MemorySettingsStore settings;
+    platform::native::FakeRegistry registry;
+    platform::native::FileResources resources;
+    platform::native::SystemClock clock;
+    platform::native::FixedSystemInfo system{L"."};
+    platform::Platform platform{outlook.automation(), desktop, settings, registry, resources, clock, system};
+    basGlobals::Globals globals{platform};
+    addin::Connect connection{platform};
+};

@@ -1,0 +1,73 @@
+#include <benchmark/benchmark.h>
+
+#include "bench/BenchWorld.h"
+#include "checks/basVeltro.h"
+
+namespace {
+
+constexpr std::int64_t largeBody = 10'000'000;
+
+/// Ordinary prose without a keyword.
+std::wstring prose(std::size_t length) {
+    constexpr std::wstring_view sentence =
+        L"We met on Tuesday and agreed that the figures for the next quarter need another look before Ann "
+        L"can "
+        L"present them to everybody else; please come back to me about the open points.\r\n";
+    std::wstring text;
+    text.reserve(length + sentence.size());
+    while (text.size() < length) {
+        text += sentence;
+    }
+    text.resize(length);
+    return text;
+}
+
+void reportRate(benchmark::State& state) {
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+    state.SetComplexityN(state.range(0));
+}
+
+/// The measure of the check below: one plain copy of the body.
+void copyOfBody(benchmark::State& state) {
+    const std::wstring body = prose(static_cast<std::size_t>(state.range(0)));
+    for (auto _ : state) {
+        std::wstring copy = body;
+        benchmark::DoNotOptimize(copy.data());
+    }
+    reportRate(state);
+}
+BENCHMARK(copyOfBody)->Arg(largeBody);
+
+/// The second argument is the number of keywords, 0 the default ones.
+void attachmentCheck(benchmark::State& state) {
+    BenchWorld world;
+    if (state.range(1) > 0) {
+        std::wstring keywords;
+        for (std::int64_t word = 0; word < state.range(1); ++word) {
+            keywords += (word == 0 ? L"keyword" : L";keyword") + std::to_wstring(word);
+        }
+        world.settings.write(L"AttachKeyWords", keywords);
+    }
+    host::Message message;
+    message.subject = L"Figures";
+    message.body = prose(static_cast<std::size_t>(state.range(0)));
+    const outlook::Item item(world.outlook.itemOf(world.outlook.openNewMail(message)));
+    bool cancel = false;
+    for (auto _ : state) {
+        basVeltro::vtAttachMissingCheck(world.globals, item, cancel);
+    }
+    if (cancel || world.wasPrompted()) {
+        state.SkipWithError("the check asked something");
+    }
+    reportRate(state);
+}
+BENCHMARK(attachmentCheck)
+    ->Args({10'000, 0})
+    ->Args({100'000, 0})
+    ->Args({1'000'000, 0})
+    ->Args({largeBody, 0})
+    ->Args({largeBody, 1})
+    ->Args({largeBody, 100})
+    ->Args({largeBody, 1000});
+
+}  // namespace
