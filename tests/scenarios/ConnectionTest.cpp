@@ -111,7 +111,8 @@ TEST(OwnAddresses, FollowTheProfileUnlessTheUserListsThem) {
     setup.profile.stores[0].owner = host::Address{
         .name = L"Me", .address = L"/o=x/cn=me", .type = L"EX", .smtpAddress = L"me@corp.example"};
     for (const auto& [useProfile, expected] :
-         {std::pair{L"True", L"me@work.example;me@corp.example;me@home.example"}, {L"False", L"old@example.org"}}) {
+         {std::pair{L"True", L"me@work.example;me@corp.example;me@home.example"},
+          {L"False", L"old@example.org"}}) {
         setup.settings[L"UseOutlookSettings"] = useProfile;
         Bench bench(setup);
         EXPECT_EQ(bench.world().setting(L"EmailList"), expected);

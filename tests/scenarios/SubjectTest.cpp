@@ -55,7 +55,8 @@ TEST(EmptySubjectDialog, ExplainsItself) {
 TEST(OrderOfQuestions, SubjectComesBeforeAttachments) {
     Bench bench({.answers = {L"frmNoSubject=txtSubject=attached; cmdOK", L"Attachment(s) missing=No"}});
     EXPECT_EQ(bench.send(plainMail(L"", L"Hello")).state, SendState::Cancelled);
-    EXPECT_EQ(bench.promptNames(), (std::vector<std::wstring>{L"frmNoSubject", std::wstring(attachmentPrompt)}));
+    EXPECT_EQ(bench.promptNames(),
+              (std::vector<std::wstring>{L"frmNoSubject", std::wstring(attachmentPrompt)}));
 }
 
 TEST(OrderOfQuestions, CancelEndsTheSend) {
