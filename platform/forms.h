@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,7 +11,7 @@
 /// is a Win32 dialog, a terminal or a test.
 namespace forms {
 
-enum class Kind { Label, TextBox, Button, CheckBox, OptionButton, ListBox, ComboBox, Picture };
+enum class Kind { Label, TextBox, Button, CheckBox, OptionButton, ListBox, CheckList, ComboBox, Picture };
 
 /// In dialog units of the form's font.
 struct Place {
@@ -57,7 +58,8 @@ class Control {
     void setFocus();
 
     /// What the control holds, as text: a text box its text, a check box "0", "1" or "2", an option "0" or
-    /// "1", a list or combo box its selected entry; "" for the rest.
+    /// "1", a list or combo box its selected entry, a check list the 1-based positions of its ticked rows
+    /// joined by ","; "" for the rest.
     virtual std::wstring value() const { return {}; }
     /// Does what a user does who brings the control to `value` (for a button: presses it), and runs the
     /// handlers that go with it. False when the control cannot take that value.
@@ -65,6 +67,7 @@ class Control {
 
   protected:
     void changed();
+    Form& form() const { return form_; }
 
   private:
     Form& form_;
@@ -141,6 +144,100 @@ class CheckBox : public Control {
 
   private:
     int state_ = 0;
+};
+
+/// One of several choices: all option buttons of a form exclude each other. To the keyboard they stand
+/// together, in the tab order where the first of them is.
+class OptionButton : public Control {
+  public:
+    OptionButton(Form& form, std::wstring name, Place place, std::wstring caption)
+        : Control(form, std::move(name), Kind::OptionButton, place, std::move(caption)) {}
+
+    bool selected() const { return selected_; }
+    /// Selects this one and no other.
+    void select();
+
+    std::function<void()> onClick;
+
+    std::wstring value() const override { return selected_ ? L"1" : L"0"; }
+    /// Takes "1" alone: an option is left by choosing another. Nothing happens when it is selected already.
+    bool enter(std::wstring_view value) override;
+
+  private:
+    bool selected_ = false;
+};
+
+/// Entries of which one can be selected: a list box, or a drop-down list.
+class List : public Control {
+  public:
+    static constexpr int none = -1;
+
+    const std::vector<std::wstring>& items() const { return items_; }
+    /// Replaces all entries, which are also the control's caption, a line each; nothing is selected
+    /// afterwards.
+    void setItems(std::vector<std::wstring> items);
+    /// 0-based, or none.
+    int selected() const { return selected_; }
+    void select(int index);
+
+    /// A choice by the user.
+    std::function<void()> onChange;
+
+    std::wstring value() const override;
+    /// Selects the first entry of that text.
+    bool enter(std::wstring_view value) override;
+    /// As a user's choice, by position.
+    bool choose(int index);
+
+  protected:
+    List(Form& form, std::wstring name, Kind kind, Place place)
+        : Control(form, std::move(name), kind, place, {}) {}
+
+  private:
+    std::vector<std::wstring> items_;
+    int selected_ = none;
+};
+
+class ListBox : public List {
+  public:
+    ListBox(Form& form, std::wstring name, Place place) : List(form, std::move(name), Kind::ListBox, place) {}
+    /// A double click on the selected entry.
+    std::function<void()> onDoubleClick;
+};
+
+/// The place is that of the closed box; it drops down as far as its entries need.
+class ComboBox : public List {
+  public:
+    ComboBox(Form& form, std::wstring name, Place place)
+        : List(form, std::move(name), Kind::ComboBox, place) {}
+};
+
+/// Rows with a box each to tick.
+class CheckList : public Control {
+  public:
+    struct Row {
+        std::wstring text;
+        bool ticked = true;
+    };
+
+    CheckList(Form& form, std::wstring name, Place place)
+        : Control(form, std::move(name), Kind::CheckList, place, {}) {}
+
+    const std::vector<Row>& rows() const { return rows_; }
+    /// The rows' texts are also the control's caption, a line each.
+    void setRows(std::vector<Row> rows);
+    void tickAll(bool ticked);
+    /// As the user does, who ticks a row by mouse or space bar.
+    void tick(std::size_t row, bool ticked);
+
+    std::wstring value() const override;
+    bool enter(std::wstring_view value) override;
+
+    /// Of so many rows, which a value ticks; nothing when it is no list of their positions.
+    static std::optional<std::vector<bool>> parseTicks(std::wstring_view value, std::size_t rows);
+
+  private:
+    std::vector<Row> rows_;
 };
 
 /// The picture of a message-box icon, or of the resource library.

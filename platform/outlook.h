@@ -44,6 +44,7 @@ inline constexpr automation::EventInterface inspectors{0x00063079};
 inline constexpr automation::EventInterface inspector{0x0006307D};
 inline constexpr automation::EventInterface item{0x0006303A};
 
+inline constexpr std::int32_t applicationItemSend = 0xF002;
 inline constexpr std::int32_t newExplorer = 0xF001;
 inline constexpr std::int32_t newInspector = 0xF001;
 inline constexpr std::int32_t explorerSelectionChange = 0xF007;
@@ -51,6 +52,9 @@ inline constexpr std::int32_t explorerClose = 0xF008;
 inline constexpr std::int32_t inspectorClose = 0xF008;
 inline constexpr std::int32_t itemClose = 0xF004;
 inline constexpr std::int32_t itemSend = 0xF005;
+inline constexpr std::int32_t itemReply = 0xF466;
+inline constexpr std::int32_t itemReplyAll = 0xF467;
+inline constexpr std::int32_t itemForward = 0xF468;
 }  // namespace events
 
 /// Base of the fronts: a reference to the object, or nothing.
@@ -84,6 +88,7 @@ class Item : public Front {
     std::wstring entryId() const { return object_.get(L"EntryID").toText(); }
     std::wstring subject() const { return object_.get(L"Subject").toText(); }
     void setSubject(const std::wstring& subject) const { object_.put(L"Subject", subject); }
+    void display() const { object_.call(L"Display"); }
 };
 
 class Folder : public Front {
@@ -91,6 +96,9 @@ class Folder : public Front {
     using Front::Front;
     std::wstring name() const { return object_.get(L"Name").toText(); }
     std::wstring entryId() const { return object_.get(L"EntryID").toText(); }
+    std::wstring storeId() const { return object_.get(L"StoreID").toText(); }
+    /// "\\Store\Folder"; fails in version 9, which has no such member.
+    std::wstring path() const { return object_.get(L"FolderPath").toText(); }
     Collection<Folder> folders() const { return Collection<Folder>(object_.get(L"Folders").toObject()); }
     Folder folder(const std::wstring& folderName) const {
         return Folder(folders().object().get(L"Item", folderName).toObject());
@@ -111,6 +119,9 @@ class NameSpace : public Front {
         return Folder(object_.call(L"GetDefaultFolder", id).toObject());
     }
     /// What the MAPI library's objects are tied to, so that they share Outlook's session.
+    Item item(const std::wstring& entryId) const {
+        return Item(object_.call(L"GetItemFromID", entryId).toObject());
+    }
     automation::Object mapiObject() const { return object_.get(L"MAPIOBJECT").toObject(); }
 };
 
@@ -125,6 +136,7 @@ class Inspector : public Front {
   public:
     using Front::Front;
     Item currentItem() const { return Item(object_.get(L"CurrentItem").toObject()); }
+    void activate() const { object_.call(L"Activate"); }
     std::int32_t editorType() const { return object_.get(L"EditorType").toInteger(); }
 };
 

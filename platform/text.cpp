@@ -5,14 +5,6 @@
 
 namespace text {
 
-std::wstring upper(std::wstring_view text) {
-    std::wstring result(text);
-    for (wchar_t& character : result) {
-        character = upperCase(character);
-    }
-    return result;
-}
-
 std::wstring_view trimLeft(std::wstring_view text) {
     const auto start = text.find_first_not_of(L' ');
     return start == std::wstring_view::npos ? std::wstring_view{} : text.substr(start);
@@ -48,7 +40,9 @@ bool equalsTrimmed(std::wstring_view left, std::wstring_view right) {
 }
 
 bool containsIgnoringCase(std::wstring_view text, std::wstring_view part) {
-    return part.empty() || !std::ranges::search(text, part, {}, upperCase, upperCase).empty();
+    const auto isSame = [](wchar_t left, wchar_t right) { return upperCase(left) == upperCase(right); };
+    return std::search(text.begin(), text.end(), part.begin(), part.end(), isSame) != text.end() ||
+           part.empty();
 }
 
 std::wstring replaceAll(std::wstring_view text, std::wstring_view part, std::wstring_view replacement) {

@@ -13,9 +13,10 @@ inline constexpr std::wstring_view lineBreak = L"\r\n";
 inline constexpr std::wstring_view paragraphBreak = L"\r\n\r\n";
 
 /// The simple upper-case form of one character, whatever the user's locale; never changes a text's length.
-/// Each world implements it.
+/// Each world implements it, and upper().
 wchar_t upperCase(wchar_t character);
 
+/// Every character in its upper-case form.
 std::wstring upper(std::wstring_view text);
 
 /// Removes spaces (U+0020) at both ends; no other white space.

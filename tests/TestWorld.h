@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -20,8 +21,13 @@ class TestWorld {
     struct Log : platform::PromptObserver {
         std::vector<platform::MessagePrompt> messages;
         std::vector<platform::FormPrompt> forms;
+        /// What happens while a message box is open.
+        std::function<void()> meanwhile;
         void message(const platform::MessagePrompt& prompt, std::optional<platform::Answer>) override {
             messages.push_back(prompt);
+            if (meanwhile) {
+                meanwhile();
+            }
         }
         void form(const platform::FormPrompt& prompt, const std::optional<platform::FormAnswer>&) override {
             forms.push_back(prompt);

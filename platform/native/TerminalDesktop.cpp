@@ -7,6 +7,7 @@
 
 #include "platform/forms.h"
 #include "platform/native/accessKeys.h"
+#include "platform/number.h"
 #include "platform/text.h"
 
 namespace platform::native {
@@ -39,6 +40,25 @@ forms::Control* choose(const std::wstring& word, const forms::Form& form) {
     return control && accepts(*control) ? control : nullptr;
 }
 
+/// The entries of a list, numbered, each on a line of its own.
+std::wstring drawing(const forms::List& list) {
+    std::wstring lines = L"[" + list.value() + L"]";
+    for (int index = 0; const std::wstring& item : list.items()) {
+        lines +=
+            (index == list.selected() ? L"\n  > " : L"\n    ") + std::to_wstring(index + 1) + L" " + item;
+        ++index;
+    }
+    return lines;
+}
+
+std::wstring drawing(const forms::CheckList& list) {
+    std::wstring lines = L"[" + list.value() + L"]";
+    for (int position = 0; const forms::CheckList::Row& row : list.rows()) {
+        lines += (row.ticked ? L"\n    [x] " : L"\n    [ ] ") + std::to_wstring(++position) + L" " + row.text;
+    }
+    return lines;
+}
+
 std::wstring drawing(const forms::Control& control) {
     const std::wstring caption = plainCaption(control.caption());
     switch (control.kind()) {
@@ -54,13 +74,57 @@ std::wstring drawing(const forms::Control& control) {
         case forms::Kind::OptionButton:
             return (control.value() == L"1" ? L"(o) " : L"( ) ") + caption;
         case forms::Kind::TextBox:
+            return L"[" + control.value() + L"]";
         case forms::Kind::ListBox:
         case forms::Kind::ComboBox:
-            return L"[" + control.value() + L"]";
+            return drawing(static_cast<const forms::List&>(control));
+        case forms::Kind::CheckList:
+            return drawing(static_cast<const forms::CheckList&>(control));
         case forms::Kind::Picture:
             break;
     }
     return {};
+}
+
+/// How a person is asked for a value of the control.
+std::wstring_view questionFor(const forms::Control& control) {
+    switch (control.kind()) {
+        case forms::Kind::ListBox:
+        case forms::Kind::ComboBox:
+            return L"Number or text of the entry: ";
+        case forms::Kind::CheckList:
+            return L"Numbers of the rows to tick, no others, with commas between: ";
+        default:
+            return L"New text: ";
+    }
+}
+
+std::optional<std::wstring> entryOf(const forms::List& list, const std::wstring& typed) {
+    if (std::ranges::find(list.items(), typed) != list.items().end()) {
+        return typed;
+    }
+    const auto position = number::parse(typed).value_or(0);
+    for (int index = 0; const std::wstring& item : list.items()) {
+        if (position == ++index) {
+            return item;
+        }
+    }
+    return std::nullopt;
+}
+
+/// The value that the typed text means; nothing when the control has none such.
+std::optional<std::wstring> valueOf(const forms::Control& control, const std::wstring& typed) {
+    switch (control.kind()) {
+        case forms::Kind::ListBox:
+        case forms::Kind::ComboBox:
+            return entryOf(static_cast<const forms::List&>(control), typed);
+        case forms::Kind::CheckList: {
+            const std::size_t rows = static_cast<const forms::CheckList&>(control).rows().size();
+            return forms::CheckList::parseTicks(typed, rows) ? std::optional(typed) : std::nullopt;
+        }
+        default:
+            return typed;
+    }
 }
 
 /// Breaks long lines between words.
@@ -108,7 +172,8 @@ std::string draw(const forms::Form& form) {
             const std::string number =
                 place == numbered.end() ? "" : std::to_string(place - numbered.begin() + 1) + " ";
             const std::string drawn = number + terminalText(drawing(**row));
-            line += (line.empty() || drawn.empty() ? "" : "   ") + drawn;
+            const bool afterList = line.find('\n') != std::string::npos;
+            line += (line.empty() || drawn.empty() ? "" : afterList ? "\n" : "   ") + drawn;
         }
         if (!line.empty()) {
             picture += wrapped(line) + '\n';
@@ -181,7 +246,7 @@ std::optional<FormAnswer> TerminalDesktop::ask(const FormPrompt& prompt, const f
         if (auto answer = understand(*line, form)) {
             return answer;
         }
-        output_ << "There is no such control.\n";
+        output_ << "That is not possible here.\n";
     }
 }
 
@@ -197,16 +262,17 @@ std::optional<FormAnswer> TerminalDesktop::understand(const std::wstring& line, 
     if (control->kind() == forms::Kind::Button) {
         return FormAnswer{{}, control->name()};
     }
-    std::optional<std::wstring> value;
+    std::optional<std::wstring> typed;
     if (const auto cut = line.find(L'='); cut != std::wstring::npos) {
-        value = line.substr(cut + 1);
+        typed = line.substr(cut + 1);
     } else if (control->kind() == forms::Kind::CheckBox) {
-        value = control->value() == L"1" ? L"0" : L"1";
+        typed = control->value() == L"1" ? L"0" : L"1";
     } else if (control->kind() == forms::Kind::OptionButton) {
-        value = L"1";
+        typed = L"1";
     } else {
-        value = readLine(L"New text: ");
+        typed = readLine(questionFor(*control));
     }
+    const auto value = typed ? valueOf(*control, *typed) : std::nullopt;
     return value ? std::optional(FormAnswer{{{control->name(), *value}}, {}}) : std::nullopt;
 }
 

@@ -6,8 +6,21 @@ namespace platform::native {
 
 namespace {
 
+bool hasAccessKey(const forms::Control& control) {
+    switch (control.kind()) {
+        case forms::Kind::Label:
+        case forms::Kind::Button:
+        case forms::Kind::CheckBox:
+        case forms::Kind::OptionButton:
+            return true;
+        default:
+            return false;  // The captions of lists are their entries.
+    }
+}
+
 /// The upper-case character after the caption's "&", or NUL.
-wchar_t accessKey(std::wstring_view caption) {
+wchar_t accessKey(const forms::Control& control) {
+    const std::wstring_view caption = hasAccessKey(control) ? control.caption() : std::wstring_view();
     for (std::size_t index = 0; index + 1 < caption.size(); ++index) {
         if (caption[index] == L'&') {
             if (caption[++index] != L'&') {
@@ -39,7 +52,7 @@ bool accepts(const forms::Control& control) {
 forms::Control* findByAccessKey(const forms::Form& form, wchar_t key) {
     bool labelled = false;
     for (forms::Control* control : form.controls()) {
-        const bool named = control->visible() && accessKey(control->caption()) == text::upperCase(key);
+        const bool named = control->visible() && accessKey(*control) == text::upperCase(key);
         if (accepts(*control) && (named || labelled)) {
             return control;
         }

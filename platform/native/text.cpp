@@ -15,4 +15,12 @@ wchar_t upperCase(wchar_t character) {
     return locale ? static_cast<wchar_t>(towupper_l(static_cast<wint_t>(character), locale)) : character;
 }
 
+std::wstring upper(std::wstring_view text) {
+    std::wstring result(text);
+    for (wchar_t& character : result) {
+        character = upperCase(character);
+    }
+    return result;
+}
+
 }  // namespace text

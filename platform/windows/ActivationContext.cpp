@@ -17,14 +17,14 @@ HANDLE createContext() {
     return CreateActCtxW(&context);
 }
 
-/// XP makes no dialog with version 6 controls before they are initialised. A linked call would reach the
-/// host's version.
+/// XP makes no dialog with version 6 controls before they are initialised, and no Windows one with a list
+/// view before its class is registered. A linked call would reach the host's version.
 void initialise(HMODULE commonControls) {
     using Initialise = BOOL(WINAPI*)(const INITCOMMONCONTROLSEX*);
     const auto function = reinterpret_cast<Initialise>(
         reinterpret_cast<void*>(GetProcAddress(commonControls, "InitCommonControlsEx")));
     if (function) {
-        const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_STANDARD_CLASSES};
+        const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_STANDARD_CLASSES | ICC_LISTVIEW_CLASSES};
         function(&classes);
     }
 }
@@ -32,9 +32,6 @@ void initialise(HMODULE commonControls) {
 }  // namespace
 
 ActivationContext::ActivationContext() : handle_(createContext()) {
-    if (handle_ == INVALID_HANDLE_VALUE) {
-        return;
-    }
     const Scope scope(*this);
     commonControls_ = LoadLibraryW(L"comctl32.dll");
     if (commonControls_) {

@@ -9,7 +9,6 @@
 #include "platform/windows/dialogProperties.h"
 #include "platform/windows/dialogTemplate.h"
 #include "platform/windows/ownModule.h"
-#include "platform/windows/windowText.h"
 
 namespace platform::windows {
 
@@ -41,31 +40,6 @@ void centre(HWND dialog, HWND owner) {
     const LONG left = within((over.left + over.right - width) / 2, width, area.left, area.right);
     const LONG top = within((over.top + over.bottom - height) / 2, height, area.top, area.bottom);
     SetWindowPos(dialog, nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
-const wchar_t* systemIcon(forms::Picture::Image image) {
-    switch (image) {
-        case forms::Picture::Image::Warning:
-            return IDI_WARNING;
-        case forms::Picture::Image::Question:
-            return IDI_QUESTION;
-        case forms::Picture::Image::Information:
-            break;
-    }
-    return IDI_INFORMATION;
-}
-
-/// Changes a control only where it differs: setting the same text again would move the caret.
-void setText(HWND window, const std::wstring& text) {
-    if (windowText(window) != text) {
-        SetWindowTextW(window, text.c_str());
-    }
-}
-
-void setCheck(HWND window, int state) {
-    if (SendMessageW(window, BM_GETCHECK, 0, 0) != state) {
-        SendMessageW(window, BM_SETCHECK, static_cast<WPARAM>(state), 0);
-    }
 }
 
 class Counted {
@@ -113,7 +87,7 @@ INT_PTR CALLBACK DialogWindow::procedure(HWND dialog, UINT message, WPARAM wPara
         return FALSE;
     }
     try {
-        return self->handle(message, wParam);
+        return self->handle(message, wParam, lParam);
     } catch (...) {
         self->failure_ = std::current_exception();
         EndDialog(dialog, 0);
@@ -121,7 +95,7 @@ INT_PTR CALLBACK DialogWindow::procedure(HWND dialog, UINT message, WPARAM wPara
     }
 }
 
-INT_PTR DialogWindow::handle(UINT message, WPARAM wParam) {
+INT_PTR DialogWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_INITDIALOG:
             initialise();
@@ -129,6 +103,9 @@ INT_PTR DialogWindow::handle(UINT message, WPARAM wParam) {
         case WM_COMMAND:
             command(LOWORD(wParam), HIWORD(wParam));
             return TRUE;
+        case WM_NOTIFY:
+            notify(*reinterpret_cast<const NMHDR*>(lParam));
+            return FALSE;
         case WM_DESTROY:
             removeNames();
             dialog_ = nullptr;
@@ -141,22 +118,20 @@ INT_PTR DialogWindow::handle(UINT message, WPARAM wParam) {
 void DialogWindow::initialise() {
     attachName(dialog_, formNameProperty, form_.name());
     captionChanged();
-    for (const forms::Control* control : form_.controls()) {
-        HWND controlWindow = window(*control);
+    for (forms::Control* control : form_.controls()) {
+        HWND controlWindow = GetDlgItem(dialog_, firstControlId + static_cast<int>(windows_.size()));
         attachName(controlWindow, controlNameProperty, control->name());
         attachKind(controlWindow, control->kind());
-        if (control->kind() == forms::Kind::TextBox) {
-            SendMessageW(controlWindow, EM_SETLIMITTEXT, 0, 0);  // As much as Windows can.
-        }
+        windows_.push_back(ControlWindow::make(*control, controlWindow));
         show(*control);
     }
     centre(dialog_, owner_);
 }
 
 void DialogWindow::removeNames() {
-    for (const forms::Control* control : form_.controls()) {
-        detachName(window(*control), controlNameProperty);
-        detachKind(window(*control));
+    for (const auto& controlWindow : windows_) {
+        detachName(controlWindow->handle(), controlNameProperty);
+        detachKind(controlWindow->handle());
     }
     detachName(dialog_, formNameProperty);
 }
@@ -164,49 +139,26 @@ void DialogWindow::removeNames() {
 void DialogWindow::command(WORD id, WORD notification) {
     if (id == IDCANCEL) {  // Escape or the close box.
         form_.closeBox();
-        return;
-    }
-    const auto index = static_cast<std::size_t>(id - firstControlId);
-    if (id < firstControlId || index >= form_.controls().size() || changing_ > 0) {
-        return;
-    }
-    forms::Control& control = *form_.controls()[index];
-    if (control.kind() == forms::Kind::TextBox) {
-        if (notification == EN_CHANGE) {
-            typed(static_cast<forms::TextBox&>(control));
-        }
-    } else if (notification == BN_CLICKED) {
-        clicked(control);
+    } else if (ControlWindow* sender = notifier(id)) {
+        sender->commanded(notification);
     }
 }
 
-void DialogWindow::typed(forms::TextBox& box) {
-    box.enter(windowText(window(box)));
-}
-
-void DialogWindow::clicked(forms::Control& control) {
-    switch (control.kind()) {
-        case forms::Kind::Button:
-            static_cast<forms::Button&>(control).press();
-            break;
-        case forms::Kind::CheckBox:
-            // As for a person's click: unticked becomes ticked, everything else unticked.
-            control.enter(static_cast<forms::CheckBox&>(control).state() == 0 ? L"1" : L"0");
-            refresh(control);
-            break;
-        case forms::Kind::OptionButton:
-            control.enter(L"1");
-            refresh(control);
-            break;
-        default:
-            break;
+void DialogWindow::notify(const NMHDR& notification) {
+    if (ControlWindow* sender = notifier(notification.idFrom)) {
+        sender->notified(notification);
     }
 }
 
-HWND DialogWindow::window(const forms::Control& control) const {
+ControlWindow* DialogWindow::notifier(UINT_PTR id) const {
+    const bool known = id >= firstControlId && id - firstControlId < windows_.size() && changing_ == 0;
+    return known ? windows_[id - firstControlId].get() : nullptr;
+}
+
+ControlWindow& DialogWindow::window(const forms::Control& control) const {
     const auto& controls = form_.controls();
     const auto index = std::ranges::find(controls, &control) - controls.begin();
-    return GetDlgItem(dialog_, firstControlId + static_cast<int>(index));
+    return *windows_[static_cast<std::size_t>(index)];
 }
 
 void DialogWindow::refresh(const forms::Control& control) {
@@ -224,7 +176,7 @@ void DialogWindow::captionChanged() {
 void DialogWindow::focus(const forms::Control& control) {
     if (dialog_) {
         // Not SetFocus, which would leave the frame of the default button where it was.
-        SendMessageW(dialog_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(window(control)), TRUE);
+        SendMessageW(dialog_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(window(control).handle()), TRUE);
     }
 }
 
@@ -236,8 +188,9 @@ void DialogWindow::close() {
 
 void DialogWindow::show(const forms::Control& control) {
     const Counted own(changing_);
-    HWND controlWindow = window(control);
-    showContent(control, controlWindow);
+    ControlWindow& shown = window(control);
+    shown.show();
+    HWND controlWindow = shown.handle();
     const bool visible = (GetWindowLongPtrW(controlWindow, GWL_STYLE) & WS_VISIBLE) != 0;
     if ((visible && !control.visible()) || (IsWindowEnabled(controlWindow) && !control.enabled())) {
         moveFocusFrom(controlWindow);
@@ -245,38 +198,6 @@ void DialogWindow::show(const forms::Control& control) {
     EnableWindow(controlWindow, control.enabled());
     if (visible != control.visible()) {
         ShowWindow(controlWindow, control.visible() ? SW_SHOWNA : SW_HIDE);
-    }
-}
-
-void DialogWindow::showContent(const forms::Control& control, HWND controlWindow) {
-    switch (control.kind()) {
-        case forms::Kind::Label:
-        case forms::Kind::Button:
-            setText(controlWindow, control.caption());
-            break;
-        case forms::Kind::TextBox: {
-            const auto& box = static_cast<const forms::TextBox&>(control);
-            setText(controlWindow, box.text());
-            SendMessageW(controlWindow, EM_SETREADONLY, box.readOnly(), 0);
-            break;
-        }
-        case forms::Kind::CheckBox:
-            setText(controlWindow, control.caption());
-            setCheck(controlWindow, static_cast<const forms::CheckBox&>(control).state());
-            break;
-        case forms::Kind::OptionButton:
-            setText(controlWindow, control.caption());
-            setCheck(controlWindow, control.value() == L"1" ? 1 : 0);
-            break;
-        case forms::Kind::Picture: {
-            const auto image = static_cast<const forms::Picture&>(control).image();
-            HICON icon = LoadIconW(nullptr, systemIcon(image));
-            SendMessageW(controlWindow, STM_SETICON, reinterpret_cast<WPARAM>(icon), 0);
-            break;
-        }
-        case forms::Kind::ListBox:
-        case forms::Kind::ComboBox:
-            break;
     }
 }
 

@@ -3,8 +3,11 @@
 #include <windows.h>
 
 #include <exception>
+#include <memory>
+#include <vector>
 
 #include "platform/forms.h"
+#include "platform/windows/ControlWindow.h"
 
 namespace platform::windows {
 
@@ -28,15 +31,15 @@ class DialogWindow final : public forms::View {
 
   private:
     static INT_PTR CALLBACK procedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
-    INT_PTR handle(UINT message, WPARAM wParam);
+    INT_PTR handle(UINT message, WPARAM wParam, LPARAM lParam);
     void initialise();
     void removeNames();
     void command(WORD id, WORD notification);
-    void typed(forms::TextBox& box);
-    void clicked(forms::Control& control);
-    HWND window(const forms::Control& control) const;
+    void notify(const NMHDR& notification);
+    /// Null for what is no control of the form, and while the notifications are answers to our own changes.
+    ControlWindow* notifier(UINT_PTR id) const;
+    ControlWindow& window(const forms::Control& control) const;
     void show(const forms::Control& control);
-    void showContent(const forms::Control& control, HWND window);
     void moveFocusFrom(HWND window);
 
     forms::Form& form_;
@@ -44,6 +47,8 @@ class DialogWindow final : public forms::View {
     forms::View* outer_;
     HWND owner_ = nullptr;
     HWND dialog_ = nullptr;
+    /// As the form's controls, while the dialog exists.
+    std::vector<std::unique_ptr<ControlWindow>> windows_;
     /// Notifications that answer our own changes say nothing about the user.
     int changing_ = 0;
     std::exception_ptr failure_;

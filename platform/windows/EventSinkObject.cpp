@@ -31,6 +31,9 @@ STDMETHODIMP EventSinkObject::Invoke(DISPID event, REFIID, LCID, WORD, DISPPARAM
                                      EXCEPINFO* details, UINT*) {
     const ComPtr<IDispatch> self(this);
     const auto handler = handler_;
+    // The handler may wait in a dialog while the add-in is disconnected; what it works on stays until it is
+    // out.
+    const auto owner = translator_->owner();
     if (!handler) {
         return S_OK;
     }

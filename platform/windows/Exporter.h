@@ -31,6 +31,10 @@ class Exporter final : public ObjectTranslator, public std::enable_shared_from_t
     automation::Object toObject(IUnknown* object) override;
     LiveObjects& liveObjects() override { return liveObjects_; }
 
+    /// Keeps `owner` alive through every event handler that is at work, whoever lets go of it meanwhile.
+    void keepDuringEvents(std::weak_ptr<void> owner) { owner_ = std::move(owner); }
+    std::shared_ptr<void> owner() override { return owner_.lock(); }
+
   private:
     friend class ExportedObject;
 
@@ -39,6 +43,7 @@ class Exporter final : public ObjectTranslator, public std::enable_shared_from_t
     void forget(const ExportedObject& adapter) noexcept;
 
     LiveObjects& liveObjects_;
+    std::weak_ptr<void> owner_;
     std::unordered_map<const automation::Target*, ExportedObject*> adapters_;
     /// The identities of the adapters, to know them again.
     std::unordered_map<const IUnknown*, ExportedObject*> identities_;

@@ -5,6 +5,7 @@
 #include "platform/text.h"
 #include "platform/windows/dialogProperties.h"
 #include "platform/windows/dialogTemplate.h"
+#include "platform/windows/listDriver.h"
 #include "platform/windows/windowText.h"
 
 namespace platform::windows::dialogDriver {
@@ -116,7 +117,8 @@ ControlState describeControl(HWND control) {
     state.name = attachedName(control, controlNameProperty).value_or(std::wstring());
     state.enabled = IsWindowEnabled(control);
     state.visible = isShown(control);
-    switch (attachedKind(control).value_or(forms::Kind::Label)) {
+    const auto kind = attachedKind(control).value_or(forms::Kind::Label);
+    switch (kind) {
         case forms::Kind::TextBox:
             state.value = windowText(control);
             break;
@@ -131,6 +133,9 @@ ControlState describeControl(HWND control) {
             break;
         case forms::Kind::ListBox:
         case forms::Kind::ComboBox:
+        case forms::Kind::CheckList:
+            listDriver::describe(control, kind, state);
+            break;
         case forms::Kind::Picture:
             break;
     }
@@ -205,7 +210,8 @@ bool enter(HWND control, const std::wstring& value) {
     if (!isShown(control) || !IsWindowEnabled(control)) {
         return false;
     }
-    switch (attachedKind(control).value_or(forms::Kind::Label)) {
+    const auto kind = attachedKind(control).value_or(forms::Kind::Label);
+    switch (kind) {
         case forms::Kind::TextBox:
             return type(control, value);
         case forms::Kind::CheckBox:
@@ -215,9 +221,15 @@ bool enter(HWND control, const std::wstring& value) {
         case forms::Kind::Button:
             click(control);
             return true;
-        default:
-            return false;
+        case forms::Kind::ListBox:
+        case forms::Kind::ComboBox:
+        case forms::Kind::CheckList:
+            return listDriver::enter(control, kind, value);
+        case forms::Kind::Label:
+        case forms::Kind::Picture:
+            break;
     }
+    return false;
 }
 
 bool pressKey(HWND form, const std::wstring& key) {

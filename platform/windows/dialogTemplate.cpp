@@ -1,21 +1,18 @@
 #include "platform/windows/dialogTemplate.h"
 
+#include <commctrl.h>
+
+#include <algorithm>
 #include <cstring>
+#include <iterator>
 #include <string_view>
 
 namespace platform::windows {
 
 namespace {
 
-/// Predefined window classes by their numbers in a template.
-constexpr WORD buttonClass = 0x80;
-constexpr WORD editClass = 0x81;
-constexpr WORD staticClass = 0x82;
-constexpr WORD listBoxClass = 0x83;
-constexpr WORD comboBoxClass = 0x85;
-
 struct WindowKind {
-    WORD windowClass;
+    const wchar_t* windowClass;
     DWORD style;
     DWORD extendedStyle = 0;
 };
@@ -23,35 +20,38 @@ struct WindowKind {
 WindowKind windowKind(const forms::TextBox& box) {
     const DWORD lines =
         box.multiline() ? ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN | WS_VSCROLL : DWORD{ES_AUTOHSCROLL};
-    return {editClass, WS_TABSTOP | lines, WS_EX_CLIENTEDGE};
+    return {WC_EDITW, WS_TABSTOP | lines, WS_EX_CLIENTEDGE};
 }
 
 WindowKind windowKind(const forms::Button& button) {
     const bool isDefault = button.role() == forms::Button::Role::Default;
-    return {buttonClass, WS_TABSTOP | (isDefault ? DWORD{BS_DEFPUSHBUTTON} : DWORD{BS_PUSHBUTTON})};
+    return {WC_BUTTONW, WS_TABSTOP | (isDefault ? DWORD{BS_DEFPUSHBUTTON} : DWORD{BS_PUSHBUTTON})};
 }
 
 WindowKind windowKind(const forms::Control& control) {
     switch (control.kind()) {
         case forms::Kind::Label:
-            return {staticClass, SS_LEFT};
+            return {WC_STATICW, SS_LEFT};
         case forms::Kind::TextBox:
             return windowKind(static_cast<const forms::TextBox&>(control));
         case forms::Kind::Button:
             return windowKind(static_cast<const forms::Button&>(control));
         case forms::Kind::CheckBox:
-            return {buttonClass, WS_TABSTOP | BS_3STATE | BS_MULTILINE};
+            return {WC_BUTTONW, WS_TABSTOP | BS_3STATE | BS_MULTILINE};
         case forms::Kind::OptionButton:
-            return {buttonClass, BS_RADIOBUTTON | BS_MULTILINE};
+            return {WC_BUTTONW, BS_AUTORADIOBUTTON | BS_MULTILINE};
         case forms::Kind::ListBox:
-            return {listBoxClass, WS_TABSTOP | WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT,
+            return {WC_LISTBOXW, WS_TABSTOP | WS_VSCROLL | WS_HSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT,
                     WS_EX_CLIENTEDGE};
         case forms::Kind::ComboBox:
-            return {comboBoxClass, WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST};
+            return {WC_COMBOBOXW, WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST};
+        case forms::Kind::CheckList:
+            return {WC_LISTVIEWW, WS_TABSTOP | LVS_REPORT | LVS_NOCOLUMNHEADER | LVS_SINGLESEL,
+                    WS_EX_CLIENTEDGE};
         case forms::Kind::Picture:
             break;
     }
-    return {staticClass, SS_ICON | SS_CENTERIMAGE};
+    return {WC_STATICW, SS_ICON | SS_CENTERIMAGE};
 }
 
 /// Writes a template's parts one after the other; texts are empty unless given.
@@ -106,18 +106,46 @@ void writeDialog(TemplateWriter& writer, const forms::Form& form) {
     writer.text(L"MS Shell Dlg");
 }
 
-void writeControl(TemplateWriter& writer, const forms::Control& control, DWORD id, bool startsGroup) {
+void writeControl(TemplateWriter& writer, const forms::Control& control, DWORD id, DWORD groupStyle) {
     const WindowKind kind = windowKind(control);
     writer.align();
     writer.number(0);  // help
     writer.number(kind.extendedStyle);
-    writer.number(WS_CHILD | WS_VISIBLE | kind.style | (startsGroup ? DWORD{WS_GROUP} : 0));
+    writer.number(WS_CHILD | WS_VISIBLE | kind.style | groupStyle);
     writer.place(control.place());
     writer.number(id);
-    writer.word(0xFFFF);
-    writer.word(kind.windowClass);
+    writer.text(kind.windowClass);
     writer.text(L"");
     writer.word(0);  // no further data
+}
+
+bool isOption(const forms::Control* control) {
+    return control->kind() == forms::Kind::OptionButton;
+}
+
+bool isSelected(const forms::Control* control) {
+    return isOption(control) && static_cast<const forms::OptionButton*>(control)->selected();
+}
+
+/// As the windows follow each other, which is what the keyboard goes by: the form's options are one group.
+std::vector<const forms::Control*> windowOrder(const forms::Form& form) {
+    std::vector<const forms::Control*> order;
+    for (const forms::Control* control : form.controls()) {
+        if (!isOption(control)) {
+            order.push_back(control);
+        } else if (std::ranges::none_of(order, isOption)) {
+            std::ranges::copy_if(form.controls(), std::back_inserter(order), isOption);
+        }
+    }
+    return order;
+}
+
+/// The arrow keys move within the group and the Tab key leads to its selected option, or to the first while
+/// there is none. Windows moves the tab stop with the selection.
+DWORD groupStyle(const forms::Control* control, const forms::Control* former, bool anySelected) {
+    const bool startsGroup = isOption(control) != (former && isOption(former));
+    const bool tabStop = anySelected ? isSelected(control) : isOption(control) && startsGroup;
+    return (startsGroup ? DWORD{WS_GROUP} : 0) | (tabStop ? DWORD{WS_TABSTOP} : 0);
 }
 
 }  // namespace
@@ -125,14 +153,13 @@ void writeControl(TemplateWriter& writer, const forms::Control& control, DWORD i
 std::vector<DWORD> dialogTemplate(const forms::Form& form) {
     TemplateWriter writer;
     writeDialog(writer, form);
-    DWORD id = firstControlId;
-    auto former = forms::Kind::Label;
-    for (const forms::Control* control : form.controls()) {
-        // The arrow keys move within a run of options.
-        const bool option = control->kind() == forms::Kind::OptionButton;
-        writeControl(writer, *control, id, option != (former == forms::Kind::OptionButton));
-        former = control->kind();
-        ++id;
+    const bool anySelected = std::ranges::any_of(form.controls(), isSelected);
+    const forms::Control* former = nullptr;
+    for (const forms::Control* control : windowOrder(form)) {
+        const auto index = std::ranges::find(form.controls(), control) - form.controls().begin();
+        writeControl(writer, *control, firstControlId + static_cast<DWORD>(index),
+                     groupStyle(control, former, anySelected));
+        former = control;
     }
     return writer.finish();
 }

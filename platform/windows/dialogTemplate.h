@@ -9,7 +9,7 @@
 
 namespace platform::windows {
 
-/// The id of the first control's window; the others follow in tab order.
+/// The id of the first control's window; the others follow as the form declares them.
 inline constexpr WORD firstControlId = 1000;
 
 /// A dialog resource for the form, as DialogBoxIndirect takes it: an extended dialog template. Its controls

@@ -30,6 +30,8 @@ class ObjectTranslator {
     virtual automation::Object toObject(IUnknown* object) = 0;
     /// Where the COM objects made on the way are counted.
     virtual LiveObjects& liveObjects() = 0;
+    /// What must outlive the handling of an event, held by the caller meanwhile; may be nothing.
+    virtual std::shared_ptr<void> owner() { return nullptr; }
 };
 
 /// A by-reference VARIANT is followed. Throws Error 13 for a kind that automation's clients do not know.

@@ -1,22 +1,16 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include <algorithm>
-#include <deque>
 #include <optional>
 #include <stdexcept>
 #include <string>
-#include <vector>
 
 #include "platform/forms.h"
-#include "platform/windows/DialogRobot.h"
-#include "platform/windows/WindowsDesktop.h"
+#include "tests/windows/AnsweredDialogs.h"
 
 using forms::Button;
 using platform::Answer;
 using platform::Buttons;
-using platform::ControlState;
-using platform::FormAnswer;
 using platform::FormPrompt;
 using platform::Icon;
 using platform::MessagePrompt;
@@ -64,39 +58,7 @@ class SampleForm : public forms::Form {
     forms::Button cmdCancel{*this, L"cmdCancel", {162, 108, 50, 14}, L"Cancel", Button::Role::Cancel};
 };
 
-const ControlState& control(const FormPrompt& prompt, const std::wstring& name) {
-    return *std::ranges::find(prompt.controls, name, &ControlState::name);
-}
-
-class DialogTest : public testing::Test {
-  protected:
-    /// Shows the form to a user that gives these answers.
-    void show(forms::Form& form, std::deque<FormAnswer> answers) {
-        platform::windows::DialogRobot robot(
-            {[this](const MessagePrompt& prompt) {
-                 messages.push_back(prompt);
-                 return messageAnswer;
-             },
-             [this, &answers](const FormPrompt& prompt) -> std::optional<FormAnswer> {
-                 prompts.push_back(prompt);
-                 if (answers.empty()) {
-                     return std::nullopt;
-                 }
-                 FormAnswer answer = answers.front();
-                 answers.pop_front();
-                 return answer;
-             }});
-        desktop.showModal(form);
-        unanswered = robot.unanswered();
-        EXPECT_TRUE(answers.empty()) << "the form closed too early";
-    }
-
-    platform::windows::WindowsDesktop desktop;
-    std::vector<FormPrompt> prompts;
-    std::vector<MessagePrompt> messages;
-    std::optional<Answer> messageAnswer = Answer::Ok;
-    std::optional<std::wstring> unanswered;
-};
+using DialogTest = AnsweredDialogs;
 
 TEST_F(DialogTest, AFormIsFilledInAndPressed) {
     SampleForm form;
@@ -117,18 +79,7 @@ TEST_F(DialogTest, TheWindowShowsWhatTheFormSays) {
     form.txtSubject.setText(L"Hello");
     form.chkNever.setState(2);
     show(form, {{{}, L"cmdCancel"}});
-    ASSERT_EQ(prompts.size(), 1U);
-    const FormPrompt& prompt = prompts.front();
-    EXPECT_EQ(prompt.form, L"frmSample");
-    EXPECT_EQ(prompt.caption, L"Empty Subject - Veltro");
-    ASSERT_EQ(prompt.controls.size(), form.controls().size());
-    for (const forms::Control* expected : form.controls()) {
-        const ControlState& shown = control(prompt, expected->name());
-        EXPECT_EQ(shown.caption, expected->caption()) << expected->name().c_str();
-        EXPECT_EQ(shown.value, expected->value()) << expected->name().c_str();
-        EXPECT_EQ(shown.enabled, expected->enabled()) << expected->name().c_str();
-        EXPECT_EQ(shown.visible, expected->visible()) << expected->name().c_str();
-    }
+    expectShown(form);
 }
 
 TEST_F(DialogTest, AFormThatStaysOpenAsksAgainAndShowsItsChanges) {

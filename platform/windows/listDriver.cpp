@@ -1,0 +1,151 @@
+#include "platform/windows/listDriver.h"
+
+#include <algorithm>
+#include <optional>
+#include <vector>
+
+#include "platform/windows/checkListState.h"
+#include "platform/windows/listMessages.h"
+#include "platform/windows/onThreadOf.h"
+
+namespace platform::windows::listDriver {
+
+namespace {
+
+using Texts = std::vector<std::wstring>;
+
+std::wstring joined(const Texts& texts, wchar_t separator) {
+    std::wstring result;
+    for (std::size_t index = 0; index < texts.size(); ++index) {
+        result += (index == 0 ? std::wstring() : std::wstring(1, separator)) + texts[index];
+    }
+    return result;
+}
+
+const ListMessages& messagesOf(forms::Kind kind) {
+    return kind == forms::Kind::ListBox ? listBoxMessages : comboBoxMessages;
+}
+
+Texts entries(HWND list, const ListMessages& messages) {
+    const LRESULT count = SendMessageW(list, messages.count, 0, 0);
+    Texts texts;
+    for (WPARAM index = 0; static_cast<LRESULT>(index) < count; ++index) {
+        const LRESULT length = SendMessageW(list, messages.textLength, index, 0);
+        std::wstring text(static_cast<std::size_t>(length) + 1, L'\0');
+        SendMessageW(list, messages.text, index, reinterpret_cast<LPARAM>(text.data()));
+        text.pop_back();
+        texts.push_back(std::move(text));
+    }
+    return texts;
+}
+
+int rowCount(HWND list) {
+    return static_cast<int>(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0));
+}
+
+/// A list view does not say how long a text is.
+std::wstring rowText(HWND list, int row) {
+    for (std::wstring text(256, L'\0');; text.resize(text.size() * 2)) {
+        LVITEMW item{};
+        item.pszText = text.data();
+        item.cchTextMax = static_cast<int>(text.size());
+        const LRESULT length =
+            SendMessageW(list, LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+        if (static_cast<std::size_t>(length) + 1 < text.size()) {
+            return text.substr(0, static_cast<std::size_t>(length));
+        }
+    }
+}
+
+Texts rowTexts(HWND list) {
+    Texts texts;
+    for (int row = 0; row < rowCount(list); ++row) {
+        texts.push_back(rowText(list, row));
+    }
+    return texts;
+}
+
+std::wstring tickedRows(HWND list) {
+    Texts positions;
+    for (int row = 0; row < rowCount(list); ++row) {
+        if (rowIsTicked(list, row)) {
+            positions.push_back(std::to_wstring(row + 1));
+        }
+    }
+    return joined(positions, L',');
+}
+
+bool tickExactly(HWND list, const std::wstring& value) {
+    const auto ticks = forms::CheckList::parseTicks(value, static_cast<std::size_t>(rowCount(list)));
+    if (!ticks) {
+        return false;
+    }
+    for (int row = 0; row < static_cast<int>(ticks->size()); ++row) {
+        const bool ticked = (*ticks)[static_cast<std::size_t>(row)];
+        if (rowIsTicked(list, row) != ticked) {
+            tickRow(list, row, ticked);  // Notifies the form as the space bar does.
+        }
+    }
+    return true;
+}
+
+/// A click on the entry.
+void clickEntry(HWND list, int index) {
+    SendMessageW(list, LB_SETTOPINDEX, static_cast<WPARAM>(index), 0);
+    RECT place{};
+    SendMessageW(list, LB_GETITEMRECT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&place));
+    const LPARAM point = MAKELPARAM(place.left + 1, (place.top + place.bottom) / 2);
+    SendNotifyMessageW(list, WM_LBUTTONDOWN, MK_LBUTTON, point);
+    SendNotifyMessageW(list, WM_LBUTTONUP, 0, point);
+}
+
+/// The drop-down list closes on every click somewhere else, so that it is moved and told of as it tells.
+void selectEntry(HWND comboBox, int index) {
+    SendMessageW(comboBox, CB_SETCURSEL, static_cast<WPARAM>(index), 0);
+    SendNotifyMessageW(GetParent(comboBox), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(comboBox), CBN_SELCHANGE),
+                       reinterpret_cast<LPARAM>(comboBox));
+}
+
+void describeHere(HWND control, forms::Kind kind, ControlState& state) {
+    if (kind == forms::Kind::CheckList) {
+        state.caption = joined(rowTexts(control), L'\n');
+        state.value = tickedRows(control);
+        return;
+    }
+    const ListMessages& messages = messagesOf(kind);
+    const Texts texts = entries(control, messages);
+    state.caption = joined(texts, L'\n');
+    const LRESULT selected = SendMessageW(control, messages.selected, 0, 0);
+    if (selected >= 0 && static_cast<std::size_t>(selected) < texts.size()) {
+        state.value = texts[static_cast<std::size_t>(selected)];
+    }
+}
+
+/// The first entry of that text.
+std::optional<int> findEntry(HWND list, const ListMessages& messages, const std::wstring& value) {
+    const Texts texts = entries(list, messages);
+    const auto found = std::ranges::find(texts, value);
+    return found == texts.end() ? std::nullopt : std::optional(static_cast<int>(found - texts.begin()));
+}
+
+}  // namespace
+
+void describe(HWND control, forms::Kind kind, ControlState& state) {
+    onThreadOf(control, [&] { describeHere(control, kind, state); });
+}
+
+bool enter(HWND control, forms::Kind kind, const std::wstring& value) {
+    if (kind == forms::Kind::CheckList) {
+        bool possible = false;
+        onThreadOf(control, [&] { possible = tickExactly(control, value); });
+        return possible;
+    }
+    std::optional<int> index;
+    onThreadOf(control, [&] { index = findEntry(control, messagesOf(kind), value); });
+    if (index) {
+        kind == forms::Kind::ListBox ? clickEntry(control, *index) : selectEntry(control, *index);
+    }
+    return index.has_value();
+}
+
+}  // namespace platform::windows::listDriver

@@ -1,0 +1,166 @@
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <objbase.h>
+
+#include <cstdlib>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "checks/frmNoSubject.h"
+#include "checks/frmNotifyB4Delay.h"
+#include "checks/frmOldSubject.h"
+#include "checks/frmRemoveSpam.h"
+#include "checks/frmReplyMultRecipt.h"
+#include "checks/frmSigDisclaimer.h"
+#include "platform/text.h"
+#include "platform/windows/WindowsPlatform.h"
+#include "tests/windows/AnsweredDialogs.h"
+#include "tests/windows/layoutFaults.h"
+#include "tests/windows/windowPicture.h"
+
+namespace {
+
+using basGlobals::Globals;
+using Faults = std::vector<std::string>;
+
+/// A dialog as its users meet it, with texts about as long as they get.
+struct Example {
+    const char* name;
+    std::function<std::unique_ptr<forms::Form>(Globals&)> make;
+};
+
+std::vector<forms::CheckList::Row> recipients() {
+    std::vector<forms::CheckList::Row> rows;
+    for (int index = 1; index <= 40; ++index) {
+        const std::wstring number = std::to_wstring(index);
+        rows.push_back(
+            {L"Colleague Number " + number + L" (colleague." + number + L"@example.org)", index % 3 == 1});
+    }
+    return rows;
+}
+
+const std::wstring subject = L"Re: Minutes of the meeting about next year's budget, and what is still open";
+
+const Example examples[] = {
+    {"frmNoSubject", [](Globals& globals) { return std::make_unique<frmNoSubject>(globals, subject); }},
+    {"frmSigDisclaimer", [](Globals& globals) { return std::make_unique<frmSigDisclaimer>(globals); }},
+    {"frmRemoveSpam",
+     [](Globals& globals) {
+         return std::make_unique<frmRemoveSpam>(globals, L"SPAM-LOW: " + subject, subject);
+     }},
+    {"frmOldSubject",
+     [](Globals& globals) { return std::make_unique<frmOldSubject>(globals, L"365", subject); }},
+    {"frmNotifyB4Delay",
+     [](Globals& globals) {
+         return std::make_unique<frmNotifyB4Delay>(
+             globals, L"e-mails to firstname.lastname@department.example-company.org by 86400 seconds");
+     }},
+    {"frmReplyMultRecipt_Reply",
+     [](Globals& globals) { return std::make_unique<frmReplyMultRecipt>(globals, recipients()); }},
+    {"frmReplyMultRecipt_ReplyToAll",
+     [](Globals& globals) {
+         auto form = std::make_unique<frmReplyMultRecipt>(globals, recipients());
+         form->Set_ReplyToAll();
+         return form;
+     }},
+};
+
+class LayoutTest : public AnsweredDialogs {
+  protected:
+    /// With VELTRO_PICTURES, the name of a folder, in the environment, a picture of each dialog is saved
+    /// there.
+    Faults faultsOf(forms::Form& form, const std::string& pictureName = {}) {
+        Faults faults;
+        meanwhile = [&](HWND dialog) {
+            faults = layoutFaults(dialog);
+            const char* folder = std::getenv("VELTRO_PICTURES");
+            if (folder && !pictureName.empty()) {
+                saveWindowPicture(dialog,
+                                  text::fromUtf8(folder) + L"/" + text::fromUtf8(pictureName) + L".bmp");
+            }
+        };
+        show(form, {{{}, L"{Escape}"}});
+        return faults;
+    }
+};
+
+class DialogsLayoutTest : public LayoutTest, public testing::WithParamInterface<Example> {
+  protected:
+    DialogsLayoutTest() { CoInitialize(nullptr); }
+    ~DialogsLayoutTest() override { CoUninitialize(); }
+};
+
+TEST_P(DialogsLayoutTest, NothingIsCutOffAndNothingOverlaps) {
+    platform::windows::LiveObjects objects;
+    platform::windows::WindowsPlatform world(objects);
+    Globals globals(world.platform());
+    const auto form = GetParam().make(globals);
+    EXPECT_EQ(faultsOf(*form, GetParam().name), Faults{});
+}
+
+INSTANTIATE_TEST_SUITE_P(Dialogs, DialogsLayoutTest, testing::ValuesIn(examples),
+                         [](const auto& test) { return std::string(test.param.name); });
+
+void PrintTo(const Example& example, std::ostream* stream) {
+    *stream << example.name;
+}
+
+/// The judge of the dialogs, judged: each form has one fault.
+TEST_F(LayoutTest, FaultsAreFound) {
+    const std::wstring sentence = L"A sentence that needs two lines of a narrow label";
+    const struct {
+        std::function<void(forms::Form&, std::vector<std::unique_ptr<forms::Control>>&)> build;
+        Faults faults;
+    } cases[] = {
+        {[&](auto& form, auto& controls) {
+             controls.push_back(
+                 std::make_unique<forms::Label>(form, L"a", forms::Place{7, 7, 100, 9}, sentence));
+         },
+         {"a is cut off"}},
+        {[&](auto& form, auto& controls) {
+             controls.push_back(
+                 std::make_unique<forms::Label>(form, L"a", forms::Place{7, 7, 100, 18}, sentence));
+         },
+         {}},
+        {[&](auto& form, auto& controls) {
+             controls.push_back(
+                 std::make_unique<forms::CheckBox>(form, L"a", forms::Place{7, 7, 100, 11}, sentence));
+         },
+         {"a is cut off"}},
+        {[&](auto& form, auto& controls) {
+             controls.push_back(std::make_unique<forms::Button>(form, L"a", forms::Place{7, 7, 30, 14},
+                                                                L"Forget &everything"));
+         },
+         {"a is cut off"}},
+        {[&](auto& form, auto& controls) {
+             controls.push_back(std::make_unique<forms::TextBox>(form, L"a", forms::Place{7, 7, 30, 8}));
+         },
+         {"a is cut off"}},
+        {[&](auto& form, auto& controls) {
+             controls.push_back(std::make_unique<forms::ListBox>(form, L"a", forms::Place{7, 7, 100, 20}));
+             controls.push_back(std::make_unique<forms::TextBox>(form, L"b", forms::Place{7, 26, 100, 13}));
+         },
+         {"b overlaps a"}},
+        {[&](auto& form, auto& controls) {
+             controls.push_back(std::make_unique<forms::ListBox>(form, L"a", forms::Place{7, 7, 100, 90}));
+         },
+         {"a is not inside the dialog"}},
+        {[&](auto& form, auto& controls) {
+             controls.push_back(std::make_unique<forms::ListBox>(form, L"a", forms::Place{7, 7, 100, 90}));
+             controls.back()->setVisible(false);
+         },
+         {}},
+        {[&](auto& form, auto&) { form.setCaption(sentence); }, {"the title is cut off"}},
+    };
+    for (const auto& [build, faults] : cases) {
+        std::vector<std::unique_ptr<forms::Control>> controls;
+        forms::Form form(L"frmFaulty", L"Faults", 120, 60);
+        build(form, controls);
+        EXPECT_EQ(faultsOf(form), faults);
+    }
+}
+
+}  // namespace
