@@ -55,6 +55,9 @@ void Connect::OnConnection(const automation::Object& application, int /*connectM
         startingUp.leaveSet();
         return;
     }
+    if (wrapOpenExplorers()) {
+        settingsFolder::moveToCurrentPlace(globals_);
+    }
     refreshEmailList();
 }
 
@@ -111,7 +114,6 @@ bool Connect::takeHoldOfOutlook() {
     skipErrors([&] { globals_.progId = addInInst_.get(L"ProgId").toText(); });
     skipErrors([&] { initialiseOutAddIn(); });
     skipErrors([&] { globals_.googleApps = basGlobals::GoogleAppConnected(globals_); });
-    wrapOpenExplorers();
     return true;
 }
 
@@ -123,19 +125,17 @@ bool Connect::hasNoWindow() const {
 
 void Connect::initialiseOutAddIn() {
     if (!outAddIn_) {
-        outAddIn_ = std::make_unique<OutAddIn>(globals_, wrappers_);
+        outAddIn_ = std::make_shared<OutAddIn>(globals_, wrappers_);
     }
     outAddIn_->Initialise(application_, globals_.progId);
 }
 
-void Connect::wrapOpenExplorers() {
+bool Connect::wrapOpenExplorers() {
     const std::int32_t count = attempt([&] { return colExpl_.count(); }).value_or(0);
     for (std::int32_t index = 1; index <= count; ++index) {
         skipErrors([&] { wrappers_.AddExpl(colExpl_.item(index)); });
     }
-    if (count >= 1) {
-        settingsFolder::moveToCurrentPlace(globals_);
-    }
+    return count >= 1;
 }
 
 void Connect::refreshEmailList() {
@@ -150,7 +150,7 @@ void Connect::refreshEmailList() {
 
 void Connect::OnDisconnection(int /*removeMode*/) {
     if (!outAddIn_) {
-        outAddIn_ = std::make_unique<OutAddIn>(globals_, wrappers_);
+        outAddIn_ = std::make_shared<OutAddIn>(globals_, wrappers_);
     }
     outAddIn_->UnInitialise();
     outAddIn_.reset();

@@ -31,7 +31,8 @@ class Connect {
     bool takeHoldOfOutlook();
     bool hasNoWindow() const;
     void initialiseOutAddIn();
-    void wrapOpenExplorers();
+    /// False when none is open.
+    bool wrapOpenExplorers();
     void refreshEmailList();
 
     void setExplorer(const outlook::Explorer& explorer);
@@ -47,7 +48,7 @@ class Connect {
     /// Kept beside the global one, which goes with the last window and must come back with the next.
     outlook::Application application_;
     automation::Object addInInst_;
-    std::unique_ptr<OutAddIn> outAddIn_;
+    std::shared_ptr<OutAddIn> outAddIn_;
 
     outlook::Explorer objExpl_;
     automation::Subscription objExplEvents_;

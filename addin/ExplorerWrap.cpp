@@ -1,6 +1,7 @@
 #include "addin/ExplorerWrap.h"
 
 #include "addin/WindowWrappers.h"
+#include "addin/replyEvents.h"
 #include "mail/errorTrap.h"
 
 namespace {
@@ -45,7 +46,7 @@ void ExplorerWrap::onExplorerEvent(std::int32_t event) {
 void ExplorerWrap::m_objExpl_SelectionChange() {
     try {
         if (!showsOutbox()) {
-            mailItem_ = selectedMail();
+            watch(selectedMail());
         }
     } catch (...) {
         const automation::Error error = basGlobals::currentError();
@@ -54,6 +55,38 @@ void ExplorerWrap::m_objExpl_SelectionChange() {
                                     error);
         }
     }
+}
+
+void ExplorerWrap::watch(const outlook::Item& item) {
+    itemEvents_.end();
+    mailItem_ = item;
+    if (item) {
+        itemEvents_ = automation::subscribe(
+            item.object(), events::item,
+            [self = weak_from_this()](std::int32_t event, std::span<automation::Value> arguments) {
+                if (const auto wrapper = self.lock()) {  // Held: a check may close or change the selection.
+                    wrapper->onItemEvent(event, arguments);
+                }
+            });
+    }
+}
+
+void ExplorerWrap::onItemEvent(std::int32_t event, std::span<automation::Value> arguments) {
+    const outlook::Item item = mailItem_;
+    if (replyEvents::isAnswer(event) && !isOpenInActiveInspector()) {
+        replyEvents::handle(globals_, item, event, arguments);
+    }
+}
+
+/// Then the inspector's wrapper handles the event. Compared by id, as one item comes in different objects and
+/// many share a subject.
+bool ExplorerWrap::isOpenInActiveInspector() const {
+    bool same = false;
+    basGlobals::skipErrors([&] {
+        const outlook::Inspector inspector = globals_.outlook.activeInspector();
+        same = inspector && inspector.currentItem().entryId() == mailItem_.entryId();
+    });
+    return same;
 }
 
 /// Touching an item in the Outbox would keep Outlook from sending it.
@@ -77,7 +110,7 @@ void ExplorerWrap::m_objExpl_Close() {
         wrappers_.KillExpl(key_, self);
     });
     explorerEvents_.end();
-    mailItem_ = {};
+    watch({});
     explorer_ = {};
 }
 

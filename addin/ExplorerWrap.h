@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <span>
 
 #include "mail/Globals.h"
 #include "platform/outlook.h"
@@ -28,6 +29,9 @@ class ExplorerWrap : public std::enable_shared_from_this<ExplorerWrap> {
   private:
     void onExplorerEvent(std::int32_t event);
     void m_objExpl_SelectionChange();
+    void watch(const outlook::Item& item);
+    void onItemEvent(std::int32_t event, std::span<automation::Value> arguments);
+    bool isOpenInActiveInspector() const;
     void m_objExpl_Close();
     bool showsOutbox() const;
     outlook::Item selectedMail() const;
@@ -38,4 +42,5 @@ class ExplorerWrap : public std::enable_shared_from_this<ExplorerWrap> {
     outlook::Explorer explorer_;
     outlook::Item mailItem_;
     automation::Subscription explorerEvents_;
+    automation::Subscription itemEvents_;
 };

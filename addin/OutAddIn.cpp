@@ -1,14 +1,28 @@
 #include "addin/OutAddIn.h"
 
+#include "addin/eventArguments.h"
+
 void OutAddIn::Initialise(const outlook::Application& application, const std::wstring& progId) {
     globals_.outlook = application;
     objOutlook_ = application;
+    applicationEvents_ = automation::subscribe(
+        application.object(), outlook::events::application,
+        [self = weak_from_this()](std::int32_t event, std::span<automation::Value> arguments) {
+            // Held: the user may take the add-in off while a question is open.
+            const auto addIn = self.lock();
+            if (addIn && event == outlook::events::applicationItemSend) {
+                const outlook::Item item(eventArguments::at(arguments, 0).toObject());
+                eventArguments::Cancel cancel(eventArguments::at(arguments, 1));
+                addIn->objOutlook_ItemSend(item, cancel.flag());
+            }
+        });
     progId_ = progId;
     nameSpace_ = application.mapiNameSpace();
     initialised_ = true;
 }
 
 void OutAddIn::UnInitialise() {
+    applicationEvents_.end();
     nameSpace_ = {};
     globals_.outlook = {};
     objOutlook_ = {};

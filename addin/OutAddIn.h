@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "addin/WindowWrappers.h"
@@ -8,7 +9,7 @@
 
 /// The add-in's hold on the Outlook application, from the opening of the first window to the closing of the
 /// last.
-class OutAddIn {
+class OutAddIn : public std::enable_shared_from_this<OutAddIn> {
   public:
     OutAddIn(basGlobals::Globals& globals, WindowWrappers& wrappers)
         : globals_(globals), wrappers_(wrappers) {}
@@ -20,9 +21,13 @@ class OutAddIn {
     void UnInitialise();
 
   private:
+    /// An error in its own statements goes back to Outlook, which then sends the mail.
+    void objOutlook_ItemSend(const outlook::Item& item, bool& cancel);
+
     basGlobals::Globals& globals_;
     WindowWrappers& wrappers_;
     outlook::Application objOutlook_;
+    automation::Subscription applicationEvents_;
     std::wstring progId_;
     outlook::NameSpace nameSpace_;
     bool initialised_ = false;

@@ -2,9 +2,10 @@
 
 #include "addin/WindowWrappers.h"
 #include "addin/eventArguments.h"
+#include "addin/replyEvents.h"
 #include "checks/basVeltro.h"
-#include "checks/basWordMail.h"
 #include "mail/basGlobals.h"
+#include "mail/basWordMail.h"
 #include "mail/errorTrap.h"
 
 namespace events = outlook::events;
@@ -38,15 +39,34 @@ void clsInspWrap::onInspectorEvent(std::int32_t event, std::span<automation::Val
 void clsInspWrap::onMailEvent(std::int32_t event, std::span<automation::Value> arguments) {
     switch (event) {
         case events::itemSend: {
-            eventArguments::Cancel cancel(eventArguments::at(arguments, 0));
-            m_ObjMail_Send(cancel.flag());
+            basGlobals::skipErrors([&] {
+                eventArguments::Cancel cancel(eventArguments::at(arguments, 0));
+                m_ObjMail_Send(cancel.flag());
+            });
             break;
         }
         case events::itemClose:
             close();
             break;
         default:
+            onAnswered(event, arguments);
             break;
+    }
+}
+
+/// Only for the window in front: the item may be selected in a main window that handles it.
+void clsInspWrap::onAnswered(std::int32_t event, std::span<automation::Value> arguments) {
+    if (!replyEvents::isAnswer(event)) {
+        return;
+    }
+    bool inFront = false;
+    basGlobals::skipErrors([&] {
+        const outlook::Inspector active = globals_.outlook.activeInspector();
+        active.currentItem().entryId();  // Fails without a window, and for an item that is gone.
+        inFront = active.object() == inspector_.object();
+    });
+    if (inFront) {
+        replyEvents::handle(globals_, mailItem_, event, arguments);
     }
 }
 
@@ -66,7 +86,9 @@ void clsInspWrap::checkSubject(bool& cancel) {
     if (!basWordMail::editsInWord(globals_)) {
         basVeltro::vtEmptySubjectCheck(globals_, mailItem_, cancel);
     } else if (basGlobals::OutlookMajorVersion(globals_) != L"9") {
-        basWordMail::runMacro(globals_, L"vtEmptySubjectCheckWord", mailItem_, cancel);
+        // A Word without the template leaves the question unasked.
+        basGlobals::skipErrors(
+            [&] { basWordMail::runMacro(globals_, L"vtEmptySubjectCheckWord", mailItem_, cancel); });
     }
 }
 

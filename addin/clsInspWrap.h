@@ -30,6 +30,7 @@ class clsInspWrap : public std::enable_shared_from_this<clsInspWrap> {
     void onMailEvent(std::int32_t event, std::span<automation::Value> arguments);
     void m_ObjMail_Send(bool& cancel);
     void checkSubject(bool& cancel);
+    void onAnswered(std::int32_t event, std::span<automation::Value> arguments);
     void close();
 
     basGlobals::Globals& globals_;

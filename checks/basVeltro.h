@@ -1,6 +1,11 @@
 #pragma once
 
+#include <optional>
+#include <string>
+
+#include "checks/AnsweredMail.h"
 #include "mail/Globals.h"
+#include "mail/SafeItems.h"
 #include "platform/outlook.h"
 
 /// The checks of outgoing mails and of replies. Each takes the event's cancel flag and sets it when the user
@@ -12,5 +17,44 @@ void vtEmptySubjectCheck(basGlobals::Globals& globals, const outlook::Item& item
 
 /// Asks whether to send when the new text promises an attachment and none is there.
 void vtAttachMissingCheck(basGlobals::Globals& globals, const outlook::Item& item, bool& cancel);
+
+/// What vtOldSubject returns when the subject was left as it was.
+inline constexpr wchar_t noSubjectChange[] = L"VT_NoChange_VT";
+
+/// Asks for a look at the reply's subject when the answered mail is old. Returns the new subject, or
+/// noSubjectChange.
+std::wstring vtOldSubject(basGlobals::Globals& globals, const outlook::Item& answered,
+                          const outlook::Item& reply);
+
+/// Cleans the subject of a new reply or forward of spam marks and repeated prefixes.
+void vtRemoveSpamMarks(basGlobals::Globals& globals, const outlook::Item& item);
+
+/// On a Reply to a mail with several recipients offers the others in a reply of its own, and cancels this
+/// one.
+void vtReplyCheck(basGlobals::Globals& globals, AnsweredMail& answered, const outlook::Item& reply,
+                  bool& cancel);
+
+/// Warns a user who was only a blind copy, and lets recipients be dropped; marks the reply with whom to drop.
+void vtReplyAllCheck(basGlobals::Globals& globals, AnsweredMail& answered, const outlook::Item& reply,
+                     bool& cancel);
+
+/// Asks for the confirmation that the settings want, once. Throws automation::Error where a statement of its
+/// own fails.
+void confirmSend(basGlobals::Globals& globals, const outlook::Item& item, bool& cancel);
+
+/// The first entry of the To line; empty when there is none or on an error, which is reported.
+std::wstring GetFirstTORecipient(basGlobals::Globals& globals, const outlook::Item& item);
+
+/// True when a recipient is on the confirm list; false on an error, which is reported.
+bool AtLeast1EmailInRecipt(basGlobals::Globals& globals, const outlook::Item& item);
+
+/// The first recipient address that occurs anywhere in the list's text, letter case ignored. Throws
+/// automation::Error.
+std::optional<std::wstring> firstListedRecipient(basGlobals::Globals& globals,
+                                                 const redemption::SafeItem& mail,
+                                                 const std::wstring& listed);
+
+/// Gives the mail a deferred delivery time when the settings want it held back. Never cancels.
+void vtDelayEmailSending(basGlobals::Globals& globals, const outlook::Item& item, bool& cancel);
 
 }  // namespace basVeltro

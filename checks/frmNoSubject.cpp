@@ -1,6 +1,6 @@
 #include "checks/frmNoSubject.h"
 
-#include "checks/prompts.h"
+#include "settings/prompts.h"
 
 frmNoSubject::frmNoSubject(const basGlobals::Globals& globals, const std::wstring& subject)
     : Form(L"frmNoSubject", prompts::titled(globals, L"Empty Subject"), 274, 114) {

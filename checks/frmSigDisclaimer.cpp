@@ -1,12 +1,12 @@
 #include "checks/frmSigDisclaimer.h"
 
-#include "checks/prompts.h"
 #include "mail/errorTrap.h"
 #include "platform/text.h"
 #include "settings/modRegKeys.h"
+#include "settings/prompts.h"
 
 frmSigDisclaimer::frmSigDisclaimer(basGlobals::Globals& globals)
-    : Form(L"frmSigDisclaimer", L"Attachment Sentry Advance settings", 300, 256), globals_(globals) {
+    : Form(L"frmSigDisclaimer", L"Attachment Sentry Advance settings", 316, 256), globals_(globals) {
     chkIgnoreText.setState(modRegKeys::IgnoreText.read(globals) ? 1 : 0);
     chkIgnoreAttach.setState(modRegKeys::IgnoreAttach.read(globals) ? 1 : 0);
     txtSigDisclaimer.setText(modRegKeys::IgnoreTextValue.read(globals));

@@ -17,40 +17,40 @@ class frmSigDisclaimer : public forms::Form {
 
     basGlobals::Globals& globals_;
 
-    forms::Label Label3{*this, L"Label3", {7, 7, 286, 9}, L"Ignore text"};
+    forms::Label Label3{*this, L"Label3", {7, 7, 302, 9}, L"Ignore text"};
     forms::Label Label1{*this,
                         L"Label1",
-                        {14, 19, 279, 18},
+                        {14, 19, 295, 18},
                         L"Do you have a signature, disclaimer etc in your emails that has words in it that "
                         L"trigger attachment sentry?"};
     forms::CheckBox chkIgnoreText{*this,
                                   L"chkIgnoreText",
-                                  {14, 40, 279, 11},
+                                  {14, 40, 295, 11},
                                   L"Ignore words if within special text block (Signatures, Disclaimers etc)"};
     forms::Label lblTextContent{
         *this,
         L"lblTextContent",
-        {14, 55, 279, 18},
+        {14, 55, 295, 18},
         L"Enter the full text of the signature, disclaimer etc here. Veltro will not look "
         L"for keywords within that block of text in your emails."};
     forms::TextBox txtSigDisclaimer{
-        *this, L"txtSigDisclaimer", {14, 76, 279, 60}, forms::TextBox::Lines::Many};
-    forms::Label Label4{*this, L"Label4", {7, 145, 286, 9}, L"Ignore attachment"};
+        *this, L"txtSigDisclaimer", {14, 76, 295, 60}, forms::TextBox::Lines::Many};
+    forms::Label Label4{*this, L"Label4", {7, 145, 302, 9}, L"Ignore attachment"};
     forms::Label Label5{
         *this,
         L"Label5",
-        {14, 157, 279, 18},
+        {14, 157, 295, 18},
         L"Do you have a Business Card (vCard) etc in your emails that stops Attachment Sentry "
         L"from working i.e. Attachment sentry thinks your vCard is your attachment?"};
     forms::CheckBox chkIgnoreAttach{
-        *this, L"chkIgnoreAttach", {14, 178, 279, 11}, L"Ignore attachments with specific names"};
+        *this, L"chkIgnoreAttach", {14, 178, 295, 11}, L"Ignore attachments with specific names"};
     forms::Label lblAttachContent{
         *this,
         L"lblAttachContent",
-        {14, 193, 279, 18},
+        {14, 193, 295, 18},
         L"Enter the full name of the vCard, etc that you want attachment sentry to ignore "
         L"when scanning for the attachments: "};
-    forms::TextBox txtIgnoreAttach{*this, L"txtIgnoreAttach", {14, 214, 279, 13}};
-    forms::Button cmdSave{*this, L"cmdSave", {189, 235, 50, 14}, L"Save", forms::Button::Role::Default};
-    forms::Button cmdCancel{*this, L"cmdCancel", {243, 235, 50, 14}, L"Cancel", forms::Button::Role::Cancel};
+    forms::TextBox txtIgnoreAttach{*this, L"txtIgnoreAttach", {14, 214, 295, 13}};
+    forms::Button cmdSave{*this, L"cmdSave", {205, 235, 50, 14}, L"Save", forms::Button::Role::Default};
+    forms::Button cmdCancel{*this, L"cmdCancel", {259, 235, 50, 14}, L"Cancel", forms::Button::Role::Cancel};
 };

@@ -1,13 +1,14 @@
+#include <algorithm>
 #include <optional>
 
 #include "checks/KeywordFinder.h"
 #include "checks/basVeltro.h"
-#include "checks/prompts.h"
 #include "checks/quotedHeader.h"
 #include "mail/SafeItems.h"
 #include "mail/errorTrap.h"
 #include "platform/text.h"
 #include "settings/modRegKeys.h"
+#include "settings/prompts.h"
 
 namespace basVeltro {
 
@@ -15,16 +16,17 @@ namespace {
 
 using basGlobals::Globals;
 
+constexpr wchar_t nonBreakingSpace = 0xA0;
+
 constexpr wchar_t question[] =
     L"The text of this email indicates that you may have intended to send it with attachments.\r\n\r\n"
     L"However no files were attached.\r\n\r\n"
     L"Do you want to send this e-mail without attachments?";
 
-std::wstring folded(std::wstring text) {
-    for (wchar_t& character : text) {
-        character = KeywordFinder::folded(character);
-    }
-    return text;
+std::wstring folded(std::wstring_view text) {
+    std::wstring result = text::upper(text);
+    std::ranges::replace(result, nonBreakingSpace, L' ');
+    return result;
 }
 
 /// The subject and what the user wrote above the message being answered.
@@ -42,7 +44,7 @@ std::wstring withoutIgnoredText(const Globals& globals, std::wstring text) {
         return text;
     }
     const std::wstring ignored(text::trim(modRegKeys::IgnoreTextValue.read(globals)));
-    return text::replaceAll(folded(std::move(text)), folded(ignored), L" ");
+    return text::replaceAll(folded(text), folded(ignored), L" ");
 }
 
 bool promisesAttachment(const Globals& globals, const redemption::SafeItem& mail) {
@@ -59,7 +61,10 @@ class AttachmentFilter {
           ignoredNames_(modRegKeys::IgnoreAttachValue.read(globals)) {}
 
     bool counts(const redemption::Attachment& attachment) {
-        return !isInlinePicture(attachment.contentId()) && !isIgnored(attachment);
+        // One whose id cannot be read is no picture inside the text.
+        const std::wstring contentId =
+            basGlobals::attempt([&] { return attachment.contentId(); }).value_or(L"");
+        return !isInlinePicture(contentId) && !isIgnored(attachment);
     }
 
   private:

@@ -1,9 +1,9 @@
 #include "checks/basVeltro.h"
 #include "checks/frmNoSubject.h"
-#include "checks/prompts.h"
 #include "mail/errorTrap.h"
 #include "platform/text.h"
 #include "settings/modRegKeys.h"
+#include "settings/prompts.h"
 
 namespace basVeltro {
 

@@ -1,44 +1,9 @@
 #include "host/LocalTime.h"
 
 #include <chrono>
-#include <cmath>
 #include <cstdio>
 
 namespace host {
-
-namespace {
-
-constexpr std::chrono::sys_days dayZero =
-    std::chrono::year(1899) / std::chrono::December / std::chrono::day(30);
-constexpr int secondsPerDay = 86400;
-
-}  // namespace
-
-automation::Date toDate(const CivilTime& time) {
-    const std::chrono::sys_days day =
-        std::chrono::year(time.year) / std::chrono::month(time.month) / std::chrono::day(time.day);
-    const auto days = static_cast<double>((day - dayZero).count());
-    const double fraction = (time.hour * 3600.0 + time.minute * 60.0 + time.second) / secondsPerDay;
-    // Before day zero the fraction still is the time of day, away from zero.
-    return {days < 0 ? days - fraction : days + fraction};
-}
-
-CivilTime toCivilTime(automation::Date date) {
-    double days = std::trunc(date.days);
-    double seconds = std::round(std::abs(date.days - days) * secondsPerDay);
-    if (seconds >= secondsPerDay) {
-        seconds = 0;
-        days += 1;
-    }
-    const std::chrono::year_month_day day(dayZero + std::chrono::days(static_cast<int>(days)));
-    const int second = static_cast<int>(seconds);
-    return {static_cast<int>(day.year()),
-            static_cast<unsigned>(day.month()),
-            static_cast<unsigned>(day.day()),
-            second / 3600,
-            second / 60 % 60,
-            second % 60};
-}
 
 std::string toIsoTime(automation::Date date) {
     const CivilTime time = toCivilTime(date);

@@ -5,22 +5,13 @@
 #include <string_view>
 
 #include "platform/automation.h"
+#include "platform/civilTime.h"
 
 namespace host {
 
-/// A local time by the calendar; month and day count from 1.
-struct CivilTime {
-    int year = 1899;
-    unsigned month = 12;
-    unsigned day = 30;
-    int hour = 0;
-    int minute = 0;
-    int second = 0;
-};
-
-automation::Date toDate(const CivilTime& time);
-/// Rounded to the second.
-CivilTime toCivilTime(automation::Date date);
+using platform::CivilTime;
+using platform::toCivilTime;
+using platform::toDate;
 
 /// "2024-05-01T09:30:00".
 std::string toIsoTime(automation::Date date);

@@ -148,8 +148,7 @@ constinit const Member<WordApplication> WordApplication::table_[] = {
          [](WordApplication& word, Arguments arguments) {
              const auto& macro = word.world().wordMacro;
              if (!macro) {
-                 throw automation::Error(-2146827284, L"Unable to run the specified macro",
-                                         L"Microsoft Word");
+                 throw automation::Error(1004, L"Unable to run the specified macro", L"Microsoft Word");
              }
              return macro(arguments.text(0), arguments.from(1));
          },

@@ -9,6 +9,17 @@
 
 namespace basGlobals {
 
+/// Why the dialog for an entry of the list of preferred accounts was opened; the numbers are those that the
+/// macros of the Word template take.
+enum class DialogMode {
+    None = 0,
+    Add = 1,
+    Edit = 2,
+    /// The answer that the dialogs of a send have left is not to be acted upon.
+    AnswerIgnored = 3,
+    MissingAccount = 4
+};
+
 /// What the product calls itself and where its maker is found; the resource library supplies it at start-up.
 struct ProductTexts {
     std::wstring title = L"Veltro";
@@ -34,6 +45,15 @@ struct Globals {
     bool googleApps = false;
     /// From the first step of the start-up to its last; stays set when Outlook started without a window.
     bool startingUp = false;
+    /// Set while the add-in itself makes or changes items; the checks of subjects and replies then keep
+    /// quiet.
+    bool suppressed = false;
+    /// Raised by the offer to add an address, on either side of Word's, to stop the send.
+    bool sendCancelled = false;
+    DialogMode dialogMode = DialogMode::None;
+    /// Path of the mailbox folder that holds the list of preferred accounts; empty until it was found or
+    /// made.
+    std::wstring settingsFolder;
 };
 
 }  // namespace basGlobals

@@ -20,6 +20,10 @@ outlook::Collection<Account> Session::accountsInOrder() const {
     return outlook::Collection<Account>(accounts.call(L"GetOrder", mailAccountOrder).toObject());
 }
 
+Account Session::account(const std::wstring& name) const {
+    return Account(object_.get(L"Accounts").toObject().get(L"Item", name).toObject());
+}
+
 std::wstring Session::currentUserType() const {
     return object_.get(L"CurrentUser").toObject().get(L"Type").toText();
 }

@@ -26,6 +26,10 @@ class Account : public outlook::Front {
   public:
     using Front::Front;
     std::int32_t type() const { return object_.get(L"AccountType").toInteger(); }
+    std::wstring name() const { return object_.get(L"Name").toText(); }
+    /// What marks an item as one to be sent with this account.
+    std::wstring stamp() const { return object_.get(L"Stamp").toText(); }
+    std::wstring sendStamp() const { return object_.get(L"Fields", tag::accountSendStamp).toText(); }
     /// Fails for accounts that are no Internet accounts.
     std::wstring smtpAddress() const { return object_.get(L"SMTPAddress").toText(); }
 };
@@ -40,9 +44,15 @@ class Session : public outlook::Front {
         return outlook::Collection<Store>(object_.get(L"Stores").toObject());
     }
     outlook::Collection<Account> accountsInOrder() const;
+    /// The profile's account of this name; letter case does not count. Throws automation::Error when there is
+    /// none.
+    Account account(const std::wstring& name) const;
     std::wstring currentUserType() const;
     automation::Object message(const std::wstring& entryId) const {
         return object_.call(L"GetMessageFromID", entryId).toObject();
+    }
+    automation::Object message(const std::wstring& entryId, const std::wstring& storeId) const {
+        return object_.call(L"GetMessageFromID", entryId, storeId).toObject();
     }
 };
 

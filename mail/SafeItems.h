@@ -22,20 +22,31 @@ namespace tag {
 constexpr std::int32_t of(std::uint32_t tag) {
     return static_cast<std::int32_t>(tag);
 }
+/// Of an account: what its items' send-account properties hold.
+inline constexpr std::int32_t accountSendStamp = of(0x000E001F);
 inline constexpr std::int32_t onBehalfAddressType = of(0x0064001E);
 inline constexpr std::int32_t onBehalfAddress = of(0x0065001E);
 inline constexpr std::int32_t senderAddressType = of(0x0C1E001E);
+inline constexpr std::int32_t deliveryTime = of(0x0E060040);
+inline constexpr std::int32_t primarySendAccount = of(0x0E28001E);
+inline constexpr std::int32_t nextSendAccount = of(0x0E29001E);
 inline constexpr std::int32_t attachContentId = of(0x3712001E);
 inline constexpr std::int32_t proxyAddresses = of(0x800F101E);
+/// In the range of named properties, yet fixed: items carry them under these numbers whatever the store.
+inline constexpr std::int32_t itemAccountName = of(0x812C001E);
+inline constexpr std::int32_t itemAccountStamp = of(0x812D001E);
 }  // namespace tag
 
 class AddressEntry : public outlook::Front {
   public:
     using Front::Front;
+    std::wstring name() const { return object_.get(L"Name").toText(); }
     /// "SMTP", "EX", "MAPIPDL" or another provider's name.
     std::wstring type() const { return object_.get(L"Type").toText(); }
     std::wstring address() const { return object_.get(L"Address").toText(); }
     std::wstring smtpAddress() const { return object_.get(L"SMTPAddress").toText(); }
+    /// 0 a user, 1 a distribution list, 5 a personal distribution list.
+    std::int32_t displayType() const { return object_.get(L"DisplayType").toInteger(); }
     automation::Value field(std::int32_t tag) const { return object_.get(L"Fields", tag); }
     /// Nothing unless the entry is a distribution list.
     automation::Object members() const { return object_.get(L"Members").toObject(); }
@@ -44,7 +55,9 @@ class AddressEntry : public outlook::Front {
 class Recipient : public outlook::Front {
   public:
     using Front::Front;
+    std::wstring name() const { return object_.get(L"Name").toText(); }
     AddressEntry addressEntry() const { return AddressEntry(object_.get(L"AddressEntry").toObject()); }
+    void remove() const { object_.call(L"Delete"); }
     bool resolved() const { return object_.get(L"Resolved").toBool(); }
     bool resolve() const { return object_.call(L"Resolve").toBool(); }
 };
@@ -70,7 +83,9 @@ class SafeItem : public outlook::Front {
         : SafeItem(automation, progId::safeMailItem, mail) {}
 
     std::wstring subject() const { return object_.get(L"Subject").toText(); }
+    std::wstring to() const { return object_.get(L"To").toText(); }
     std::wstring body() const { return object_.get(L"Body").toText(); }
+    void setBody(std::wstring_view body) const { object_.put(L"Body", body); }
     std::wstring htmlBody() const { return object_.get(L"HTMLBody").toText(); }
     AddressEntry sender() const { return AddressEntry(object_.get(L"Sender").toObject()); }
     outlook::Collection<Attachment> attachments() const {
@@ -79,7 +94,17 @@ class SafeItem : public outlook::Front {
     outlook::Collection<Recipient> recipients() const {
         return outlook::Collection<Recipient>(object_.get(L"Recipients").toObject());
     }
+    outlook::Collection<Recipient> replyRecipients() const {
+        return outlook::Collection<Recipient>(object_.get(L"ReplyRecipients").toObject());
+    }
+    std::wstring senderEmailAddress() const { return object_.get(L"SenderEmailAddress").toText(); }
+    automation::Date deferredDeliveryTime() const { return object_.get(L"DeferredDeliveryTime").toDate(); }
+    void setDeferredDeliveryTime(automation::Date time) const { object_.put(L"DeferredDeliveryTime", time); }
     automation::Value field(std::int32_t tag) const { return object_.get(L"Fields", tag); }
+    /// An empty value takes the property off the item.
+    void setField(std::int32_t tag, const automation::Value& value) const {
+        object_.put(L"Fields", tag, value);
+    }
     void save() const { object_.call(L"Save"); }
 };
 

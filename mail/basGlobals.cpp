@@ -71,17 +71,6 @@ std::wstring onBehalfAddress(Globals& globals, const outlook::Item& item) {
                                                    : std::wstring();
 }
 
-std::wstring entryAddress(const AddressEntry& entry) {
-    const std::wstring type = entry.type();
-    if (text::equalsIgnoringCase(type, L"EX")) {
-        return exchangeAddress(entry);
-    }
-    if (text::equalsIgnoringCase(type, L"MAPIPDL")) {
-        return distributionListAddress;
-    }
-    return entry.address();
-}
-
 void showUnresolved(Globals& globals, const std::wstring& title) {
     globals.platform.desktop.messageBox(unresolvedMessage, {}, title);
 }
@@ -138,6 +127,31 @@ std::wstring RecipientEmail(Globals& globals, const redemption::Recipient& recip
         return entryAddress(recipient.addressEntry());
     };
     return attempt(read).value_or(L"");
+}
+
+std::wstring entryAddress(const AddressEntry& entry) {
+    const std::wstring type = entry.type();
+    if (text::equalsIgnoringCase(type, L"EX")) {
+        return exchangeAddress(entry);
+    }
+    if (text::equalsIgnoringCase(type, L"MAPIPDL")) {
+        return distributionListAddress;
+    }
+    return entry.address();
+}
+
+std::optional<std::wstring> findRecipientAddress(Globals& globals, const redemption::SafeItem& mail,
+                                                 const std::function<bool(const std::wstring&)>& wanted) {
+    const MapiCleanUp cleanUp(globals.platform.automation);
+    const auto recipients = mail.recipients();
+    const std::int32_t count = recipients.count();
+    for (std::int32_t index = 1; index <= count; ++index) {
+        const auto address = attempt([&] { return entryAddress(recipients.item(index).addressEntry()); });
+        if (address && !address->empty() && *address != distributionListAddress && wanted(*address)) {
+            return address;
+        }
+    }
+    return std::nullopt;
 }
 
 bool GoogleAppConnected(Globals& globals) {

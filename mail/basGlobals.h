@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+#include <optional>
 #include <string>
 
 #include "mail/Globals.h"
@@ -35,6 +37,14 @@ inline constexpr wchar_t distributionListAddress[] = L"General";
 /// The SMTP address of a recipient, or distributionListAddress.
 std::wstring RecipientEmail(Globals& globals, const redemption::Recipient& recipient,
                             RecipientOptions options = {});
+
+/// The SMTP address behind an address entry, as RecipientEmail gives it. Throws automation::Error.
+std::wstring entryAddress(const redemption::AddressEntry& entry);
+
+/// The first SMTP address among the mail's recipients that `wanted` accepts. Unknown addresses and lists,
+/// which have none, are passed over. Throws automation::Error when the recipients cannot be listed.
+std::optional<std::wstring> findRecipientAddress(Globals& globals, const redemption::SafeItem& mail,
+                                                 const std::function<bool(const std::wstring&)>& wanted);
 
 /// True when one of the profile's stores belongs to Google Apps.
 bool GoogleAppConnected(Globals& globals);

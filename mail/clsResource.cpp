@@ -48,7 +48,7 @@ std::vector<std::uint8_t> loadData(platform::ResourceLibrary* library, std::uint
 void clsResource::setLibraryFilePath(const std::wstring& path) {
     path_ = path;
     std::error_code ignored;
-    if (!std::filesystem::exists(platform::filePath(path), ignored)) {
+    if (!std::filesystem::is_regular_file(platform::filePath(path), ignored)) {
         return;
     }
     std::uint32_t systemError = 0;

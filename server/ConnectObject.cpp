@@ -115,11 +115,14 @@ STDMETHODIMP ConnectObject::OnConnection(IDispatch* application, ConnectMode mod
         if (session_) {
             return S_OK;  // Connected once is connected.
         }
-        session_ = std::make_unique<Session>();
-        auto& exporter = session_->world.exporter();
+        // Kept here too: Outlook may disconnect the add-in while it starts up.
+        const auto session = std::make_shared<Session>();
+        session_ = session;
+        auto& exporter = session->world.exporter();
+        exporter.keepDuringEvents(session);
         try {
-            session_->addIn.OnConnection(exporter.toObject(application), static_cast<int>(mode),
-                                         exporter.toObject(addInInstance));
+            session->addIn.OnConnection(exporter.toObject(application), static_cast<int>(mode),
+                                        exporter.toObject(addInInstance));
         } catch (const std::exception&) {
             // What was started goes on working; Outlook, told of the failure, would unload the add-in and not
             // load it again.
@@ -132,7 +135,7 @@ STDMETHODIMP ConnectObject::OnDisconnection(RemoveMode mode, SAFEARRAY**) {
     const ComPtr<IUnknown> self(identity());
     return guarded([&] {
         // Gone at the end, whatever happens: after this call Outlook's objects fail.
-        const std::unique_ptr<Session> session = std::move(session_);
+        const std::shared_ptr<Session> session = std::move(session_);
         if (session) {
             session->addIn.OnDisconnection(static_cast<int>(mode));
         }

@@ -34,7 +34,7 @@ class ConnectObject final : public platform::windows::DispatchObject<platform::w
     ~ConnectObject() override;
     void* find(REFIID id) noexcept override;
 
-    std::unique_ptr<Session> session_;
+    std::shared_ptr<Session> session_;
 };
 
 }  // namespace server

@@ -12,6 +12,10 @@ namespace basWordMail {
 /// True when the active item window is a Word window.
 bool editsInWord(const basGlobals::Globals& globals);
 
+/// The Word that edits the item of the active window; its Run runs the template's macros. Throws
+/// automation::Error.
+automation::Object activeWord(const basGlobals::Globals& globals);
+
 /// Runs a macro of the template in the active window's Word with the item and the cancel flag, which the
 /// macro may set. Throws automation::Error.
 void runMacro(const basGlobals::Globals& globals, std::wstring_view macro, const outlook::Item& item,

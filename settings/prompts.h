@@ -5,8 +5,8 @@
 #include "mail/Globals.h"
 #include "platform/forms.h"
 
-/// What the checks show: every prompt and dialog goes through here, so that each is preceded by the alert
-/// sound when the user wants one.
+/// What the checks and the account step show: every prompt and dialog goes through here, so that each is
+/// preceded by the alert sound when the user wants one.
 namespace prompts {
 
 /// Shows the message box titled "<caption> - <product title>" over the window in the foreground.

@@ -1,4 +1,4 @@
-#include "checks/prompts.h"
+#include "settings/prompts.h"
 
 #include "mail/errorTrap.h"
 #include "settings/modRegKeys.h"

@@ -1,4 +1,4 @@
-#include "checks/basWordMail.h"
+#include "mail/basWordMail.h"
 
 #include "mail/SafeItems.h"
 #include "mail/basGlobals.h"
@@ -11,14 +11,17 @@ bool editsInWord(const basGlobals::Globals& globals) {
            globals.outlook.activeInspector().editorType() == outlook::editorWord;
 }
 
-void runMacro(const basGlobals::Globals& globals, std::wstring_view macro, const outlook::Item& item,
-              bool& cancel) {
+automation::Object activeWord(const basGlobals::Globals& globals) {
     const automation::Object safe =
         globals.platform.automation.createObject(redemption::progId::safeInspector);
     safe.put(L"Item", globals.outlook.activeInspector().object());
-    const automation::Object word = safe.get(L"WordEditor").toObject().get(L"Application").toObject();
+    return safe.get(L"WordEditor").toObject().get(L"Application").toObject();
+}
+
+void runMacro(const basGlobals::Globals& globals, std::wstring_view macro, const outlook::Item& item,
+              bool& cancel) {
     automation::Value cancelled = cancel;
-    word.call(L"Run", macro, item.object(), automation::Value::reference(cancelled));
+    activeWord(globals).call(L"Run", macro, item.object(), automation::Value::reference(cancelled));
     cancel = cancelled.toBool();
 }
 

@@ -1,0 +1,46 @@
+#include "addin/OutAddIn.h"
+#include "checks/basVeltro.h"
+#include "mail/SafeItems.h"
+#include "mail/basGlobals.h"
+#include "mail/basWordMail.h"
+#include "mail/errorTrap.h"
+
+/// The stage of a send that Outlook's application raises, after the item's own.
+namespace {
+
+using basGlobals::Globals;
+
+/// A send by another program has no window that could be activated; it is none of the add-in's business.
+bool hasWindow(Globals& globals) {
+    return basGlobals::skipErrors([&] {
+        if (!globals.outlook) {
+            globals.outlook =
+                outlook::Application(globals.platform.automation.createObject(L"Outlook.Application"));
+        }
+        globals.outlook.activeInspector().activate();
+    });
+}
+
+void delaySending(Globals& globals, const outlook::Item& item, bool& cancel) {
+    if (basGlobals::itemUnreadable(item)) {
+        return;
+    }
+    if (!basWordMail::editsInWord(globals)) {
+        basVeltro::vtDelayEmailSending(globals, item, cancel);
+    } else if (basGlobals::OutlookMajorVersion(globals) != L"9") {
+        basGlobals::skipErrors(
+            [&] { basWordMail::runMacro(globals, L"vtDelayEmailSendingWord", item, cancel); });
+    }
+}
+
+}  // namespace
+
+void OutAddIn::objOutlook_ItemSend(const outlook::Item& item, bool& cancel) {
+    if (!hasWindow(globals_) || item.itemClass() != outlook::itemClass::mail || cancel) {
+        return;
+    }
+    basVeltro::confirmSend(globals_, item, cancel);
+    if (!cancel) {
+        delaySending(globals_, item, cancel);
+    }
+}

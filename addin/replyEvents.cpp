@@ -1,0 +1,71 @@
+#include "addin/replyEvents.h"
+
+#include "addin/eventArguments.h"
+#include "checks/basVeltro.h"
+#include "checks/pruneReply.h"
+#include "mail/basGlobals.h"
+#include "mail/errorTrap.h"
+
+namespace replyEvents {
+
+namespace {
+
+using basGlobals::Globals;
+
+void checkSubject(Globals& globals, const outlook::Item& answered, const outlook::Item& response) {
+    basVeltro::vtOldSubject(globals, answered, response);
+    basVeltro::vtRemoveSpamMarks(globals, response);
+}
+
+}  // namespace
+
+void reply(Globals& globals, const outlook::Item& answered, const outlook::Item& response, bool& cancel) {
+    checkSubject(globals, answered, response);
+    basVeltro::AnsweredMail mail(globals, answered);
+    basVeltro::vtReplyCheck(globals, mail, response, cancel);
+}
+
+void replyAll(Globals& globals, const outlook::Item& answered, const outlook::Item& response, bool& cancel) {
+    if (cancel) {
+        return;
+    }
+    checkSubject(globals, answered, response);
+    basVeltro::AnsweredMail mail(globals, answered);
+    basVeltro::vtReplyAllCheck(globals, mail, response, cancel);
+    if (!cancel) {
+        basVeltro::pruneReply(globals, mail, response);
+    }
+}
+
+void forward(Globals& globals, const outlook::Item& /*forwarded*/, const outlook::Item& response,
+             bool& cancel) {
+    if (!cancel) {
+        basVeltro::vtRemoveSpamMarks(globals, response);
+    }
+}
+
+bool isAnswer(std::int32_t event) {
+    namespace events = outlook::events;
+    return event == events::itemReply || event == events::itemReplyAll || event == events::itemForward;
+}
+
+void handle(Globals& globals, const outlook::Item& item, std::int32_t event,
+            std::span<automation::Value> arguments) {
+    namespace events = outlook::events;
+    if (!isAnswer(event) || basGlobals::itemUnreadable(item)) {
+        return;
+    }
+    basGlobals::skipErrors([&] {
+        const outlook::Item response(eventArguments::at(arguments, 0).toObject());
+        eventArguments::Cancel cancel(eventArguments::at(arguments, 1));
+        if (!response) {
+            return;
+        }
+        const auto handler = event == events::itemReply      ? reply
+                             : event == events::itemReplyAll ? replyAll
+                                                             : forward;
+        handler(globals, item, response, cancel.flag());
+    });
+}
+
+}  // namespace replyEvents

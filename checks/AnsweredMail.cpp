@@ -1,0 +1,110 @@
+#include "checks/AnsweredMail.h"
+
+#include "checks/ownAddresses.h"
+#include "mail/MapiSession.h"
+#include "mail/basGlobals.h"
+#include "mail/errorTrap.h"
+#include "platform/text.h"
+
+namespace basVeltro {
+
+namespace {
+
+constexpr std::int32_t exchangeList = 1;
+constexpr std::int32_t personalList = 5;
+
+void readEntry(const redemption::AddressEntry& entry, MailRecipient& read) {
+    const std::int32_t displayType = entry.displayType();
+    read.address = basGlobals::entryAddress(entry);
+    read.rawAddress = entry.address();
+    read.exchange = text::equalsIgnoringCase(entry.type(), L"EX");
+    if (read.exchange) {
+        read.name = entry.name();
+    }
+    read.list = displayType == exchangeList || displayType == personalList ||
+                read.address == basGlobals::distributionListAddress;
+}
+
+MailRecipient readRecipient(const redemption::Recipient& recipient) {
+    MailRecipient read;
+    basGlobals::skipErrors([&] { read.name = recipient.name(); });
+    // Fails for one that was never resolved.
+    read.unknown = !basGlobals::skipErrors([&] { readEntry(recipient.addressEntry(), read); });
+    return read;
+}
+
+}  // namespace
+
+bool MailRecipient::hasAddress() const {
+    return !address.empty() && address != basGlobals::distributionListAddress;
+}
+
+std::wstring MailRecipient::shown() const {
+    const std::wstring shownName = (exchange ? L"Exchange " : L"") + name;
+    if (!hasAddress()) {
+        return shownName;
+    }
+    if (!exchange && (name.empty() || text::equalsIgnoringCase(name, address))) {
+        return address;
+    }
+    return shownName + L" (" + address + L")";
+}
+
+std::wstring MailRecipient::identity() const {
+    return text::upper(text::trim(hasAddress() ? address : name));
+}
+
+std::vector<MailRecipient> readRecipients(basGlobals::Globals& globals, const redemption::SafeItem& mail) {
+    const redemption::MapiCleanUp cleanUp(globals.platform.automation);
+    const auto recipients = mail.recipients();
+    const std::int32_t count = recipients.count();
+    std::vector<MailRecipient> all;
+    for (std::int32_t index = 1; index <= count; ++index) {
+        all.push_back(readRecipient(recipients.item(index)));
+    }
+    return all;
+}
+
+OwnAddresses::OwnAddresses(std::wstring_view addresses) {
+    for (const std::wstring_view address : text::split(addresses, L';')) {
+        addresses_.insert(text::upper(text::trim(address)));
+    }
+    addresses_.erase(L"");
+}
+
+bool OwnAddresses::contains(std::wstring_view address) const {
+    return addresses_.contains(text::upper(text::trim(address)));
+}
+
+const redemption::SafeItem& AnsweredMail::safe() {
+    if (!safe_) {
+        safe_.emplace(globals_.platform.automation, item_);
+    }
+    return *safe_;
+}
+
+const std::vector<MailRecipient>& AnsweredMail::recipients() {
+    if (!recipients_) {
+        recipients_ = readRecipients(globals_, safe());
+    }
+    return *recipients_;
+}
+
+const std::wstring& AnsweredMail::sender() {
+    if (!sender_) {
+        sender_ = basGlobals::SenderEmail(globals_, item_);
+    }
+    return *sender_;
+}
+
+const std::optional<OwnAddresses>& AnsweredMail::ownAddresses() {
+    if (!ownAddressesRead_) {
+        ownAddressesRead_ = true;
+        if (const auto addresses = vtGetUserEmails(globals_)) {
+            ownAddresses_.emplace(*addresses);
+        }
+    }
+    return ownAddresses_;
+}
+
+}  // namespace basVeltro

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "mail/Globals.h"
+#include "mail/SafeItems.h"
+
+namespace basVeltro {
+
+/// A recipient as the checks see it.
+struct MailRecipient {
+    std::wstring name;
+    /// The SMTP address; basGlobals::distributionListAddress for a personal list; empty when unknown.
+    std::wstring address;
+    /// The address in the form of its own address book.
+    std::wstring rawAddress;
+    bool exchange = false;
+    bool list = false;
+    /// Not resolved, or not to be read: nothing but the name is known.
+    bool unknown = false;
+
+    /// As lists show it: name and address.
+    std::wstring shown() const;
+    /// False for a list and for one whose address is unknown.
+    bool hasAddress() const;
+    /// What tells it from other recipients: the SMTP address in upper case, or the name of a list.
+    std::wstring identity() const;
+};
+
+/// All recipients of a mail in their order, each resolved once; one that cannot be read is unknown. Throws
+/// automation::Error when the recipients cannot be listed.
+std::vector<MailRecipient> readRecipients(basGlobals::Globals& globals, const redemption::SafeItem& mail);
+
+/// The user's own addresses.
+class OwnAddresses {
+  public:
+    /// From a ";"-separated text.
+    explicit OwnAddresses(std::wstring_view addresses);
+
+    bool empty() const { return addresses_.empty(); }
+    /// Blanks and letter case do not count. An unknown address, an empty one, is nobody's.
+    bool contains(std::wstring_view address) const;
+
+  private:
+    std::set<std::wstring> addresses_;
+};
+
+/// The mail being answered, during one event: what was read of it is kept, so that each recipient is resolved
+/// once however many checks ask.
+class AnsweredMail {
+  public:
+    AnsweredMail(basGlobals::Globals& globals, const outlook::Item& item) : globals_(globals), item_(item) {}
+
+    const outlook::Item& item() const { return item_; }
+    /// These throw automation::Error.
+    const redemption::SafeItem& safe();
+    const std::vector<MailRecipient>& recipients();
+    const std::wstring& sender();
+    /// Nothing when they cannot be found out, which was reported.
+    const std::optional<OwnAddresses>& ownAddresses();
+
+  private:
+    basGlobals::Globals& globals_;
+    outlook::Item item_;
+    std::optional<redemption::SafeItem> safe_;
+    std::optional<std::vector<MailRecipient>> recipients_;
+    std::optional<std::wstring> sender_;
+    bool ownAddressesRead_ = false;
+    std::optional<OwnAddresses> ownAddresses_;
+};
+
+}  // namespace basVeltro

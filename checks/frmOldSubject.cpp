@@ -1,0 +1,16 @@
+#include "checks/frmOldSubject.h"
+
+#include "settings/prompts.h"
+
+frmOldSubject::frmOldSubject(const basGlobals::Globals& globals, const std::wstring& days,
+                             const std::wstring& subject)
+    : Form(L"frmOldSubject", prompts::titled(globals, L"Is the Subject to this email correct?"), 274, 97) {
+    lblLine1.setCaption(L"You are replying to an email that is more than " + days + L" days old.");
+    txtSubject.setText(subject);
+    cmdOK.onClick = [this] { cmdOK_Click(); };
+}
+
+void frmOldSubject::cmdOK_Click() {
+    confirmed_ = true;
+    hide();
+}

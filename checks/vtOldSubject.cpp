@@ -1,0 +1,50 @@
+#include <cmath>
+
+#include "checks/basVeltro.h"
+#include "checks/frmOldSubject.h"
+#include "mail/SafeItems.h"
+#include "mail/errorTrap.h"
+#include "platform/number.h"
+#include "settings/modRegKeys.h"
+#include "settings/prompts.h"
+
+namespace basVeltro {
+
+namespace {
+
+using basGlobals::Globals;
+
+/// The number of midnights since the mail was delivered; 0 for one that never was.
+double ageInDays(const Globals& globals, const outlook::Item& answered) {
+    const redemption::SafeItem mail(globals.platform.automation, answered);
+    const automation::Value delivered = mail.field(redemption::tag::deliveryTime);
+    if (delivered.isEmpty()) {
+        return 0;
+    }
+    return std::floor(globals.platform.clock.now().days) - std::floor(delivered.toDate().days);
+}
+
+}  // namespace
+
+std::wstring vtOldSubject(Globals& globals, const outlook::Item& answered, const outlook::Item& reply) {
+    std::wstring result = noSubjectChange;
+    basGlobals::trapErrors(globals, basGlobals::ErrorReport::usual(L"basVeltro.vtOldSubject"), [&] {
+        if (globals.suppressed || !modRegKeys::PromptReplyOnOlderEmails.read(globals)) {
+            return;
+        }
+        const std::wstring days = modRegKeys::OldEmailDays.read(globals);
+        if (ageInDays(globals, answered) <= std::floor(number::leading(days))) {
+            return;
+        }
+        const std::wstring subject = reply.subject();
+        frmOldSubject form(globals, days, subject);
+        prompts::show(globals, form);
+        if (form.confirmed() && form.subject() != subject) {
+            reply.setSubject(form.subject());
+            result = form.subject();
+        }
+    });
+    return result;
+}
+
+}  // namespace basVeltro
