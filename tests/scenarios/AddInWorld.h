@@ -32,6 +32,8 @@ class AddInWorld {
     virtual bool connect() = 0;
     /// `removeMode` 0: Outlook shuts down, 1: the user takes the add-in off.
     virtual void disconnect(int removeMode) = 0;
+    /// The time as the add-in sees it.
+    virtual automation::Date now() = 0;
     virtual std::optional<std::wstring> setting(const std::wstring& key) = 0;
     virtual void set(const std::wstring& key, const std::wstring& value) = 0;
     /// Which prompt found no answer; nothing when all did.
@@ -41,5 +43,5 @@ class AddInWorld {
 };
 
 /// `outlook` and `observer` outlive the world.
-std::unique_ptr<AddInWorld> makeAddInWorld(host::Outlook& outlook, const Given& given,
+std::unique_ptr<AddInWorld> makeAddInWorld(host::Outlook& outlook, const Given& setup,
                                            platform::AnswerList answers, platform::PromptObserver& observer);

@@ -43,7 +43,7 @@ void PromptLog::form(const platform::FormPrompt& prompt, const std::optional<pla
 
 Bench::Bench(Given setup)
     : setup_(withWizardShown(std::move(setup))),
-      outlook_(setup_.profile),
+      outlook_(setup_.profile, [this] { return world_ ? world_->now() : automation::Date{}; }),
       world_(makeAddInWorld(outlook_, setup_, parsed(setup_.answers), log_)) {
     if (setup_.connected) {
         connect();

@@ -40,4 +40,50 @@ TEST(FailingCalls, NeverCancelASendThatNobodyDenied) {
     }
 }
 
+/// A Reply to All whose user unticks Bob.
+struct Answering {
+    bool opened = false;
+    bool bobDropped = false;
+    bool reported = false;
+    std::size_t calls = 0;
+};
+
+Answering replyAll(std::size_t failing) {
+    Given given{.settings = {{L"PromptReplyOnOlderEmails", L"False"}}};
+    given.answers = std::vector<std::wstring>(20, L"Veltro=OK");
+    given.answers.insert(given.answers.end(),
+                         {L"BCCed e-mail=Yes", L"frmReplyMultRecipt=lstRecipients=2; cmdOK"});
+    Bench bench(given);
+    host::Message message = plainMail();
+    message.from = host::Address{.name = L"Ann", .address = L"ann@example.com"};
+    message.to.push_back({.name = L"Me", .address = L"me@example.org"});
+    const auto item = bench.outlook().receive(message);
+    bench.outlook().select(bench.outlook().explorers().front(), {item});
+    const std::size_t before = bench.outlook().calls();
+    bench.outlook().failCall(failing);
+    const auto outcome = bench.outlook().replyAll(item);
+    bench.outlook().failCall(0);
+    Answering answering{.opened = outcome.opened, .calls = bench.outlook().calls() - before};
+    if (outcome.opened) {
+        answering.bobDropped =
+            std::ranges::none_of(bench.outlook().view(outcome.item).recipients,
+                                 [](const auto& recipient) { return recipient.address.name == L"Bob"; });
+    }
+    const auto names = bench.promptNames();
+    // Without the dialog nobody asked for Bob to be dropped.
+    answering.reported = std::ranges::find(names, L"Veltro") != names.end() ||
+                         std::ranges::find(names, L"frmReplyMultRecipt") == names.end();
+    return answering;
+}
+
+TEST(FailingCalls, NeverCancelAReplyNorKeepADroppedRecipientSilently) {
+    const Answering whole = replyAll(0);
+    ASSERT_TRUE(whole.opened && whole.bobDropped && !whole.reported);
+    for (std::size_t n = 1; n <= whole.calls; ++n) {
+        const Answering answering = replyAll(n);
+        EXPECT_TRUE(answering.opened) << "call " << n << " of " << whole.calls;
+        EXPECT_TRUE(answering.bobDropped || answering.reported) << "call " << n << " of " << whole.calls;
+    }
+}
+
 }  // namespace

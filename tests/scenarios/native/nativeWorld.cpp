@@ -42,6 +42,7 @@ class NativeWorld : public AddInWorld {
         }
     }
     void disconnect(int removeMode) override { connection_.OnDisconnection(removeMode); }
+    automation::Date now() override { return clock_.now(); }
     std::optional<std::wstring> setting(const std::wstring& key) override { return settings_.read(key); }
     void set(const std::wstring& key, const std::wstring& value) override { settings_.write(key, value); }
     std::optional<std::wstring> unanswered() override { return desktop_.unanswered(); }

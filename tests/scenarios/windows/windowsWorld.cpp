@@ -120,6 +120,7 @@ class WindowsWorld : public AddInWorld {
         }
     }
 
+    automation::Date now() override { return clock_.now(); }
     std::optional<std::wstring> setting(const std::wstring& key) override { return settings_.read(key); }
     void set(const std::wstring& key, const std::wstring& value) override { settings_.write(key, value); }
     std::optional<std::wstring> unanswered() override { return robot_.unanswered(); }
@@ -135,6 +136,7 @@ class WindowsWorld : public AddInWorld {
     host::windows::OutlookServer server_;
     std::size_t shownBefore_;
     host::windows::PrivateUser user_;
+    WindowsClock clock_;
     RegistrySettingsStore settings_;
     platform::AnswerList answers_;
     DialogRobot robot_;

@@ -1,0 +1,110 @@
+#include <gtest/gtest.h>
+
+#include "tests/scenarios/Bench.h"
+
+namespace {
+
+using Settings = std::map<std::wstring, std::wstring>;
+
+const host::Address ann{.name = L"Ann", .address = L"ann@example.com"};
+const host::Address me{.name = L"Me", .address = L"me@example.org"};
+
+host::Message received(std::wstring subject) {
+    host::Message message;
+    message.from = ann;
+    message.to = {me};
+    message.subject = std::move(subject);
+    return message;
+}
+
+automation::Object selected(Bench& bench, const host::Message& message) {
+    const auto item = bench.outlook().receive(message);
+    bench.outlook().select(bench.outlook().explorers().front(), {item});
+    return item;
+}
+
+struct Subject {
+    const char* name;
+    std::wstring subject;
+    std::vector<std::wstring> answers;
+    std::wstring expected;
+    Settings settings = {};
+};
+
+class SpamMarks : public testing::TestWithParam<Subject> {};
+
+TEST_P(SpamMarks, GoFromTheSubjectOfReplyAndForward) {
+    const Subject& given = GetParam();
+    for (const auto kind : {host::ReplyKind::Reply, host::ReplyKind::Forward}) {
+        Bench bench({.settings = given.settings, .answers = given.answers});
+        const auto outcome = bench.outlook().answer(kind, selected(bench, received(given.subject)));
+        const std::wstring prefix = kind == host::ReplyKind::Reply ? L"RE: " : L"FW: ";
+        EXPECT_EQ(bench.outlook().view(outcome.item).subject, prefix + given.expected);
+        EXPECT_EQ(bench.prompts().size(), given.answers.size());
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Subjects, SpamMarks,
+    testing::Values(Subject{"None", L"Budget", {}, L"Budget"},
+                    Subject{"Yes", L"SPAM-LOW: Budget", {L"frmRemoveSpam=cmdYes"}, L"Budget"},
+                    Subject{"No", L"SPAM-LOW: Budget", {L"frmRemoveSpam=cmdNo"}, L"SPAM-LOW: Budget"},
+                    Subject{"AnyCaseAnywhere", L"a Spam-Med: b", {L"frmRemoveSpam=cmdYes"}, L"a  b"},
+                    Subject{"WithoutAsking", L"SPAM-HIGH: x", {}, L"x", {{L"AutoRemoveSpamWords", L"1"}}},
+                    Subject{
+                        "SwitchedOff", L"SPAM-LOW: x", {}, L"SPAM-LOW: x", {{L"RemoveSpamWords", L"False"}}},
+                    Subject{"NoPhrases", L"SPAM-LOW: x", {}, L"SPAM-LOW: x", {{L"SpamKeyWords", L""}}}),
+    [](const auto& test) { return test.param.name; });
+
+TEST(SpamMarksDialog, TakesTheEditedSubjectAndCanBeSwitchedOff) {
+    Bench bench({.answers = {L"frmRemoveSpam=txtNewSubject= RE: Figures ; chkAutoCorrect=1; cmdYes"}});
+
+    const auto outcome = bench.outlook().reply(selected(bench, received(L"SPAM-LOW: Budget")));
+
+    EXPECT_EQ(bench.outlook().view(outcome.item).subject, L"RE: Figures");
+    EXPECT_EQ(bench.world().setting(L"AutoRemoveSpamWords"), L"1");
+    const auto& form = bench.prompts().at(0);
+    EXPECT_EQ(form.text, L"Remove Spam Mark Phrases - Veltro");
+    EXPECT_EQ(form.control(L"txtOldSubject").value, L"RE: SPAM-LOW: Budget");
+    EXPECT_EQ(form.control(L"txtNewSubject").value, L"RE: Budget");
+}
+
+TEST(OldMail, IsPromptedOncePastTheLimit) {
+    struct Case {
+        const char* name;
+        double daysAgo;
+        Settings settings;
+        bool asked;
+    };
+    const Case cases[] = {
+        {"28 days", 28, {}, false},
+        {"29 days", 29, {}, true},
+        {"own limit", 3, {{L"OldEmailDays", L"2.9"}}, true},
+        {"bad limit", 28, {{L"OldEmailDays", L"soon"}}, false},
+        {"limit beyond 32 bits", 400, {{L"OldEmailDays", L"99999999999"}}, false},
+        {"switched off", 400, {{L"PromptReplyOnOlderEmails", L"False"}}, false},
+    };
+    for (const Case& given : cases) {
+        Bench bench({.settings = given.settings, .answers = {L"frmOldSubject=txtSubject=RE: New; cmdOK"}});
+        host::Message message = received(L"Budget");
+        message.deliveryTime = automation::Date{bench.world().now().days - given.daysAgo};
+        const auto outcome = bench.outlook().reply(selected(bench, message));
+        EXPECT_EQ(bench.prompts().size(), given.asked ? 1U : 0U) << given.name;
+        EXPECT_EQ(bench.outlook().view(outcome.item).subject, given.asked ? L"RE: New" : L"RE: Budget")
+            << given.name;
+    }
+}
+
+TEST(OldMail, PromptNamesTheLimit) {
+    Bench bench({.answers = {L"frmOldSubject=cmdOK"}});
+    host::Message message = received(L"Budget");
+    message.deliveryTime = automation::Date{36526};
+    bench.outlook().reply(selected(bench, message));
+    const auto& form = bench.prompts().at(0);
+    EXPECT_EQ(form.text, L"Is the Subject to this email correct? - Veltro");
+    EXPECT_EQ(form.control(L"lblLine1").caption,
+              L"You are replying to an email that is more than 28 days old.");
+    EXPECT_EQ(form.control(L"txtSubject").value, L"RE: Budget");
+}
+
+}  // namespace

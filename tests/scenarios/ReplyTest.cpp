@@ -1,0 +1,289 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "tests/scenarios/Bench.h"
+
+namespace {
+
+using Names = std::vector<std::wstring>;
+
+const host::Address ann{.name = L"Ann", .address = L"ann@example.com"};
+const host::Address bob{.name = L"Bob", .address = L"bob@example.com"};
+const host::Address me{.name = L"Me", .address = L"ME@example.org"};
+const host::Address team{.name = L"Team", .address = L"team", .type = L"MAPIPDL", .members = {me}};
+const host::Address carl{.name = L"Carl",
+                         .address = L"/o=x/cn=carl",
+                         .type = L"EX",
+                         .proxies = {L"SMTP:carl@example.com"},
+                         .smtpAddress = L"carl@example.com"};
+
+/// A mail from Ann that was received today.
+host::Message mailTo(std::vector<host::Address> to, std::vector<host::Address> cc = {}) {
+    host::Message message;
+    message.from = ann;
+    message.to = std::move(to);
+    message.cc = std::move(cc);
+    message.subject = L"Budget";
+    message.body = L"See you.";
+    return message;
+}
+
+/// Nothing but what a test asks for.
+std::map<std::wstring, std::wstring> quiet(std::map<std::wstring, std::wstring> settings) {
+    for (const wchar_t* flag : {L"ReplyALL_BCC", L"ReplyAllAny", L"ReplyAllAutoRemove", L"ReplyMultiple"}) {
+        settings.emplace(flag, L"False");
+    }
+    return settings;
+}
+
+/// Selects the mail in the main window, where the button is pressed.
+automation::Object selected(Bench& bench, const host::Message& message) {
+    const auto item = bench.outlook().receive(message);
+    bench.outlook().select(bench.outlook().explorers().front(), {item});
+    return item;
+}
+
+Names namesOf(Bench& bench, const automation::Object& item) {
+    Names names;
+    for (const auto& recipient : bench.outlook().view(item).recipients) {
+        names.push_back(recipient.address.name);
+    }
+    return names;
+}
+
+struct BlindCopy {
+    const char* name;
+    host::Message mail;
+    std::map<std::wstring, std::wstring> settings;
+    bool warned;
+    const wchar_t* wording = L"";
+};
+
+class BlindCopyWarning : public testing::TestWithParam<BlindCopy> {};
+
+TEST_P(BlindCopyWarning, ComesWhenTheUserIsNotToBeSeen) {
+    const BlindCopy& given = GetParam();
+    for (const bool yes : {true, false}) {
+        auto settings = given.settings;
+        settings.emplace(L"ReplyALL_BCC", L"True");
+        Bench bench(
+            {.settings = quiet(settings), .answers = {yes ? L"BCCed e-mail=Yes" : L"BCCed e-mail=No"}});
+
+        const auto outcome = bench.outlook().replyAll(selected(bench, given.mail));
+
+        EXPECT_EQ(outcome.opened, yes || !given.warned);
+        ASSERT_EQ(bench.prompts().size(), given.warned ? 1U : 0U);
+        if (given.warned) {
+            const auto& prompt = bench.prompts()[0];
+            EXPECT_EQ(prompt.where, L"BCCed e-mail - Veltro");
+            EXPECT_EQ(prompt.style.buttons, platform::Buttons::YesNo);
+            EXPECT_EQ(prompt.text,
+                      std::wstring(L"You clicked Reply to All.\r\n\r\n") + given.wording +
+                          L"\r\n\r\nA Reply to All means that all recipients will become aware that you "
+                          L"also received a copy of the email.\r\n\r\nDo you want to do a Reply to All to "
+                          L"this e-mail?");
+        }
+    }
+}
+
+constexpr wchar_t appears[] =
+    L"It appears that you were BCCed on this e-mail as your e-mail address could not be found on the list of "
+    L"recipients!";
+constexpr wchar_t may[] =
+    L"You do not APPEAR to be in the addresses of this email, therefore you MAY be BCCed on this email!";
+
+host::Message sentByMe() {
+    host::Message message = mailTo({bob});
+    message.from = me;
+    return message;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Mails, BlindCopyWarning,
+    testing::Values(BlindCopy{"InTo", mailTo({bob, me}), {}, false},
+                    BlindCopy{"InCc", mailTo({bob}, {me}), {}, false},
+                    BlindCopy{"Blind", mailTo({bob, carl}), {}, true, appears},
+                    BlindCopy{"PerhapsInAList", mailTo({team}), {}, true, may},
+                    BlindCopy{"OwnMail", sentByMe(), {}, false},
+                    BlindCopy{"SwitchedOff", mailTo({bob}), {{L"ReplyALL_BCC", L"False"}}, false},
+                    BlindCopy{"ListedAddresses",
+                              mailTo({bob}),
+                              {{L"UseOutlookSettings", L"False"}, {L"EmailList", L"x@y.z; BOB@example.com "}},
+                              false},
+                    BlindCopy{"NoOwnAddresses",
+                              mailTo({me}),
+                              {{L"UseOutlookSettings", L"False"}, {L"EmailList", L""}},
+                              true,
+                              may}),
+    [](const auto& test) { return test.param.name; });
+
+TEST(ReplyAllList, DropsWhomTheUserUnticks) {
+    Bench bench({.settings = quiet({{L"ReplyAllAny", L"True"}}),
+                 .answers = {L"frmReplyMultRecipt=lstRecipients=2,3; cmdOK"}});
+
+    const auto outcome = bench.outlook().replyAll(selected(bench, mailTo({bob, carl}, {me})));
+
+    ASSERT_TRUE(outcome.opened);
+    EXPECT_EQ(namesOf(bench, outcome.item), (Names{L"Ann", L"Carl", L"Me"}));
+    EXPECT_TRUE(bench.outlook().view(outcome.item).userProperties.empty());
+    const auto& form = bench.prompts().at(0);
+    EXPECT_EQ(form.text, L"Reply to All - Veltro");
+    EXPECT_EQ(form.control(L"lstRecipients").caption,
+              L"Bob (bob@example.com)\nExchange Carl (carl@example.com)\nMe (ME@example.org)");
+    EXPECT_EQ(form.control(L"lstRecipients").value, L"1,2,3");
+}
+
+TEST(ReplyAllList, CancelOpensNoReply) {
+    Bench bench(
+        {.settings = quiet({{L"ReplyAllAny", L"True"}}), .answers = {L"frmReplyMultRecipt=cmdCancel"}});
+    EXPECT_FALSE(bench.outlook().replyAll(selected(bench, mailTo({bob, me}))).opened);
+}
+
+TEST(ReplyAllList, TicksAllOrNoneAtOnce) {
+    Bench bench({.settings = quiet({{L"ReplyAllAny", L"True"}}),
+                 .answers = {L"frmReplyMultRecipt=cmdNone", L"frmReplyMultRecipt=cmdAll",
+                             L"frmReplyMultRecipt=cmdOK"}});
+    const auto outcome = bench.outlook().replyAll(selected(bench, mailTo({bob, me})));
+    ASSERT_EQ(bench.prompts().size(), 3U);
+    EXPECT_EQ(bench.prompts()[1].control(L"lstRecipients").value, L"");
+    EXPECT_EQ(bench.prompts()[2].control(L"lstRecipients").value, L"1,2");
+    EXPECT_EQ(namesOf(bench, outcome.item), (Names{L"Ann", L"Bob", L"Me"}));
+}
+
+TEST(ReplyAllList, StaysAwayFromInternalMail) {
+    const struct {
+        const char* name;
+        std::wstring domains;
+        bool shown;
+    } cases[] = {{"all inside", L"@EXAMPLE.COM;@example.org", false},
+                 {"one outside", L"@example.com", true},
+                 {"no domain", L"", true}};
+    for (const auto& given : cases) {
+        Bench bench({.settings = quiet({{L"ReplyAllAny", L"True"},
+                                        {L"ReplyInternalCheck", L"True"},
+                                        {L"DomainName", given.domains}}),
+                     .answers = {L"frmReplyMultRecipt=cmdOK"}});
+        bench.outlook().replyAll(selected(bench, mailTo({bob, me})));
+        EXPECT_EQ(bench.prompts().size(), given.shown ? 1U : 0U) << given.name;
+    }
+}
+
+TEST(ReplyAllAutoRemove, DropsTheUsersOwnAddress) {
+    const struct {
+        const char* name;
+        std::wstring version;
+        host::Message mail;
+        Names expected;
+    } cases[] = {
+        {"others stay", L"14.0.0.4760", mailTo({bob, me}), {L"Ann", L"Bob"}},
+        {"not in version 10", L"10.0.0.2627", mailTo({bob, me}), {L"Ann", L"Bob", L"Me"}},
+    };
+    for (const auto& given : cases) {
+        Given setup{.settings = quiet({{L"ReplyAllAutoRemove", L"True"}})};
+        setup.profile.version = given.version;
+        Bench bench(setup);
+        const auto outcome = bench.outlook().replyAll(selected(bench, given.mail));
+        ASSERT_TRUE(outcome.opened) << given.name;
+        EXPECT_EQ(namesOf(bench, outcome.item), given.expected) << given.name;
+    }
+}
+
+TEST(ReplyAllAutoRemove, LeavesAMailToOneself) {
+    Bench bench({.settings = quiet({{L"ReplyAllAutoRemove", L"True"}})});
+    host::Message toMyself = mailTo({me});
+    toMyself.from = me;
+    const auto outcome = bench.outlook().replyAll(selected(bench, toMyself));
+    EXPECT_EQ(namesOf(bench, outcome.item), (Names{L"Me"}));
+}
+
+struct Plain {
+    const char* name;
+    host::Message mail;
+    std::wstring answer;
+    bool asked;
+    Names recipients;
+};
+
+host::Message withReplyTo(host::Message message, const host::Address& address) {
+    message.replyTo = {address};
+    return message;
+}
+
+class ReplyToSeveral : public testing::TestWithParam<Plain> {};
+
+TEST_P(ReplyToSeveral, OffersTheOtherRecipients) {
+    const Plain& given = GetParam();
+    Given setup{.settings = quiet({{L"ReplyMultiple", L"True"}})};
+    if (!given.answer.empty()) {
+        setup.answers = {given.answer};
+    }
+    Bench bench(setup);
+
+    const auto outcome = bench.outlook().reply(selected(bench, given.mail));
+
+    EXPECT_EQ(outcome.opened, !given.asked);
+    ASSERT_EQ(bench.prompts().size(), given.asked ? 1U : 0U);
+    ASSERT_EQ(outcome.newInspectors.size(), 1U);
+    EXPECT_EQ(namesOf(bench, bench.outlook().itemOf(outcome.newInspectors[0])), given.recipients);
+    EXPECT_EQ(bench.outlook().view(bench.outlook().itemOf(outcome.newInspectors[0])).subject, L"RE: Budget");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Mails, ReplyToSeveral,
+    testing::Values(
+        Plain{"OneRecipient", mailTo({me}), L"", false, {L"Ann"}},
+        Plain{"BlindCopy", mailTo({bob, carl}), L"", false, {L"Ann"}},
+        Plain{"AsOffered", mailTo({bob, me}), L"frmReplyMultRecipt=cmdOK", true, {L"Ann"}},
+        Plain{"OneMore",
+              mailTo({bob, me}),
+              L"frmReplyMultRecipt=lstRecipients=1,2; cmdOK",
+              true,
+              {L"Ann", L"Bob"}},
+        Plain{"Refused", mailTo({bob, me}), L"frmReplyMultRecipt=cmdCancel", true, {L"Ann"}},
+        Plain{"ReplyTo", withReplyTo(mailTo({bob, me}), carl), L"frmReplyMultRecipt=cmdOK", true, {L"Carl"}}),
+    [](const auto& test) { return test.param.name; });
+
+TEST(ReplyFromAWindow, IsCheckedOnce) {
+    Bench bench({.settings = quiet({{L"ReplyALL_BCC", L"True"}}), .answers = {L"BCCed e-mail=Yes"}});
+    const auto item = selected(bench, mailTo({bob}));
+    bench.outlook().openItem(item);
+    EXPECT_TRUE(bench.outlook().replyAll(item).opened);
+    EXPECT_EQ(bench.prompts().size(), 1U);
+}
+
+TEST(ReplyTwice, IsCheckedTwice) {
+    Bench bench({.settings = quiet({{L"ReplyMultiple", L"True"}}),
+                 .answers = {L"frmReplyMultRecipt=cmdCancel", L"frmReplyMultRecipt=cmdOK"}});
+    const auto item = selected(bench, mailTo({bob, me}));
+    bench.outlook().closeInspector(bench.outlook().reply(item).newInspectors.at(0));
+    bench.outlook().reply(item);
+    EXPECT_EQ(bench.prompts().size(), 2U);
+}
+
+TEST(UnresolvedRecipient, NeitherHidesTheUserNorStopsTheOthers) {
+    Bench bench({.settings = quiet({{L"ReplyALL_BCC", L"True"}, {L"ReplyAllAny", L"True"}}),
+                 .answers = {L"frmReplyMultRecipt=lstRecipients=1,3; cmdOK"}});
+    const host::Address nobody{.name = L"nobody", .address = L"", .resolvable = false};
+    const auto outcome = bench.outlook().replyAll(selected(bench, mailTo({nobody, bob, me})));
+    const Names names = namesOf(bench, outcome.item);
+    EXPECT_EQ(std::ranges::find(names, L"Bob"), names.end());
+    EXPECT_NE(std::ranges::find(names, L"Me"), names.end());
+}
+
+TEST(OrderOfReplyQuestions, IsAgeThenSpamThenRecipients) {
+    host::Message message = mailTo({bob});
+    message.subject = L"SPAM-LOW: Budget";
+    message.deliveryTime = automation::Date{36526};  // 1 January 2000
+    Bench bench({.settings = {{L"ReplyAllAutoRemove", L"False"}},
+                 .answers = {L"frmOldSubject=cmdOK", L"frmRemoveSpam=cmdYes", L"BCCed e-mail=Yes",
+                             L"frmReplyMultRecipt=cmdOK"}});
+
+    const auto outcome = bench.outlook().replyAll(selected(bench, message));
+
+    EXPECT_EQ(bench.promptNames(),
+              (Names{L"frmOldSubject", L"frmRemoveSpam", L"BCCed e-mail - Veltro", L"frmReplyMultRecipt"}));
+    EXPECT_EQ(bench.outlook().view(outcome.item).subject, L"RE: Budget");
+}
+
+}  // namespace
