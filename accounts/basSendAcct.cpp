@@ -1,0 +1,139 @@
+#include "accounts/basSendAcct.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "mail/MapiSession.h"
+#include "mail/SafeItems.h"
+#include "mail/basGlobals.h"
+#include "mail/errorTrap.h"
+#include "platform/text.h"
+
+namespace basSendAcct {
+
+namespace {
+
+using basGlobals::Globals;
+
+std::optional<std::size_t> rowOf(const clsSendAcct& list, std::wstring_view address) {
+    const std::size_t count = list.count();
+    for (std::size_t row = 0; row < count; ++row) {
+        if (text::equalsTrimmed(list.addressAt(row), address)) {
+            return row;
+        }
+    }
+    return std::nullopt;
+}
+
+/// `part` is in upper case. Made for many texts that are hardly longer than the part.
+bool contains(std::wstring_view value, std::wstring_view part) {
+    for (std::size_t start = 0; start + part.size() <= value.size(); ++start) {
+        if (std::ranges::equal(value.substr(start, part.size()), part, {}, text::upperCase)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// An address has no ";" in it, so it cannot lie across two of the joined addresses.
+bool occursInList(const clsSendAcct& list, std::wstring_view address) {
+    const std::wstring part = text::upper(address);
+    const std::size_t count = list.count();
+    for (std::size_t row = 0; row < count; ++row) {
+        if (contains(list.addressAt(row), part)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+}  // namespace
+
+std::vector<std::wstring> AccountOrder(Globals& globals) {
+    const auto read = [&] {
+        const redemption::Session session(globals);
+        const auto accounts = session.accountsInOrder();
+        const std::int32_t count = accounts.count();
+        std::vector<std::wstring> names;
+        for (std::int32_t index = 1; index <= count; ++index) {
+            names.push_back(accounts.item(index).name());
+        }
+        return names;
+    };
+    return basGlobals::attempt(read).value_or(std::vector<std::wstring>());
+}
+
+bool HasAccount(const std::vector<std::wstring>& accounts, const std::wstring& account) {
+    return std::ranges::any_of(accounts,
+                               [&](const std::wstring& name) { return text::equalsTrimmed(name, account); });
+}
+
+std::wstring PreferredAccount(const clsSendAcct& list, const std::wstring& address) {
+    const auto row = rowOf(list, address);
+    return row ? list.accountAt(*row) : std::wstring();
+}
+
+std::wstring PreferredAddresses(const clsSendAcct& list) {
+    std::wstring addresses;
+    for (std::size_t row = 0; row < list.count(); ++row) {
+        addresses += list.addressAt(row);
+        addresses += L';';
+    }
+    return addresses;
+}
+
+Membership ListMembership(Globals& globals, const clsSendAcct& list, const outlook::Item& item) {
+    const redemption::SafeItem mail(globals.platform.automation, item);
+    Membership result;
+    result.address = basGlobals::RecipientEmail(globals, mail.recipients().item(1));
+    // An unknown address would be found in every list.
+    result.listed = !result.address.empty() && occursInList(list, result.address);
+    if (result.listed) {
+        result.message = L"This e-mail has an address that is normally sent with Exchange Server. Continue?";
+    }
+    return result;
+}
+
+void FillAccounts(Globals& globals, forms::ComboBox& box) {
+    std::vector<std::wstring> names = AccountOrder(globals);
+    names.insert(names.begin(), noAccount);
+    box.setItems(std::move(names));
+}
+
+bool SelectAccount(forms::ComboBox& box, const std::wstring& account) {
+    const auto& names = box.items();
+    const auto found = std::ranges::find_if(
+        names, [&](const std::wstring& name) { return text::equalsTrimmed(name, account); });
+    if (found == names.end()) {
+        return false;
+    }
+    box.select(static_cast<int>(found - names.begin()));
+    return true;
+}
+
+std::wstring PlainCaption(std::wstring_view plain) {
+    return text::replaceAll(plain, L"&", L"&&");
+}
+
+bool SetAccount(clsSendAcct& list, const outlook::Item& item, const std::wstring& account) {
+    const bool set = list.SendUsingPrefAccount(item, account);
+    list.strChangeAcct.clear();
+    return set;
+}
+
+bool MoveToAddress(clsSendAcct& list, const std::wstring& address) {
+    if (list.count() == 0) {
+        return false;
+    }
+    list.AbsolutePosition(L"1");
+    if (list.Find(address)) {
+        return true;
+    }
+    const auto row = rowOf(list, address);
+    if (row) {
+        list.AbsolutePosition(std::to_wstring(*row + 1));
+    }
+    return row.has_value();
+}
+
+}  // namespace basSendAcct

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "accounts/clsSendAcct.h"
+#include "mail/Globals.h"
+#include "platform/forms.h"
+
+/// Look-ups in the list of preferred accounts, and what the dialogs and the send share of accounts. Names and
+/// addresses are compared without regard to letter case and surrounding spaces. The list is not copied: the
+/// walks read it where it is.
+namespace basSendAcct {
+
+/// The names of the profile's mail accounts in their order; none when they cannot be read.
+std::vector<std::wstring> AccountOrder(basGlobals::Globals& globals);
+
+bool HasAccount(const std::vector<std::wstring>& accounts, const std::wstring& account);
+
+/// The preferred account of an address; empty when the list does not have it.
+std::wstring PreferredAccount(const clsSendAcct& list, const std::wstring& address);
+
+/// All addresses of the list, each followed by ";".
+std::wstring PreferredAddresses(const clsSendAcct& list);
+
+struct Membership {
+    bool listed = false;
+    /// Shown nowhere.
+    std::wstring message;
+    /// Of the item's first recipient; empty when it is unknown.
+    std::wstring address;
+};
+
+/// Whether the first recipient's address occurs anywhere in PreferredAddresses: one that is the end of a
+/// listed address counts as listed. Throws automation::Error when the item's recipients cannot be read.
+Membership ListMembership(basGlobals::Globals& globals, const clsSendAcct& list, const outlook::Item& item);
+
+/// Fills the box with noAccount and the accounts in their order.
+void FillAccounts(basGlobals::Globals& globals, forms::ComboBox& box);
+
+/// Selects the first entry that names the account; false, and nothing changed, when there is none.
+bool SelectAccount(forms::ComboBox& box, const std::wstring& account);
+
+/// A text as the caption of a label, which would take a single "&" for the mark of an access key.
+std::wstring PlainCaption(std::wstring_view plain);
+
+/// Has the item sent with the account, and clears the stored decision.
+bool SetAccount(clsSendAcct& list, const outlook::Item& item, const std::wstring& account);
+
+/// Moves the list to the row of an address and takes its values: the row that Find finds, else the one that
+/// PreferredAccount has read.
+bool MoveToAddress(clsSendAcct& list, const std::wstring& address);
+
+}  // namespace basSendAcct

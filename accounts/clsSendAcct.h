@@ -1,0 +1,117 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "accounts/AccountRows.h"
+#include "mail/Globals.h"
+#include "platform/outlook.h"
+
+/// Stands for an account where none was chosen.
+inline constexpr wchar_t noAccount[] = L"No Account Selected";
+
+/// The answers that the dialogs of a send leave.
+inline constexpr wchar_t answerChange[] = L"CHANGE";
+inline constexpr wchar_t answerCancel[] = L"CANCEL";
+
+/// The list that says which account to send with to which address, and what is done with accounts at a send.
+///
+/// The list is stored as text in the body of one mail item of the user's own mailbox. It is held in memory
+/// from one load to the next; a change is made to the list as it is stored at that moment, since another
+/// Outlook on the same mailbox may have changed it meanwhile, and the whole of it is written back at once. A
+/// body that is no list is never written over. No operation throws.
+class clsSendAcct {
+  public:
+    explicit clsSendAcct(basGlobals::Globals& globals) : globals_(globals) {}
+
+    /// The current values: Find and a move fill them from the row, Update writes them into it.
+    std::wstring strEmailAddress;
+    std::wstring strAccount;
+    /// answerChange, answerCancel, or empty when no dialog of this send has been answered.
+    std::wstring strChangeAcct;
+    /// Why the last Edit, Update or Delete failed; empty when it did not.
+    std::wstring ErrorReport;
+
+    /// Looks for the folder of the list and loads the list when there is one. Without one nothing is shown.
+    void Initialise();
+
+    // The stored list.
+    /// Writes the rows in place of the stored ones. When that fails, which is shown, the item keeps what it
+    /// held.
+    bool EmailAddressMailSave(const rowset::Rowset& rows, const std::wstring& folderPath);
+    /// Adds an item with an empty list to the folder; nothing on failure, which is reported.
+    outlook::Item EmailAddressListMailMake(const outlook::Folder& folder);
+    void MarkMailAsRead(const outlook::Item& item);
+    /// The item that holds the list, made when missing; nothing without a folder, or on failure, which is
+    /// reported.
+    outlook::Item EmailAddressListMailGet();
+    /// Reads the stored list anew. A failure is shown, and leaves no list loaded.
+    bool EmailAddressListMailOpen(const std::wstring& folderPath);
+    /// The same, once the folder has been found or made; before that it does nothing and gives false.
+    bool LoadList();
+
+    // The list in memory.
+    /// 0 while no list is loaded.
+    std::size_t count() const { return list_ ? list_->count() : 0; }
+    /// Of the row below count(), without moving to it. An address or account that is null reads as empty.
+    const std::wstring& addressAt(std::size_t row) const { return list_->address(row); }
+    const std::wstring& accountAt(std::size_t row) const { return list_->account(row); }
+
+    /// The 1-based position of the current row; endOfList when there is none.
+    std::int32_t AbsolutePosition() const;
+    static constexpr std::int32_t endOfList = -3;
+    /// Moves to the row at a position given as text, and takes its values. A failure is shown.
+    void AbsolutePosition(const std::wstring& position);
+
+    /// Moves to the first row from the current one on that holds exactly this address, and takes its values;
+    /// to the end when there is none. An address with an apostrophe is never found: the criterion that the
+    /// stored lists have always been searched with cannot hold one.
+    bool Find(const std::wstring& address);
+    void AddNew() { editMode_ = EditMode::Add; }
+    /// Always true; ErrorReport tells whether there is a row to edit.
+    bool Edit();
+    bool Update();
+    bool Delete();
+
+    // Accounts.
+    /// noAccount and the names of the profile's accounts in their order, each followed by ";".
+    std::wstring LoadAccounts();
+    /// The name of the profile's first account; empty on failure.
+    std::wstring GetAccountInUse();
+    /// The name of the account set on a saved item; empty when it has none, or on failure.
+    std::wstring GetSelectedMailAccount(const outlook::Item& item);
+    /// True when the profile has an account of this name, letter case and surrounding spaces aside.
+    bool PrefAcctExists(const std::wstring& account);
+    /// Marks the item as one to be sent with the account, and saves it. False on failure, which leaves the
+    /// item as it was.
+    bool SendUsingPrefAccount(const outlook::Item& item, const std::wstring& account);
+
+    // The folder.
+    enum class Asked { BySend, ByUser };
+    /// Makes the folder of the list when it is missing, and tells the user. True when it is there afterwards.
+    /// Every send asks for it, so that a folder that is there already is mentioned only to a user who has
+    /// asked for it himself.
+    bool CreatePostrouteFolder(Asked asked = Asked::BySend);
+    /// Nothing when there is none, or on failure.
+    outlook::Folder GetDefaultFolder();
+
+  private:
+    enum class EditMode { None, Add, Edit };
+
+    outlook::Item requireItem();
+    outlook::Item makeItem(const outlook::Folder& folder);
+    void load(const outlook::Item& item);
+    bool change(const std::function<void(AccountRows&)>& edit);
+    bool changeCurrentRow(const std::function<void(AccountRows&)>& edit);
+    bool hasCurrentRow() const { return list_ && !list_->atEnd(); }
+    void takeCurrentValues();
+    bool fail(std::wstring report);
+    void show(const std::wstring& prompt, platform::Icon icon, const std::wstring& title) const;
+
+    basGlobals::Globals& globals_;
+    std::optional<AccountRows> list_;
+    EditMode editMode_ = EditMode::None;
+    std::wstring accounts_;
+};

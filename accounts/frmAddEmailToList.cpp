@@ -1,0 +1,91 @@
+#include "accounts/frmAddEmailToList.h"
+
+#include <utility>
+
+#include "accounts/basSendAcct.h"
+#include "accounts/frmEmailAddressEdit.h"
+#include "mail/errorTrap.h"
+#include "platform/text.h"
+#include "settings/modRegKeys.h"
+
+using basGlobals::DialogMode;
+using platform::Buttons;
+using platform::Icon;
+
+frmAddEmailToList::frmAddEmailToList(basGlobals::Globals& globals, clsSendAcct& list, std::wstring address,
+                                     std::wstring accountInUse)
+    : Form(L"frmAddEmailToList", L"Add To List", 300, 173),
+      globals_(globals),
+      list_(list),
+      address_(std::move(address)),
+      accountInUse_(std::move(accountInUse)) {
+    lblMessage.setCaption(basSendAcct::PlainCaption(
+        L"Do you want to add " + address_ +
+        L" to Veltro list?\r\n\r\nIf you click Yes, the next screen will let you choose the "
+        L"e-mail\r\naccount "
+        L"that you use to send e-mails to " +
+        address_ +
+        L".\r\n\r\nThis will ensure that you always use the correct account to send\r\ne-mails to " +
+        address_ + L".\r\n\r\nIf you click Never, then you will not get this reminder for \r\n" + address_ +
+        L" again."));
+    cmdYes.onClick = [this] { cmdYes_Click(); };
+    cmdNo.onClick = [this] { cmdNo_Click(); };
+    Command1.onClick = [this] { Command1_Click(); };
+    chkDontShowMessAgain.onClick = [this] { chkDontShowMessAgain_Click(); };
+}
+
+/// An account chosen here that is not the one in use is meant for this e-mail already.
+void frmAddEmailToList::cmdYes_Click() {
+    basGlobals::trapErrors(globals_, basGlobals::ErrorReport::usual(L"frmAddEmailToList.cmdYes_Click"), [&] {
+        globals_.dialogMode = DialogMode::Add;
+        frmEmailAddressEdit editor(globals_, list_, {address_, accountInUse_, {}});
+        globals_.platform.desktop.showModal(editor);
+        globals_.dialogMode = DialogMode::None;
+        if (editor.saved() && list_.strAccount != noAccount &&
+            !text::equalsTrimmed(list_.strAccount, accountInUse_)) {
+            list_.strChangeAcct = answerChange;
+        }
+    });
+    leave();
+}
+
+void frmAddEmailToList::cmdNo_Click() {
+    basGlobals::trapErrors(globals_, basGlobals::ErrorReport::usual(L"frmAddEmailToList.cmdNo_Click"), [&] {
+        list_.AddNew();
+        list_.strEmailAddress = address_;
+        list_.strAccount = noAccount;
+        if (!list_.Update()) {
+            globals_.platform.desktop.messageBox(list_.ErrorReport, {Buttons::Ok, Icon::Warning}, L"Veltro");
+        }
+    });
+    leave();
+}
+
+void frmAddEmailToList::Command1_Click() {
+    leave();
+}
+
+void frmAddEmailToList::chkDontShowMessAgain_Click() {
+    if (!chkDontShowMessAgain.ticked()) {
+        return;
+    }
+    const auto answer = basGlobals::attempt([&] {
+        return globals_.platform.desktop.messageBox(
+            L"If you tick this box, this message will not appear for any e-mail address.\r\n\r\nWe recommend "
+            L"that you leave this unticked as the message will only appear once for each e-mail "
+            L"address.\r\n\r\nThis is the easist way to add e-mail addresses to the Veltro List.\r\n\r\nDo "
+            L"you "
+            L"still wish to stop displaying this message?",
+            {Buttons::YesNo, Icon::Question}, L"Veltro");
+    });
+    if (answer != platform::Answer::Yes) {
+        chkDontShowMessAgain.setState(0);
+    }
+}
+
+void frmAddEmailToList::leave() {
+    if (chkDontShowMessAgain.ticked()) {
+        modRegKeys::MsgAddAddress.write(globals_, 1);
+    }
+    hide();
+}

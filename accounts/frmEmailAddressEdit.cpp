@@ -1,0 +1,151 @@
+#include "accounts/frmEmailAddressEdit.h"
+
+#include <utility>
+
+#include "accounts/basSendAcct.h"
+#include "mail/basEmailAddressValidity.h"
+#include "mail/errorTrap.h"
+#include "platform/text.h"
+
+using basGlobals::DialogMode;
+using platform::Icon;
+
+namespace {
+
+const wchar_t* captionFor(DialogMode mode) {
+    switch (mode) {
+        case DialogMode::Add:
+            return L"Add Preferred Account";
+        case DialogMode::Edit:
+            return L"Edit";
+        case DialogMode::MissingAccount:
+            return L"Select Preferred Account";
+        case DialogMode::None:
+        case DialogMode::AnswerIgnored:
+            break;
+    }
+    return L"Add/Edit Email Address";
+}
+
+}  // namespace
+
+frmEmailAddressEdit::frmEmailAddressEdit(basGlobals::Globals& globals, clsSendAcct& list, Entry entry)
+    : Form(L"frmEmailAddressEdit", captionFor(globals.dialogMode), 300,
+           70 + (globals.dialogMode == DialogMode::MissingAccount ? messageHeight : 0)),
+      globals_(globals),
+      list_(list),
+      mode_(globals.dialogMode),
+      listedAddress_(entry.address),
+      position_(list.AbsolutePosition()) {
+    imgBackColor.setVisible(hasMessage());
+    lblMsg.setVisible(hasMessage());
+    if (hasMessage()) {
+        lblMsg.setCaption(basSendAcct::PlainCaption(entry.message));
+    }
+    txtEmailAddress.setText(std::move(entry.address));
+    txtEmailAddress.setReadOnly(hasMessage());
+    chooseAccount(entry.account);
+    cmdOK.onClick = [this] { cmdOK_Click(); };
+    cmdCancel.onClick = [this] { cmdCancel_Click(); };
+}
+
+/// An entry that is edited may name an account which the profile no longer has: it stays on offer, so that a
+/// correction of the address alone does not lose it.
+void frmEmailAddressEdit::chooseAccount(const std::wstring& account) {
+    basSendAcct::FillAccounts(globals_, cmbAccounts);
+    if (basSendAcct::SelectAccount(cmbAccounts, account)) {
+        return;
+    }
+    if (mode_ == DialogMode::Edit && !text::trim(account).empty()) {
+        std::vector<std::wstring> names = cmbAccounts.items();
+        names.push_back(account);
+        cmbAccounts.setItems(std::move(names));
+        basSendAcct::SelectAccount(cmbAccounts, account);
+    } else {
+        basSendAcct::SelectAccount(cmbAccounts, noAccount);
+    }
+}
+
+void frmEmailAddressEdit::cmdOK_Click() {
+    basGlobals::trapErrors(globals_, basGlobals::ErrorReport::usual(L"frmEmailAddressEdit.cmdOK_Click"), [&] {
+        if (!isComplete()) {
+            return;
+        }
+        if (!save()) {
+            tell(list_.ErrorReport, Icon::Warning);
+            return;
+        }
+        saved_ = true;
+        if (mode_ == DialogMode::MissingAccount) {
+            list_.strChangeAcct = answerChange;
+        }
+        hide();
+    });
+}
+
+/// Despite what the message says, cancelling keeps the e-mail from being sent.
+void frmEmailAddressEdit::cmdCancel_Click() {
+    if (mode_ == DialogMode::MissingAccount) {
+        list_.strChangeAcct = answerCancel;
+    }
+    hide();
+}
+
+bool frmEmailAddressEdit::isComplete() const {
+    if (mode_ == DialogMode::MissingAccount) {
+        return true;  // The address is not the user's to correct here.
+    }
+    if (address().empty()) {
+        tell(L"Please enter the e-mail address name first", Icon::Information);
+        return false;
+    }
+    if (!basEmailAddressValidity::IsValidEmailAddress(address())) {
+        tell(L"Please enter a valid email address.", Icon::Warning);
+        return false;
+    }
+    if (mode_ == DialogMode::Add && isOnList()) {
+        tell(L"There is already an existing e-mail with this address. Please enter another email address",
+             Icon::Warning);
+        return false;
+    }
+    return true;
+}
+
+bool frmEmailAddressEdit::isOnList() const {
+    if (list_.count() == 0) {
+        return false;
+    }
+    list_.AbsolutePosition(L"1");
+    return list_.Find(address());
+}
+
+bool frmEmailAddressEdit::save() {
+    list_.ErrorReport.clear();
+    if (mode_ == DialogMode::Add) {
+        list_.AddNew();
+    } else {
+        if (mode_ == DialogMode::Edit) {
+            list_.AbsolutePosition(std::to_wstring(position_));
+        } else if (!basSendAcct::MoveToAddress(list_, listedAddress_)) {
+            list_.ErrorReport = listedAddress_ + L" is no longer on the list.";
+            return false;
+        }
+        list_.Edit();
+        if (!list_.ErrorReport.empty()) {
+            return false;
+        }
+    }
+    if (mode_ != DialogMode::MissingAccount) {
+        list_.strEmailAddress = address();
+    }
+    list_.strAccount = cmbAccounts.value();
+    return list_.Update();
+}
+
+std::wstring frmEmailAddressEdit::address() const {
+    return std::wstring(text::trim(txtEmailAddress.text()));
+}
+
+void frmEmailAddressEdit::tell(const std::wstring& prompt, Icon icon) const {
+    globals_.platform.desktop.messageBox(prompt, {platform::Buttons::Ok, icon}, L"Veltro");
+}

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "accounts/clsSendAcct.h"
+#include "mail/Globals.h"
+#include "platform/forms.h"
+
+/// One entry of the list of preferred accounts. The dialog mode says why it is opened: to add one, to change
+/// the one that the list is at, or to choose another account for an address whose account is gone.
+class frmEmailAddressEdit : public forms::Form {
+  public:
+    struct Entry {
+        std::wstring address;
+        /// Chosen at first.
+        std::wstring account;
+        /// Shown when an account is gone.
+        std::wstring message;
+    };
+
+    frmEmailAddressEdit(basGlobals::Globals& globals, clsSendAcct& list, Entry entry);
+
+    /// True once the entry is stored; its values are then the list's current ones.
+    bool saved() const { return saved_; }
+
+  private:
+    void cmdOK_Click();
+    void cmdCancel_Click();
+    void chooseAccount(const std::wstring& account);
+    bool isComplete() const;
+    bool isOnList() const;
+    bool save();
+    std::wstring address() const;
+    void tell(const std::wstring& prompt, platform::Icon icon) const;
+
+    basGlobals::Globals& globals_;
+    clsSendAcct& list_;
+    basGlobals::DialogMode mode_;
+    /// The address that the list holds the row under, and the row's position.
+    std::wstring listedAddress_;
+    std::int32_t position_;
+    bool saved_ = false;
+
+    /// The controls lie below the message, where there is one.
+    bool hasMessage() const { return mode_ == basGlobals::DialogMode::MissingAccount; }
+    int below(int top) const { return hasMessage() ? top + messageHeight : top; }
+    static constexpr int messageHeight = 122;
+
+    forms::Picture imgBackColor{*this, L"imgBackColor", {7, 8, 21, 20}, forms::Picture::Image::Warning};
+    forms::Label lblMsg{*this,
+                        L"lblMsg",
+                        {36, 8, 257, 112},
+                        L"Postroute has detected that the preferred account does not exist. Please select "
+                        L"another account for <<e-mail address>>"};
+    forms::Label Label1{*this, L"Label1", {7, below(10), 64, 9}, L"Email Address :"};
+    forms::TextBox txtEmailAddress{*this, L"txtEmailAddress", {74, below(8), 219, 13}};
+    forms::Label Label2{*this, L"Label2", {7, below(29), 64, 9}, L"Account :"};
+    forms::ComboBox cmbAccounts{*this, L"cmbAccounts", {74, below(27), 219, 13}};
+    forms::Button cmdOK{*this, L"cmdOK", {189, below(49), 50, 14}, L"OK", forms::Button::Role::Default};
+    forms::Button cmdCancel{
+        *this, L"cmdCancel", {243, below(49), 50, 14}, L"&Cancel", forms::Button::Role::Cancel};
+};

@@ -1,0 +1,74 @@
+#include "accounts/frmSelectSendAcct.h"
+
+#include <utility>
+
+#include "accounts/basSendAcct.h"
+#include "mail/errorTrap.h"
+#include "platform/text.h"
+#include "settings/modRegKeys.h"
+
+frmSelectSendAcct::frmSelectSendAcct(const basGlobals::Globals& globals, clsSendAcct& list,
+                                     std::wstring preferred, std::wstring address, const std::wstring& given)
+    : Form(L"frmSelectSendAcct", L"Veltro", 280, 171),
+      globals_(globals),
+      list_(list),
+      preferred_(std::move(preferred)),
+      address_(std::move(address)),
+      account_(preferred_) {
+    lblPrefAcct.setCaption(L"(" + basSendAcct::PlainCaption(preferred_) + L")");
+    std::vector<std::wstring> others;
+    const std::wstring accounts = list_.LoadAccounts();
+    for (const std::wstring_view name : text::split(accounts, L';')) {
+        if (!name.empty() && name != noAccount && !text::equalsTrimmed(name, preferred_)) {
+            others.emplace_back(name);
+        }
+    }
+    cmbAccts.setItems(std::move(others));
+    basSendAcct::SelectAccount(cmbAccts, given);
+    optChange.select();
+    cmbAccts.onChange = [this] { cmbAccts_Change(); };
+    cmdOK.onClick = [this] { cmdOK_Click(); };
+}
+
+void frmSelectSendAcct::cmbAccts_Change() {
+    optSelected.select();
+}
+
+bool frmSelectSendAcct::otherChosen() const {
+    return optSelected.selected() && cmbAccts.selected() != forms::List::none;
+}
+
+void frmSelectSendAcct::cmdOK_Click() {
+    basGlobals::skipErrors([&] {
+        if (otherChosen()) {
+            account_ = cmbAccts.value();
+            if (chkSetDefault.ticked()) {
+                makePreferred(account_);
+            }
+        }
+        modRegKeys::DoNotShowSelect.write(globals_, chkDoNotShow.ticked() ? 1 : 0);
+    });
+    leave(optCancel.selected() ? answerCancel : answerChange);
+}
+
+void frmSelectSendAcct::makePreferred(const std::wstring& account) {
+    if (!basSendAcct::MoveToAddress(list_, address_)) {
+        return;
+    }
+    list_.Edit();
+    list_.strAccount = std::wstring(text::trim(account));
+    if (!list_.Update()) {
+        globals_.platform.desktop.messageBox(
+            list_.ErrorReport, {platform::Buttons::Ok, platform::Icon::Warning}, globals_.product.title);
+    }
+}
+
+void frmSelectSendAcct::leave(const wchar_t* answer) {
+    answer_ = answer;
+    list_.strChangeAcct = answer;
+    hide();
+}
+
+void frmSelectSendAcct::closeBox() {
+    leave(answerCancel);
+}

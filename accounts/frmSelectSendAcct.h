@@ -1,0 +1,51 @@
+#pragma once
+
+#include "accounts/clsSendAcct.h"
+#include "mail/Globals.h"
+#include "platform/forms.h"
+
+/// Asks which account to send with when the one in use is not the preferred one.
+class frmSelectSendAcct : public forms::Form {
+  public:
+    /// `given` is the account that is offered first beside the preferred one.
+    frmSelectSendAcct(const basGlobals::Globals& globals, clsSendAcct& list, std::wstring preferred,
+                      std::wstring address, const std::wstring& given);
+
+    /// answerChange or answerCancel, as is left in the list too. A dialog that was closed without a choice
+    /// goes back to the e-mail.
+    const std::wstring& answer() const { return answer_; }
+    /// The account to send with.
+    const std::wstring& account() const { return account_; }
+
+    void closeBox() override;
+
+  private:
+    void cmdOK_Click();
+    void cmbAccts_Change();
+    bool otherChosen() const;
+    void makePreferred(const std::wstring& account);
+    void leave(const wchar_t* answer);
+
+    const basGlobals::Globals& globals_;
+    clsSendAcct& list_;
+    std::wstring preferred_;
+    std::wstring address_;
+    std::wstring answer_ = answerCancel;
+    std::wstring account_;
+
+    forms::Label Label1{*this, L"Label1", {7, 8, 266, 9}, L"Select Account"};
+    forms::OptionButton optChange{*this, L"optChange", {7, 22, 266, 11}, L"&Use Your Preferred Account"};
+    forms::Label lblPrefAcct{*this, L"lblPrefAcct", {18, 34, 255, 17}};
+    forms::OptionButton optSelected{*this, L"optSelected", {7, 55, 266, 11}, L"&Another Account"};
+    forms::ComboBox cmbAccts{*this, L"cmbAccts", {18, 68, 255, 13}};
+    forms::CheckBox chkSetDefault{
+        *this, L"chkSetDefault", {18, 85, 255, 11}, L"Set this account as Preferred Account"};
+    forms::OptionButton optCancel{
+        *this, L"optCancel", {7, 103, 266, 11}, L"Go back to e-mail so that I can change myself"};
+    forms::CheckBox chkDoNotShow{*this,
+                                 L"chkDoNotShow",
+                                 {7, 123, 266, 20},
+                                 L"Do not ask me this again.\r\nAutomatically use preferred accounts for all "
+                                 L"future e-mails."};
+    forms::Button cmdOK{*this, L"cmdOK", {223, 150, 50, 14}, L"OK", forms::Button::Role::Default};
+};

@@ -1,0 +1,116 @@
+#include "accounts/listFolder.h"
+
+#include <array>
+
+#include "mail/errorTrap.h"
+#include "platform/text.h"
+
+namespace listFolder {
+
+namespace {
+
+using basGlobals::attempt;
+using basGlobals::Globals;
+using outlook::Folder;
+
+constexpr wchar_t oldParentName[] = L"Tarnwell Settings";
+constexpr wchar_t newParentName[] = L"Corvane Settings";
+
+/// String resources of the folder names.
+namespace stringId {
+constexpr std::uint32_t parent = 521;
+constexpr std::uint32_t folder = 522;
+}  // namespace stringId
+
+std::wstring nameOr(const Globals& globals, std::uint32_t id, const wchar_t* fallback) {
+    return globals.resources ? globals.resources->stringOr(id, fallback) : fallback;
+}
+
+std::wstring parentName(const Globals& globals) {
+    return nameOr(globals, stringId::parent, oldParentName);
+}
+
+std::wstring folderName(const Globals& globals) {
+    return nameOr(globals, stringId::folder, L"Veltro");
+}
+
+Folder mailbox(const Globals& globals) {
+    return globals.outlook.mapiNameSpace().defaultFolder(outlook::folderId::inbox).parent();
+}
+
+/// Fails alike for a folder that is missing and for a store that cannot be read just now: nothing is no proof
+/// that there is none.
+Folder childByName(const Folder& parent, const std::wstring& name) {
+    return attempt([&] { return parent.folder(name); }).value_or(Folder());
+}
+
+/// Nothing when there surely is none: all sub-folders have been looked at. Throws automation::Error.
+Folder searchedChild(const Folder& parent, const std::wstring& name) {
+    const auto folders = parent.folders();
+    const std::int32_t count = folders.count();
+    for (std::int32_t index = 1; index <= count; ++index) {
+        Folder folder = folders.item(index);
+        if (text::equalsIgnoringCase(folder.name(), name)) {
+            return folder;
+        }
+    }
+    return {};
+}
+
+outlook::Item listItem(const Folder& folder) {
+    const auto items = folder.items();
+    const std::int32_t count = items.count();
+    for (std::int32_t index = 1; index <= count; ++index) {
+        outlook::Item item = items.item(index);
+        if (item.subject() == listSubject) {
+            return item;
+        }
+    }
+    return {};
+}
+
+}  // namespace
+
+/// The folder is made under the name that the resource library gives its parent, but does not stay there: the
+/// start-up moves it once from "Tarnwell Settings" to "Corvane Settings". Taking it for missing then would
+/// put an empty list in the place of the user's. So both places are looked at, that of the resource library
+/// first; where both have a folder, the one with the list is it.
+Place find(const Globals& globals) {
+    const Folder root = mailbox(globals);
+    const std::wstring name = folderName(globals);
+    const std::array<std::wstring, 3> parents{parentName(globals), newParentName, oldParentName};
+    for (const std::wstring& parent : parents) {  // As a rule it is found here, with few calls.
+        if (const Folder folder = childByName(childByName(root, parent), name)) {
+            if (const outlook::Item item = listItem(folder)) {
+                return {folder, item};
+            }
+        }
+    }
+    Place found;
+    for (const std::wstring& candidate : parents) {
+        const Folder parent = searchedChild(root, candidate);
+        const Folder folder = parent ? searchedChild(parent, name) : Folder();
+        const outlook::Item item = folder ? listItem(folder) : outlook::Item();
+        if (item || (folder && !found.folder)) {
+            found = {folder, item};
+        }
+        if (item) {
+            break;
+        }
+    }
+    return found;
+}
+
+Folder make(const Globals& globals) {
+    const Folder root = mailbox(globals);
+    const std::wstring name = parentName(globals);
+    const Folder existing = searchedChild(root, name);
+    return (existing ? existing : root.addFolder(name)).addFolder(folderName(globals));
+}
+
+std::wstring pathOf(const Globals& globals, const Folder& folder) {
+    const auto path = attempt([&] { return folder.path(); });
+    return path ? *path : parentName(globals) + L"\\" + folderName(globals);
+}
+
+}  // namespace listFolder

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+
+#include "mail/Globals.h"
+#include "platform/outlook.h"
+
+/// The folder of the user's own mailbox that holds the list of preferred accounts.
+namespace listFolder {
+
+/// What an item must have as its subject, to the letter, to be the one that holds the list.
+inline constexpr wchar_t listSubject[] = L"Email Address";
+
+struct Place {
+    /// Nothing when there is none.
+    outlook::Folder folder;
+    /// The item that holds the list; nothing when the folder has none.
+    outlook::Item item;
+};
+
+/// Looks for the folder in the places where it can be. Throws automation::Error when the mailbox cannot be
+/// searched: what could not be seen does not count as missing.
+Place find(const basGlobals::Globals& globals);
+
+/// Adds the folder, and its parent when that is missing too. Throws automation::Error.
+outlook::Folder make(const basGlobals::Globals& globals);
+
+/// For the user's eyes.
+std::wstring pathOf(const basGlobals::Globals& globals, const outlook::Folder& folder);
+
+}  // namespace listFolder

@@ -1,0 +1,264 @@
+#include <algorithm>
+#include <functional>
+#include <limits>
+#include <map>
+#include <optional>
+#include <utility>
+
+#include "accounts/Rowset.h"
+#include "accounts/XmlReader.h"
+#include "platform/number.h"
+
+namespace rowset {
+
+namespace {
+
+using Token = XmlReader::Token;
+using Row = Rowset::Row;
+
+/// What precedes the rows takes a few hundred characters for each column. The limits keep a hostile text from
+/// growing to many times its size in memory.
+constexpr std::size_t longestFrame = 1'000'000;
+constexpr std::size_t mostUndeclaredColumns = 1'000;
+
+constexpr std::wstring_view forceNull = L"rs:forcenull";
+
+class RowsetReader {
+  public:
+    explicit RowsetReader(std::wstring_view xml) : xml_(xml) {}
+
+    Rowset read();
+
+  private:
+    void expectStart(std::wstring_view name);
+    std::vector<Attribute> readAttributes();
+    Element readSchema();
+    void checkFrameLength();
+    void findColumns();
+    Column columnOf(std::wstring_view attribute, std::size_t expected);
+
+    void readData();
+    Row readRow();
+    std::vector<Row> readRows();
+    void readUpdate();
+    Row updated(Row original);
+    Row cellsOfRow();
+    std::vector<Column> forcedNulls() const;
+
+    XmlReader xml_;
+    Rowset::Frame frame_;
+    std::vector<Row> rows_;
+    std::map<std::wstring, Column, std::less<>> columnsByAttribute_;
+    std::size_t declaredColumns_ = 0;
+};
+
+Rowset RowsetReader::read() {
+    expectStart(L"xml");
+    frame_.rootAttributes = readAttributes();
+    expectStart(L"s:Schema");
+    frame_.schema = readSchema();
+    findColumns();
+    expectStart(L"rs:data");
+    frame_.dataAttributes = readAttributes();
+    checkFrameLength();
+    readData();
+    if (xml_.next() != Token::End || xml_.next() != Token::Finished) {
+        xml_.refuse("something follows the data");
+    }
+    return {std::move(frame_), std::move(rows_)};
+}
+
+void RowsetReader::expectStart(std::wstring_view name) {
+    if (xml_.next() != Token::Start || xml_.name() != name) {
+        xml_.refuse("not the element that a rowset has here");
+    }
+}
+
+std::vector<Attribute> RowsetReader::readAttributes() {
+    checkFrameLength();
+    std::vector<Attribute> attributes;
+    attributes.reserve(xml_.attributes().size());
+    for (const XmlReader::Attribute& attribute : xml_.attributes()) {
+        attributes.push_back({std::wstring(attribute.name), xml_.decoded(attribute)});
+    }
+    return attributes;
+}
+
+void RowsetReader::checkFrameLength() {
+    if (xml_.position() > longestFrame) {
+        xml_.refuse("no rows within reasonable reach");
+    }
+}
+
+/// Reads the element that has just started, with all that is in it.
+Element RowsetReader::readSchema() {
+    Element schema{std::wstring(xml_.name()), readAttributes(), {}};
+    // While an element is open its parent takes no other child, so the pointers stay good.
+    std::vector<Element*> open{&schema};
+    while (!open.empty()) {
+        if (xml_.next() == Token::End) {
+            open.pop_back();
+        } else {
+            std::vector<Element>& siblings = open.back()->children;
+            siblings.push_back({std::wstring(xml_.name()), readAttributes(), {}});
+            open.push_back(&siblings.back());
+        }
+    }
+    return schema;
+}
+
+double ordinalOf(const Element& column) {
+    const std::wstring* ordinal = column.find(L"rs:number");
+    return (ordinal ? number::parse(*ordinal) : std::nullopt)
+        .value_or(std::numeric_limits<double>::infinity());
+}
+
+/// The ordinals decide the columns' order, not their places; lists are around whose columns were declared the
+/// other way round.
+void RowsetReader::findColumns() {
+    const auto rowType = std::ranges::find(frame_.schema.children, L"s:ElementType", &Element::name);
+    if (rowType == frame_.schema.children.end()) {
+        xml_.refuse("the schema has no row type");
+    }
+    std::vector<Element>& parts = rowType->children;
+    const auto isColumn = [](const Element& element) { return element.name == L"s:AttributeType"; };
+    const auto rest = std::stable_partition(parts.begin(), parts.end(), isColumn);
+    std::ranges::stable_sort(parts.begin(), rest, {}, ordinalOf);
+    for (auto part = parts.begin(); part != rest; ++part) {
+        const std::wstring* attribute = part->find(L"name");
+        const std::wstring* column = part->find(L"rs:name");
+        if (!attribute ||
+            !columnsByAttribute_.emplace(*attribute, static_cast<Column>(frame_.columns.size())).second) {
+            xml_.refuse("a column without a name of its own");
+        }
+        frame_.columns.push_back({*attribute, column ? *column : *attribute});
+    }
+    declaredColumns_ = frame_.columns.size();
+}
+
+/// A row may hold an attribute that the schema does not declare; it is kept as a further column. The
+/// attributes of a row mostly stand in the order of the columns, so the expected one is tried first.
+Column RowsetReader::columnOf(std::wstring_view attribute, std::size_t expected) {
+    if (expected < frame_.columns.size() && frame_.columns[expected].attribute == attribute) {
+        return static_cast<Column>(expected);
+    }
+    if (const auto found = columnsByAttribute_.find(attribute); found != columnsByAttribute_.end()) {
+        return found->second;
+    }
+    if (frame_.columns.size() - declaredColumns_ == mostUndeclaredColumns) {
+        xml_.refuse("too many columns");
+    }
+    const auto column = static_cast<Column>(frame_.columns.size());
+    std::wstring name(attribute);
+    columnsByAttribute_.emplace(name, column);
+    frame_.columns.push_back({name, name});
+    return column;
+}
+
+void RowsetReader::readData() {
+    while (xml_.next() == Token::Start) {
+        if (xml_.name() == L"z:row") {
+            rows_.push_back(readRow());
+        } else if (xml_.name() == L"rs:insert") {
+            std::ranges::move(readRows(), std::back_inserter(rows_));
+        } else if (xml_.name() == L"rs:update") {
+            readUpdate();
+        } else if (xml_.name() == L"rs:delete") {
+            readRows();  // They stand nowhere else.
+        } else {
+            xml_.refuse("an unknown element among the rows");
+        }
+    }
+}
+
+/// The cells of the row that has just started. Nulls have none, so that naming them adds nothing.
+Row RowsetReader::cellsOfRow() {
+    Row row;
+    row.reserve(xml_.attributes().size());
+    for (const XmlReader::Attribute& attribute : xml_.attributes()) {
+        if (attribute.name != forceNull) {
+            row.push_back({columnOf(attribute.name, row.size()), xml_.decoded(attribute)});
+        }
+    }
+    if (!std::ranges::is_sorted(row, {}, &Rowset::Cell::column)) {
+        std::ranges::sort(row, {}, &Rowset::Cell::column);
+    }
+    return row;
+}
+
+/// The columns of the row that has just started which are null by name.
+std::vector<Column> RowsetReader::forcedNulls() const {
+    const auto forced = std::ranges::find(xml_.attributes(), forceNull, &XmlReader::Attribute::name);
+    if (forced == xml_.attributes().end()) {
+        return {};
+    }
+    std::vector<Column> columns;
+    const std::wstring names = xml_.decoded(*forced);
+    constexpr std::wstring_view space = L" \t\r\n";
+    for (std::size_t start = names.find_first_not_of(space); start < names.size();) {
+        const std::size_t end = std::min(names.find_first_of(space, start), names.size());
+        const auto column = columnsByAttribute_.find(std::wstring_view(names).substr(start, end - start));
+        if (column != columnsByAttribute_.end()) {
+            columns.push_back(column->second);
+        }
+        start = names.find_first_not_of(space, end);
+    }
+    std::ranges::sort(columns);
+    return columns;
+}
+
+/// Reads the row that has just started to its end.
+Row RowsetReader::readRow() {
+    Row row = cellsOfRow();
+    if (xml_.next() != Token::End) {
+        xml_.refuse("a row within a row");
+    }
+    return row;
+}
+
+/// Reads the row that has just started, which holds what has changed, and lays it over `original`.
+Row RowsetReader::updated(Row original) {
+    const std::vector<Column> nulls = forcedNulls();
+    Row row = readRow();
+    const auto isOutdated = [&](const Rowset::Cell& cell) {
+        return std::ranges::binary_search(nulls, cell.column) ||
+               std::ranges::binary_search(row, cell.column, {}, &Rowset::Cell::column);
+    };
+    std::erase_if(original, isOutdated);
+    std::ranges::move(original, std::back_inserter(row));
+    std::ranges::sort(row, {}, &Rowset::Cell::column);
+    return row;
+}
+
+/// The rows up to the end of the element that has just started.
+std::vector<Row> RowsetReader::readRows() {
+    std::vector<Row> rows;
+    while (xml_.next() == Token::Start) {
+        if (xml_.name() != L"z:row") {
+            xml_.refuse("not a row");
+        }
+        rows.push_back(readRow());
+    }
+    return rows;
+}
+
+/// Each original is followed by a row with what has changed in it.
+void RowsetReader::readUpdate() {
+    while (xml_.next() == Token::Start) {
+        if (xml_.name() != L"rs:original") {
+            xml_.refuse("a change without its original");
+        }
+        for (Row& original : readRows()) {
+            expectStart(L"z:row");
+            rows_.push_back(updated(std::move(original)));
+        }
+    }
+}
+
+}  // namespace
+
+Rowset readRowset(std::wstring_view xml) {
+    return RowsetReader(xml).read();
+}
+
+}  // namespace rowset

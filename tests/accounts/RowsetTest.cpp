@@ -1,0 +1,295 @@
+#include "accounts/Rowset.h"
+
+#include <gtest/gtest.h>
+
+#include "accounts/XmlReader.h"
+#include "tests/accounts/listTexts.h"
+
+namespace {
+
+using rowset::NotARowset;
+using rowset::readRowset;
+using rowset::writeRowset;
+
+/// A set with everything that the data-access components leave behind: pending changes of each kind, nulls,
+/// references, broken lines.
+constexpr wchar_t pendingChanges[] =
+    L"<xml xmlns:s='uuid:BDC6E3F0-6DA3-11d1-A2A3-00AA00C14882'\r\n"
+    L"\txmlns:dt='uuid:C2F41010-65B3-11d1-A29F-00AA00C14882'\r\n"
+    L"\txmlns:rs='urn:schemas-microsoft-com:rowset'\r\n"
+    L"\txmlns:z='#RowsetSchema'>\r\n"
+    L"<s:Schema id='RowsetSchema'>\r\n"
+    L"\t<s:ElementType name='row' content='eltOnly' rs:updatable='true'>\r\n"
+    L"\t\t<s:AttributeType name='strEmailAddress' rs:number='1' rs:nullable='true' rs:maydefer='true' "
+    L"rs:write='true'\r\n"
+    L"\t\t\t rs:basetable='tblEmailAddress' rs:basecolumn='strEmailAddress'>\r\n"
+    L"\t\t\t<s:datatype dt:type='string' dt:maxLength='255'/>\r\n"
+    L"\t\t</s:AttributeType>\r\n"
+    L"\t\t<s:AttributeType name='strAccount' rs:number='2' rs:nullable='true' rs:maydefer='true' "
+    L"rs:write='true' rs:basetable='tblEmailAddress'\r\n"
+    L"\t\t\t rs:basecolumn='strAccount'>\r\n"
+    L"\t\t\t<s:datatype dt:type='string' dt:maxLength='255'/>\r\n"
+    L"\t\t</s:AttributeType>\r\n"
+    L"\t\t<s:extends type='rs:rowbase'/>\r\n"
+    L"\t</s:ElementType>\r\n"
+    L"</s:Schema>\r\n"
+    L"<rs:data>\r\n"
+    L"\t<z:row strEmailAddress='ann@example.org' strAccount='Work'/>\r\n"
+    L"\t<rs:update>\r\n"
+    L"\t\t<rs:original>\r\n"
+    L"\t\t\t<z:row strEmailAddress='bob@example.org' strAccount='Work'/>\r\n"
+    L"\t\t</rs:original>\r\n"
+    L"\t\t<z:row strAccount='Bob&#x27;s &#x26; &#x3c;mine&#x3e;'/>\r\n"
+    L"\t</rs:update>\r\n"
+    L"\t<rs:insert>\r\n"
+    L"\t\t<z:row strEmailAddress='cy@example.org' rs:forcenull='strAccount'/>\r\n"
+    L"\t\t<z:row strEmailAddress='di@example.org' strAccount=''/>\r\n"
+    L"\t</rs:insert>\r\n"
+    L"\t<rs:delete>\r\n"
+    L"\t\t<z:row strEmailAddress='ed@example.org' strAccount='Work'/>\r\n"
+    L"\t</rs:delete>\r\n"
+    L"</rs:data>\r\n"
+    L"</xml>";
+
+TEST(Rowset, IsWrittenAsTheComponentsWriteIt) {
+    const std::wstring before(pendingChanges);
+    const std::wstring expected =
+        before.substr(0, before.find(L"\t<rs:update>")) +
+        L"\t<z:row strEmailAddress='bob@example.org' strAccount='Bob&#x27;s &#x26; &#x3c;mine&#x3e;'/>\r\n"
+        L"\t<z:row strEmailAddress='cy@example.org'/>\r\n"
+        L"\t<z:row strEmailAddress='di@example.org' strAccount=''/>\r\n"
+        L"</rs:data>\r\n"
+        L"</xml>";
+    EXPECT_EQ(writeRowset(readRowset(pendingChanges)), expected);
+    EXPECT_EQ(writeRowset(readRowset(expected)), expected);
+
+    const std::wstring empty = before.substr(0, before.find(L"\t<z:row")) + L"</rs:data>\r\n</xml>";
+    EXPECT_EQ(writeRowset(readRowset(emptyList)), empty);
+}
+
+struct ReadCase {
+    const char* name;
+    std::wstring text;
+    Entries entries;
+};
+
+class Reading : public testing::TestWithParam<ReadCase> {};
+
+TEST_P(Reading, UnderstandsEveryForm) {
+    EXPECT_EQ(entriesOf(AccountRows(GetParam().text)), GetParam().entries);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Forms, Reading,
+    testing::Values(
+        ReadCase{"NewList", emptyList, {}}, ReadCase{"ClosedAtOnce", listText(std::wstring(L"\r\n")), {}},
+        ReadCase{"PendingChanges",
+                 pendingChanges,
+                 {{L"ann@example.org", L"Work"},
+                  {L"bob@example.org", L"Bob's & <mine>"},
+                  {L"cy@example.org", L""},
+                  {L"di@example.org", L""}}},
+        ReadCase{"ChangedToNull",
+                 listText(L"<rs:update><rs:original><z:row strEmailAddress='a@b.org' strAccount='X'/>"
+                          L"</rs:original><z:row strEmailAddress='b@b.org' rs:forcenull='strAccount'/>"
+                          L"</rs:update>"),
+                 {{L"b@b.org", L""}}},
+        ReadCase{"UnchangedUpdate",
+                 listText(L"<rs:update><rs:original><z:row strEmailAddress='a@b.org' strAccount='X'/>"
+                          L"</rs:original><z:row/></rs:update>"),
+                 {{L"a@b.org", L"X"}}},
+        ReadCase{
+            "OtherQuotesAndOrder",
+            listText(L"<z:row\n    strAccount = \"Bob's\"\n    strEmailAddress=\"a@b.org\"\n  ></z:row>"),
+            {{L"a@b.org", L"Bob's"}}},
+        ReadCase{"References",
+                 listText(L"<z:row strEmailAddress='&#97;&#x40;b&#46;org' "
+                          L"strAccount='&lt;&gt;&amp;&quot;&apos;&#x2F;&#x1f600;'/>"),
+                 {{L"a@b.org", L"<>&\"'/\x1F600"}}},
+        ReadCase{"DeclarationAndComments",
+                 L"\xFEFF<?xml version='1.0'?>\n<!-- the list -- of accounts > -->\n" +
+                     text::replaceAll(listText(L"<!-- <z:row strEmailAddress='no'/> --><z:row "
+                                               L"strEmailAddress='a@b.org'/>"),
+                                      L"\r\n", L"\n") +
+                     L"\n<!-- end -->\n",
+                 {{L"a@b.org", L""}}},
+        ReadCase{"NonBreakingSpaces",
+                 text::replaceAll(listText({{L"a@b.org", L"Work"}}), L" ", L" \xA0"),
+                 {{L"a@b.org", L"Work"}}},
+        ReadCase{"SortedWithoutRegardToCase",
+                 listText({{L"b@x", L"1"}, {L"C@x", L"2"}, {L"A@x", L"3"}, {L"B@X", L"4"}}),
+                 {{L"A@x", L"3"}, {L"b@x", L"1"}, {L"B@X", L"4"}, {L"C@x", L"2"}}}),
+    [](const auto& test) { return test.param.name; });
+
+std::wstring nested(std::size_t depth) {
+    std::wstring text;
+    for (std::size_t level = 0; level < depth; ++level) {
+        text += L"<s:Schema>";
+    }
+    return text;
+}
+
+std::wstring manyAttributes() {
+    std::wstring text = L"<z:row";
+    for (int number = 0; number < 20'000; ++number) {
+        text += L" a" + std::to_wstring(number) + L"=''";
+    }
+    return text + L"/>";
+}
+
+/// Well-formed rows, each with a column of its own.
+std::wstring manyColumns() {
+    std::wstring text;
+    for (int number = 0; number < 20'000; ++number) {
+        text += L"<z:row a" + std::to_wstring(number) + L"=''/>";
+    }
+    return text;
+}
+
+TEST(Rowset, RefusesWhatIsNone) {
+    const std::wstring cases[] = {
+        L"",
+        L"   \r\n",
+        L"Hello Bob",
+        L"<html></html>",
+        L"<xml></xml>",
+        L"<xml/>",
+        std::wstring(emptyList) + L"-- \r\nAnn",
+        std::wstring(emptyList) + emptyList,
+        std::wstring(L"Dear list,") + emptyList,
+        std::wstring(L"<!DOCTYPE xml [<!ENTITY a 'aa'>]>") + emptyList,
+        text::replaceAll(emptyList, L"rs:number='2'", L"rs:number='2' name='strAccount'"),
+        text::replaceAll(emptyList, L"name='strAccount'", L"name='strEmailAddress'"),
+        text::replaceAll(emptyList, L"s:ElementType", L"s:Type"),
+        text::replaceAll(emptyList, L"<rs:data>", L"<rs:other>"),
+        text::replaceAll(emptyList, L"strAccount", L"strOther"),
+        text::replaceAll(emptyList, L"</s:Schema>", L"</s:Schema><s:Schema/>"),
+        listText(L"<![CDATA[<z:row/>]]>"),
+        listText(L"<!ELEMENT a>"),
+        listText(L"hello"),
+        listText(L"<z:row strEmailAddress='a@b.org'>text</z:row>"),
+        listText(L"<z:row><z:row/></z:row>"),
+        listText(L"<other/>"),
+        listText(L"<rs:insert><rs:insert/></rs:insert>"),
+        listText(L"<rs:update><z:row strAccount='X'/></rs:update>"),
+        listText(L"<rs:update><rs:original><z:row/></rs:original></rs:update>"),
+        listText(L"<z:row strAccount=Work/>"),
+        listText(L"<z:row strAccount/>"),
+        listText(L"<z:row strAccount='Work/>"),
+        listText(L"<z:row strAccount='<b>'/>"),
+        listText(L"<z:row strAccount='a'strEmailAddress='b'/>"),
+        listText(L"<z:row strAccount='Work' strAccount='Home'/>"),
+        listText(L"<z:row a='' strAccount='Work' strAccount='Home'/>"),
+        listText(L"<z:row strAccount='&nbsp;'/>"),
+        listText(L"<z:row strAccount='R&D'/>"),
+        listText(L"<z:row strAccount='&#;'/>"),
+        listText(L"<z:row strAccount='&#x;'/>"),
+        listText(L"<z:row strAccount='&#0;'/>"),
+        listText(L"<z:row strAccount='&#xD800;'/>"),
+        listText(L"<z:row strAccount='&#x110000;'/>"),
+        listText(L"<z:row strAccount='&#99999999999999999999;'/>"),
+        listText(L"<z:row strAccount='&#1a;'/>"),
+        listText(L"<!-- </rs:data></xml>"),
+        listText(L"</rs:data></xml>"),
+        listText(nested(100'000)),
+        listText(manyAttributes()),
+        listText(manyColumns()),
+        nested(100'000),
+    };
+    for (const std::wstring& text : cases) {
+        EXPECT_THROW(AccountRows{text}, NotARowset) << text::toUtf8(text.substr(0, 3000));
+    }
+}
+
+TEST(Rowset, IsReadWholeOrNotAtAll) {
+    const std::wstring whole(pendingChanges);
+    for (std::size_t length = 0; length < whole.size(); ++length) {
+        EXPECT_THROW(readRowset(whole.substr(0, length)), NotARowset) << "cut after " << length;
+    }
+    const std::wstring doubled =
+        listText(L"<z:row strEmailAddress=\"a\" strAccount='&amp;'></z:row><!--c-->");
+    for (std::size_t length = 0; length < doubled.size(); ++length) {
+        EXPECT_THROW(readRowset(doubled.substr(0, length)), NotARowset) << "cut after " << length;
+    }
+}
+
+TEST(Rowset, KeepsEveryCharacter) {
+    AccountRows rows(emptyList);
+    Entries entries;
+    const auto add = [&](const std::wstring& value) {
+        entries.emplace_back(std::to_wstring(100'000 + entries.size()), value);
+        rows.add();
+        rows.set(entries.back().first, entries.back().second);
+    };
+    add(L"");
+    add(L"  two  spaces  ");
+    add(L"\x1F600 &amp; \xD83D\xDE00 \xD83D");
+    for (wchar_t character = 1; character < 0x3000; ++character) {
+        if (character != 0xA0) {  // Taken for a space that an editor has changed.
+            add(std::wstring(2, character));
+        }
+    }
+    EXPECT_EQ(entriesOf(AccountRows(writeRowset(rows.rowset()))), entries);
+}
+
+/// A line is broken before an attribute once it holds 108 bytes of UTF-8.
+TEST(Rowset, BreaksLongLines) {
+    const struct {
+        std::wstring address;
+        bool broken;
+    } cases[] = {{std::wstring(81, L'x'), false},
+                 {std::wstring(82, L'x'), true},
+                 {std::wstring(76, L'x') + L"&", true},
+                 {std::wstring(75, L'x') + L"&", false},
+                 {std::wstring(41, L'\xE9'), true},
+                 {std::wstring(40, L'\xE9') + L"x", false},
+                 {std::wstring(79, L'x') + L"\x20AC", true},
+                 {std::wstring(78, L'x') + L"\x20AC", false}};
+    for (const auto& [address, broken] : cases) {
+        AccountRows rows(emptyList);
+        rows.add();
+        rows.set(address, L"Work");
+        const std::wstring text = writeRowset(rows.rowset());
+        EXPECT_EQ(text.find(L"'\r\n\t\t strAccount='Work'/>\r\n") != std::wstring::npos, broken);
+        EXPECT_EQ(text.find(L"' strAccount='Work'/>\r\n") != std::wstring::npos, !broken);
+    }
+}
+
+TEST(Rowset, KeepsWhatItDoesNotKnow) {
+    std::wstring newer = text::replaceAll(
+        emptyList, L"</s:AttributeType>\r\n<s:extends type='rs:rowbase'/>",
+        L"</s:AttributeType>\r\n<s:AttributeType name='c3' rs:name='Last Used' rs:number='3' new='1'>"
+        L"<s:datatype dt:type='dateTime'/><s:hint/></s:AttributeType>\r\n<s:extends type='rs:rowbase'/>");
+    newer = text::replaceAll(newer, L"rs:updatable='true'", L"rs:updatable='true' rs:CommandTimeout='30'");
+    newer = text::replaceAll(
+        newer, L"<rs:data>\r\n",
+        L"<rs:data new='2'><z:row later='x' c3='2030-01-01' strAccount='Work' strEmailAddress='b@b.org'/>");
+    AccountRows rows(newer);
+    rows.add();
+    rows.set(L"a@b.org", L"Home");
+    const std::wstring text = writeRowset(rows.rowset());
+
+    for (const wchar_t* expected :
+         {L"rs:updatable='true' rs:CommandTimeout='30'>\r\n", L"<rs:data new='2'>\r\n",
+          L"\t\t<s:AttributeType name='c3' rs:name='Last Used' rs:number='3' new='1'>\r\n"
+          L"\t\t\t<s:datatype dt:type='dateTime'/>\r\n\t\t\t<s:hint/>\r\n\t\t</s:AttributeType>\r\n",
+          L"\t<z:row strEmailAddress='b@b.org' strAccount='Work' c3='2030-01-01' later='x'/>\r\n"
+          L"\t<z:row strEmailAddress='a@b.org' strAccount='Home'/>\r\n"}) {
+        EXPECT_NE(text.find(expected), std::wstring::npos) << text::toUtf8(expected);
+    }
+    EXPECT_EQ(readRowset(text).column(L"Last Used"), 2U);
+}
+
+TEST(Rowset, FindsForwardFromTheCurrentRow) {
+    AccountRows rows(listText({{L"a", L"1"}, {L"b", L"2"}, {L"b", L"3"}, {L"c", L"4"}}));
+    ASSERT_TRUE(rows.moveTo(2));
+    EXPECT_TRUE(rows.findForward(L"b"));
+    EXPECT_EQ(rows.account(rows.position()), L"3");
+    EXPECT_FALSE(rows.findForward(L"a"));
+    EXPECT_TRUE(rows.atEnd());
+    EXPECT_TRUE(rows.moveTo(0));
+    EXPECT_FALSE(rows.findForward(L"B"));
+    EXPECT_FALSE(rows.moveTo(4));
+}
+
+}  // namespace

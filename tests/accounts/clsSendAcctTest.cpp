@@ -1,0 +1,271 @@
+#include "accounts/clsSendAcct.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "tests/accounts/AccountsWorld.h"
+
+namespace {
+
+const Entries twoEntries{{L"ann@example.org", L"Work"}, {L"bob@example.org", L"Home"}};
+
+TEST(StoredList, IsMadeOnceInItsFolder) {
+    AccountsWorld world(host::Profile{});
+    const auto items = world.outlook.itemsIn(tarnwellFolder);
+    ASSERT_EQ(items.size(), 1U);
+    const host::ItemView item = world.outlook.view(items[0]);
+    EXPECT_EQ(item.subject, L"Email Address");
+    EXPECT_EQ(item.body, emptyList);
+    EXPECT_FALSE(item.unread);
+    EXPECT_EQ(world.list.count(), 0U);
+    EXPECT_TRUE(world.outlook.itemsIn(L"Drafts").empty());
+    EXPECT_EQ(world.globals.settingsFolder, L"\\\\Personal Folders\\Tarnwell Settings\\Veltro");
+
+    EXPECT_TRUE(world.add(L" bob@example.org ", L"Home"));
+    EXPECT_TRUE(world.list.LoadList());
+    EXPECT_EQ(world.loaded(), (Entries{{L"bob@example.org", L"Home"}}));
+    EXPECT_EQ(world.outlook.itemsIn(tarnwellFolder).size(), 1U);
+    EXPECT_TRUE(world.log.messages.empty());
+}
+
+TEST(StoredList, FirstItemOfThatSubjectHoldsIt) {
+    host::Profile profile = profileWith(listText(twoEntries));
+    host::StoredMessage other = storedList(L"note");
+    other.message.subject = L"email address";
+    profile.messages = {other, storedList(listText(twoEntries)), storedList(emptyList)};
+    AccountsWorld world(profile);
+    EXPECT_EQ(world.loaded(), twoEntries);
+}
+
+TEST(StoredList, IsChangedAndFoundAgain) {
+    AccountsWorld world(twoEntries);
+    EXPECT_TRUE(world.change(1, L"ann@example.net", L"Home"));
+    EXPECT_TRUE(world.remove(2));
+    EXPECT_TRUE(world.add(L"'q'@example.org", L"R&D <lab>"));
+    const Entries expected{{L"'q'@example.org", L"R&D <lab>"}, {L"ann@example.net", L"Home"}};
+    EXPECT_EQ(world.stored(), expected);
+    EXPECT_TRUE(world.list.LoadList());
+    EXPECT_EQ(world.loaded(), expected);
+}
+
+/// The start-up moves the folder once; until the resource library says so, the list is looked for in both
+/// places.
+TEST(StoredList, IsFoundWhereverItsFolderIs) {
+    const struct {
+        const char* name;
+        std::vector<std::wstring> folders;
+        std::wstring listIn;
+        std::wstring foundIn;
+    } cases[] = {{"moved", {}, corvaneFolder, corvaneFolder},
+                 {"moved, old parent kept", {L"Tarnwell Settings\\Other"}, corvaneFolder, corvaneFolder},
+                 {"old folder left empty", {tarnwellFolder}, corvaneFolder, corvaneFolder},
+                 {"new folder without list", {corvaneFolder}, tarnwellFolder, tarnwellFolder}};
+    for (const auto& [name, folders, listIn, foundIn] : cases) {
+        SCOPED_TRACE(name);
+        host::Profile profile = profileWith({});
+        profile.folders = folders;
+        profile.messages = {storedList(listText(twoEntries), listIn.c_str())};
+        AccountsWorld world(profile);
+        EXPECT_EQ(world.loaded(), twoEntries);
+        EXPECT_TRUE(world.list.CreatePostrouteFolder());
+        EXPECT_TRUE(world.add(L"cy@example.org", L"Work"));
+        EXPECT_EQ(world.stored(foundIn).size(), 3U);
+        EXPECT_EQ(world.outlook.itemsIn(tarnwellFolder).size() + world.outlook.itemsIn(corvaneFolder).size(),
+                  1U);
+        EXPECT_TRUE(world.log.messages.empty());
+    }
+}
+
+/// What a failing mailbox does not show is not missing.
+TEST(StoredList, IsNeverMadeASecondTimeByAFailure) {
+    host::Profile profile = profileWith({});
+    profile.folders = {};
+    profile.messages = {storedList(listText(twoEntries), corvaneFolder)};
+    for (std::size_t call = 1; call <= 60; ++call) {
+        AccountsWorld world(profile);
+        world.outlook.failCall(call);
+        world.list.CreatePostrouteFolder();
+        world.list.LoadList();
+        world.outlook.failCall(0);
+        EXPECT_FALSE(world.outlook.folderExists(tarnwellFolder)) << "call " << call;
+        EXPECT_EQ(world.outlook.itemsIn(corvaneFolder).size(), 1U) << "call " << call;
+        EXPECT_TRUE(world.list.LoadList()) << "call " << call;
+        EXPECT_EQ(world.loaded(), twoEntries) << "call " << call;
+    }
+}
+
+TEST(StoredList, LeavesNoHalfMadeItem) {
+    bool failed = true;
+    for (std::size_t call = 1; failed; ++call) {
+        AccountsWorld world(twoEntries);
+        world.outlook.deleteItem(world.outlook.itemsIn(tarnwellFolder)[0]);
+        const std::size_t before = world.outlook.calls();
+        world.outlook.failCall(call);
+        world.list.LoadList();
+        failed = world.outlook.calls() - before >= call;
+        world.outlook.failCall(0);
+        EXPECT_TRUE(world.outlook.itemsIn(L"Drafts").empty()) << "call " << call;
+        EXPECT_TRUE(world.list.LoadList()) << "call " << call;
+        EXPECT_EQ(world.outlook.itemsIn(tarnwellFolder).size(), 1U) << "call " << call;
+        EXPECT_EQ(world.storedBody(), emptyList) << "call " << call;
+    }
+}
+
+TEST(StoredList, ChangesOfAnotherOutlookAreKept) {
+    AccountsWorld world(twoEntries);
+    clsSendAcct other(world.globals);
+    other.LoadList();
+
+    ASSERT_TRUE(world.add(L"aaa@example.org", L"Work"));
+    other.AbsolutePosition(L"2");
+    EXPECT_TRUE(other.Delete());
+    EXPECT_EQ(world.stored(), (Entries{{L"aaa@example.org", L"Work"}, twoEntries[0]}));
+
+    other.AbsolutePosition(L"2");  // Ann.
+    world.list.LoadList();
+    ASSERT_TRUE(world.change(2, L"ann@example.org", L"Home"));
+    other.Edit();
+    other.strAccount = L"Third";
+    EXPECT_FALSE(other.Update());
+    EXPECT_EQ(other.ErrorReport, L"This record has been changed or deleted meanwhile.");
+    EXPECT_EQ(world.stored()[1].second, L"Home");
+}
+
+TEST(StoredList, AnUnreadableBodyIsLeftAlone) {
+    const std::wstring body = listText(twoEntries).substr(0, 1900) + L" oops";
+    AccountsWorld world(profileWith(body), {L"Veltro=OK", L"Veltro=OK"});
+    EXPECT_FALSE(world.add(L"cy@example.org", L"Work"));
+    EXPECT_FALSE(world.list.ErrorReport.empty());
+    EXPECT_FALSE(world.list.EmailAddressMailSave(AccountRows(emptyList).rowset(), L"the folder"));
+    EXPECT_EQ(world.storedBody(), body);
+    EXPECT_EQ(world.list.count(), 0U);
+    ASSERT_EQ(world.log.messages.size(), 2U);
+    EXPECT_EQ(world.log.messages[0].title, L"Veltro");
+    EXPECT_EQ(world.log.messages[0].style.icon, platform::Icon::Information);
+    EXPECT_EQ(
+        world.log.messages[0].text,
+        L"The list of your Email Addresses appears to be corrupted. \r\n\r\nThis data is saved in an e-mail "
+        L"labeled 'Email Addresses' in the folder \\\\Personal Folders\\Tarnwell Settings\\Veltro. This "
+        L"error "
+        L"can only occur if someone has changed the e-mail by hand.\r\n\r\nYou can correct this by:\r\n1. "
+        L"Deleting/renaming your old data email so that Veltro can automatically make a new email to save "
+        L"its "
+        L"data OR\r\n2. Manually fixing the error in the data email");
+
+    // Doing as told helps.
+    world.outlook.typeSubject(world.outlook.itemsIn(tarnwellFolder)[0], L"Email Address, old");
+    EXPECT_TRUE(world.list.LoadList());
+    EXPECT_TRUE(world.add(L"cy@example.org", L"Work"));
+}
+
+TEST(StoredList, StaysAsItIsWhenTheStoreRefuses) {
+    host::Profile profile = profileWith(listText(twoEntries));
+    profile.stores[0].readOnly = true;
+    AccountsWorld world(profile, {L"Veltro=OK", L"Veltro=OK", L"Veltro=OK"});
+    EXPECT_FALSE(world.add(L"cy@example.org", L"Work"));
+    EXPECT_FALSE(world.change(1, L"ann@example.org", L"Home"));
+    EXPECT_FALSE(world.remove(1));
+    EXPECT_EQ(world.storedBody(), listText(twoEntries));
+    EXPECT_EQ(world.loaded(), twoEntries);
+    ASSERT_EQ(world.log.messages.size(), 3U);
+    EXPECT_TRUE(world.log.messages[0].text.starts_with(L"Error:EmailAddressMailSave - "));
+}
+
+/// Whichever call fails, the stored list is the old or the new one, and what is answered is true of it.
+TEST(StoredList, SurvivesEveryFailure) {
+    const std::function<bool(AccountsWorld&)> changes[] = {
+        [](AccountsWorld& world) { return world.add(L"cy@example.org", L"Work"); },
+        [](AccountsWorld& world) { return world.change(2, L"bob@example.net", L"Work"); },
+        [](AccountsWorld& world) { return world.remove(2); }};
+    for (const auto& change : changes) {
+        bool failed = true;
+        std::size_t call = 1;
+        for (; failed; ++call) {
+            AccountsWorld world(twoEntries);
+            const std::size_t before = world.outlook.calls();
+            world.outlook.failCall(call);
+            const bool changed = change(world);
+            failed = world.outlook.calls() - before >= call;
+            world.outlook.failCall(0);
+
+            ASSERT_EQ(world.outlook.itemsIn(tarnwellFolder).size(), 1U) << "call " << call;
+            EXPECT_EQ(world.stored() == twoEntries, !changed) << "call " << call;
+            EXPECT_EQ(world.list.ErrorReport.empty(), changed) << "call " << call;
+            EXPECT_EQ(world.loaded().size(), world.stored().size()) << "call " << call;
+        }
+        EXPECT_GT(call, 20U);
+    }
+}
+
+TEST(StoredList, SaysWhyItCannotBeChanged) {
+    AccountsWorld world(host::Profile{});
+    EXPECT_TRUE(world.list.Edit());
+    EXPECT_EQ(world.list.ErrorReport, L"Cannot go to Edit mode as there is no current record");
+    world.list.strEmailAddress = L"ann@example.org";
+    EXPECT_FALSE(world.list.Update());
+    EXPECT_EQ(world.list.ErrorReport, L"AddNew or Edit method must be done before the Update");
+    EXPECT_FALSE(world.list.Delete());
+    EXPECT_EQ(world.list.ErrorReport, L"No active record to delete");
+    EXPECT_FALSE(world.add(L"   ", L"Work"));
+    EXPECT_EQ(world.list.ErrorReport, L"Email Address cannot be saved because it has not been entered.");
+    EXPECT_FALSE(world.add(std::wstring(256, L'a'), L"Work"));
+    EXPECT_TRUE(world.add(std::wstring(255, L'a'), L"Work"));
+    EXPECT_TRUE(world.list.ErrorReport.empty());
+}
+
+TEST(StoredList, FindsExactlyWhatItHolds) {
+    AccountsWorld world(Entries{{L"ann@example.org", L"Work"}, {L"o&#x27;neil@example.org", L"Home"}},
+                        {L"AbsolutePosition_Get_Error - Veltro=OK"});
+    EXPECT_TRUE(world.list.Find(L"ann@example.org"));
+    EXPECT_EQ(world.list.strAccount, L"Work");
+    EXPECT_FALSE(world.list.Find(L"o'neil@example.org"));
+    EXPECT_EQ(world.list.strEmailAddress, L"ann@example.org");
+    EXPECT_FALSE(world.list.Find(L"Ann@example.org"));
+    EXPECT_EQ(world.list.AbsolutePosition(), clsSendAcct::endOfList);
+
+    world.list.AbsolutePosition(L"2");
+    EXPECT_EQ(world.list.strEmailAddress, L"o'neil@example.org");
+    EXPECT_FALSE(world.list.Find(L"ann@example.org"));
+    world.list.AbsolutePosition(L"3");
+    EXPECT_EQ(world.log.messages.size(), 1U);
+}
+
+TEST(ListFolder, IsMadeAndToldOf) {
+    host::Profile none;
+    none.folders = {};
+    AccountsWorld made(none, {L"Veltro=OK", L"Folder already exists - Veltro=OK"});
+    EXPECT_FALSE(made.list.LoadList());
+    EXPECT_TRUE(made.list.CreatePostrouteFolder());
+    EXPECT_TRUE(made.outlook.folderExists(tarnwellFolder));
+    ASSERT_EQ(made.log.messages.size(), 1U);
+    EXPECT_EQ(made.log.messages[0].style.icon, platform::Icon::Information);
+    EXPECT_EQ(made.log.messages[0].text,
+              L"Veltro has created the following folder in Outlook for you:\r\n\\\\Personal "
+              L"Folders\\Tarnwell Settings\\Veltro\r\n\r\nThis folder is used to save your Veltro "
+              L"Settings.\r\nPlease do not delete or change the folder or the e-mails in it.");
+    EXPECT_TRUE(made.list.CreatePostrouteFolder());
+    EXPECT_EQ(made.log.messages.size(), 1U);
+    EXPECT_TRUE(made.list.CreatePostrouteFolder(clsSendAcct::Asked::ByUser));
+    EXPECT_EQ(made.log.messages.size(), 2U);
+
+    none.stores[0].readOnly = true;
+    AccountsWorld refused(none, {L"Veltro=OK"});
+    EXPECT_FALSE(refused.list.CreatePostrouteFolder());
+    ASSERT_EQ(refused.log.messages.size(), 1U);
+    EXPECT_EQ(refused.log.messages[0].text, L"Unable to create the folder.");
+}
+
+TEST(ListFolder, IsMissedOnceItWasKnown) {
+    AccountsWorld world(twoEntries, {L"Veltro=OK"});
+    world.list.GetDefaultFolder().remove();
+    EXPECT_FALSE(world.list.LoadList());
+    EXPECT_EQ(world.list.count(), 0U);
+    ASSERT_EQ(world.log.messages.size(), 1U);
+    EXPECT_EQ(world.log.messages[0].style.icon, platform::Icon::Critical);
+    EXPECT_EQ(world.log.messages[0].text,
+              L"Unable to load list from the folder \\\\Personal Folders\\Tarnwell Settings\\Veltro as the "
+              L"folder could not be found!");
+}
+
+}  // namespace

@@ -1,0 +1,122 @@
+#include <gtest/gtest.h>
+
+#include "accounts/frmEmailAddress.h"
+#include "tests/accounts/AccountsWorld.h"
+
+namespace {
+
+const Entries threeEntries{{L"ann@example.org", L"Work"},
+                           {L"bob@example.org", L"No Account Selected"},
+                           {L"cy@example.org", L"Gone"}};
+
+/// What the list window showed each time it asked, as its selected line.
+std::vector<std::wstring> selections(const AccountsWorld& world) {
+    std::vector<std::wstring> lines;
+    for (const platform::FormPrompt& form : world.log.forms) {
+        for (const platform::ControlState& control : form.controls) {
+            if (form.form == L"frmEmailAddress" && control.name == L"lstEmailAddress") {
+                lines.push_back(control.value);
+            }
+        }
+    }
+    return lines;
+}
+
+std::vector<std::wstring> texts(const AccountsWorld& world) {
+    std::vector<std::wstring> lines;
+    for (const platform::MessagePrompt& message : world.log.messages) {
+        lines.push_back(message.text);
+    }
+    return lines;
+}
+
+void showWindow(AccountsWorld& world) {
+    frmEmailAddress window(world.globals, world.list);
+    world.desktop.showModal(window);
+    EXPECT_FALSE(world.desktop.unanswered()) << text::toUtf8(world.desktop.unanswered().value_or(L""));
+}
+
+TEST(ListWindow, KeepsTheSelectionWhereTheUserIs) {
+    AccountsWorld world(
+        threeEntries,
+        {L"frmEmailAddress=cmdAdd",
+         L"frmEmailAddressEdit=txtEmailAddress=  dan@example.org ; "
+         L"cmbAccounts=Home; cmdOK",
+         L"frmEmailAddress=lstEmailAddress=ann@example.org (Work); cmdEdit",
+         L"frmEmailAddressEdit=txtEmailAddress=zoe@example.org; cmdOK", L"frmEmailAddress=cmdDelete",
+         L"Veltro=No", L"frmEmailAddress=cmdDelete", L"Veltro=Yes", L"frmEmailAddress=cmdClose"});
+    showWindow(world);
+    EXPECT_EQ(selections(world),
+              (std::vector<std::wstring>{L"", L"dan@example.org (Home)", L"zoe@example.org (Work)",
+                                         L"zoe@example.org (Work)", L"dan@example.org (Home)"}));
+    EXPECT_EQ(world.stored(), (Entries{threeEntries[1], threeEntries[2], {L"dan@example.org", L"Home"}}));
+    EXPECT_EQ(world.log.messages[0].text, L"Do you wish to delete the chosen email address from the list?");
+    EXPECT_EQ(world.log.messages[0].style.icon, platform::Icon::Question);
+    EXPECT_EQ(world.log.forms[0].controls[2].caption,
+              L"ann@example.org (Work)\nbob@example.org (No Account Selected)\ncy@example.org (Gone)");
+}
+
+TEST(ListWindow, WantsASelection) {
+    AccountsWorld world(threeEntries, {L"frmEmailAddress=cmdEdit", L"Veltro=OK", L"frmEmailAddress=cmdDelete",
+                                       L"Veltro=OK", L"frmEmailAddress=cmdClose"});
+    showWindow(world);
+    EXPECT_EQ(texts(world), std::vector<std::wstring>(2, L"Please select an item from the list"));
+    EXPECT_EQ(world.stored(), threeEntries);
+}
+
+TEST(ListWindow, EditsOnADoubleClick) {
+    AccountsWorld world(threeEntries, {L"frmEmailAddressEdit=cmdOK"});
+    frmEmailAddress window(world.globals, world.list);
+    auto& box = dynamic_cast<forms::ListBox&>(*window.find(L"lstEmailAddress"));
+    box.choose(2);
+    box.onDoubleClick();
+    ASSERT_EQ(world.log.forms.size(), 1U);
+    EXPECT_EQ(world.log.forms[0].caption, L"Edit");
+    // The account that is gone stays with its address until another is chosen.
+    EXPECT_EQ(world.stored(), threeEntries);
+    EXPECT_EQ(box.selected(), 2);
+}
+
+TEST(EntryEditor, RefusesWhatCannotBeStored) {
+    AccountsWorld world(threeEntries,
+                        {L"frmEmailAddress=cmdAdd", L"frmEmailAddressEdit=txtEmailAddress=  ; cmdOK",
+                         L"Veltro=OK", L"frmEmailAddressEdit=txtEmailAddress=ann; cmdOK", L"Veltro=OK",
+                         L"frmEmailAddressEdit=txtEmailAddress=cy@example.org; cmdOK", L"Veltro=OK",
+                         L"frmEmailAddressEdit=cmdCancel", L"frmEmailAddress=cmdClose"});
+    showWindow(world);
+    EXPECT_EQ(texts(world),
+              (std::vector<std::wstring>{
+                  L"Please enter the e-mail address name first", L"Please enter a valid email address.",
+                  L"There is already an existing e-mail with this address. Please enter "
+                  L"another email address"}));
+    EXPECT_EQ(world.log.messages[0].style.icon, platform::Icon::Information);
+    EXPECT_EQ(world.log.messages[1].style.icon, platform::Icon::Warning);
+    EXPECT_EQ(world.log.messages[2].style.icon, platform::Icon::Warning);
+    EXPECT_EQ(world.log.forms[1].caption, L"Add Preferred Account");
+    EXPECT_EQ(world.stored(), threeEntries);
+}
+
+TEST(EntryEditor, StaysOpenWhenTheStoreRefuses) {
+    host::Profile profile = profileWith(listText(threeEntries));
+    profile.stores[0].readOnly = true;
+    AccountsWorld world(
+        profile, {L"frmEmailAddress=cmdAdd", L"frmEmailAddressEdit=txtEmailAddress=dan@example.org; cmdOK",
+                  L"Veltro=OK", L"Veltro=OK", L"frmEmailAddressEdit=cmdCancel", L"frmEmailAddress=cmdClose"});
+    showWindow(world);
+    EXPECT_EQ(texts(world).at(1), L"The list could not be saved. It is as it was before.");
+    EXPECT_EQ(world.stored(), threeEntries);
+}
+
+TEST(ListWindow, FirstEntryOfANewProfileMakesTheFolder) {
+    host::Profile profile;
+    profile.folders = {};
+    AccountsWorld world(profile,
+                        {L"frmEmailAddress=cmdAdd",
+                         L"frmEmailAddressEdit=txtEmailAddress=dan@example.org; cmbAccounts=Work; cmdOK",
+                         L"Veltro=OK", L"frmEmailAddress=cmdClose"});
+    showWindow(world);
+    EXPECT_EQ(selections(world).back(), L"dan@example.org (Work)");
+    EXPECT_EQ(world.stored(), (Entries{{L"dan@example.org", L"Work"}}));
+}
+
+}  // namespace
