@@ -3,7 +3,6 @@
 
 #include <commctrl.h>
 
-#include <algorithm>
 #include <map>
 #include <string>
 #include <vector>
@@ -311,8 +310,9 @@ TEST_F(ListsTest, TenThousandRowsAreShownAndAnswered) {
 TEST_F(ListsTest, LongTextsAndDropDownListsHaveRoom) {
     ListForm form;
     form.lstAccounts.setItems({longText, L"short"});
-    form.cboAccount.setItems({L"Work", longText, L"Home", L"Club", L"Family"});
-    meanwhile = [](HWND dialog) {
+    const std::wstring longName(60, L'W');
+    form.cboAccount.setItems({L"Work", longName, L"Home", L"Club", L"Family"});
+    meanwhile = [&longName](HWND dialog) {
         HWND rows = find(dialog, L"lstRows");
         const LRESULT width =
             SendMessageW(rows, LVM_GETSTRINGWIDTHW, 0, reinterpret_cast<LPARAM>(longText.c_str()));
@@ -334,8 +334,8 @@ TEST_F(ListsTest, LongTextsAndDropDownListsHaveRoom) {
         const LRESULT entryHeight = SendMessageW(comboBox, CB_GETITEMHEIGHT, 0, 0);
         EXPECT_GE(client.bottom, 5 * entryHeight);
         EXPECT_LT(client.bottom, 6 * entryHeight);
-        const LRESULT screen = GetSystemMetrics(SM_CXSCREEN);
-        EXPECT_GE(SendMessageW(comboBox, CB_GETDROPPEDWIDTH, 0, 0), std::min(width, screen));
+        EXPECT_GT(SendMessageW(comboBox, CB_GETDROPPEDWIDTH, 0, 0),
+                  SendMessageW(rows, LVM_GETSTRINGWIDTHW, 0, reinterpret_cast<LPARAM>(longName.c_str())));
         RECT wanted{0, 0, 100, 13};
         MapDialogRect(dialog, &wanted);
         EXPECT_EQ(closed.bottom - closed.top, wanted.bottom);
