@@ -20,6 +20,8 @@ struct RecipientData {
     int type = 1;
     Address address{};
     bool resolved = false;
+    /// Where it stands in its list, or stood before others were removed: saves the search.
+    std::size_t place = 0;
 };
 using RecipientList = std::vector<std::shared_ptr<RecipientData>>;
 using AttachmentList = std::vector<std::shared_ptr<Attachment>>;

@@ -26,7 +26,9 @@ Value Recipients::at(Arguments arguments) {
         }
         data = *found;
     } else {
-        data = recipients[position(arguments[0], recipients.size())];
+        const std::size_t place = position(arguments[0], recipients.size());
+        data = recipients[place];
+        data->place = place;
     }
     return world().makeObject<Recipient>(item_, list_, std::move(data), safe_);
 }
@@ -95,7 +97,8 @@ void Recipient::checkUsable() const {
     }
     item_->checkUsable();
     const RecipientList& list = item_->content().*list_;
-    if (std::ranges::find(list, data_) == list.end()) {
+    const bool inPlace = data_->place < list.size() && list[data_->place] == data_;
+    if (!inPlace && std::ranges::find(list, data_) == list.end()) {
         raise::objectNotFound();
     }
 }
