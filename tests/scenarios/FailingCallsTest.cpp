@@ -86,4 +86,27 @@ TEST(FailingCalls, NeverCancelAReplyNorKeepADroppedRecipientSilently) {
     }
 }
 
+TEST(FailingCalls, NeverLoseAPlainReply) {
+    std::size_t calls = 1;
+    for (std::size_t n = 0; n <= calls; ++n) {
+        Given given{.answers = std::vector<std::wstring>(20, L"Veltro=OK")};
+        given.answers.push_back(L"frmReplyMultRecipt=lstRecipients=1,2; cmdOK");
+        Bench bench(given);
+        host::Message message = plainMail();
+        message.from = host::Address{.name = L"Ann", .address = L"ann@example.com"};
+        message.to.push_back({.name = L"Me", .address = L"me@example.org"});
+        const auto item = bench.outlook().receive(message);
+        bench.outlook().select(bench.outlook().explorers().front(), {item});
+        const std::size_t before = bench.outlook().calls();
+        bench.outlook().failCall(n);
+        const auto outcome = bench.outlook().reply(item);
+        bench.outlook().failCall(0);
+        EXPECT_FALSE(outcome.newInspectors.empty()) << "call " << n << " of " << calls;
+        if (n == 0) {
+            calls = bench.outlook().calls() - before;
+            ASSERT_FALSE(outcome.opened) << "the other recipients were not offered";
+        }
+    }
+}
+
 }  // namespace
