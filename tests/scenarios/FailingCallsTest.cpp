@@ -40,6 +40,26 @@ TEST(FailingCalls, NeverCancelASendThatNobodyDenied) {
     }
 }
 
+struct Pressed {
+    host::ReplyOutcome outcome;
+    std::size_t calls = 0;
+};
+
+/// Presses the button for a mail from Ann to Bob and the user, while the n-th call fails.
+Pressed press(Bench& bench, host::ReplyKind kind, std::size_t failing) {
+    host::Message message = plainMail();
+    message.from = host::Address{.name = L"Ann", .address = L"ann@example.com"};
+    message.to.push_back({.name = L"Me", .address = L"me@example.org"});
+    const auto item = bench.outlook().receive(message);
+    bench.outlook().select(bench.outlook().explorers().front(), {item});
+    const std::size_t before = bench.outlook().calls();
+    bench.outlook().failCall(failing);
+    Pressed pressed{.outcome = bench.outlook().answer(kind, item)};
+    bench.outlook().failCall(0);
+    pressed.calls = bench.outlook().calls() - before;
+    return pressed;
+}
+
 /// A Reply to All whose user unticks Bob.
 struct Answering {
     bool opened = false;
@@ -54,16 +74,8 @@ Answering replyAll(std::size_t failing) {
     given.answers.insert(given.answers.end(),
                          {L"BCCed e-mail=Yes", L"frmReplyMultRecipt=lstRecipients=2; cmdOK"});
     Bench bench(given);
-    host::Message message = plainMail();
-    message.from = host::Address{.name = L"Ann", .address = L"ann@example.com"};
-    message.to.push_back({.name = L"Me", .address = L"me@example.org"});
-    const auto item = bench.outlook().receive(message);
-    bench.outlook().select(bench.outlook().explorers().front(), {item});
-    const std::size_t before = bench.outlook().calls();
-    bench.outlook().failCall(failing);
-    const auto outcome = bench.outlook().replyAll(item);
-    bench.outlook().failCall(0);
-    Answering answering{.opened = outcome.opened, .calls = bench.outlook().calls() - before};
+    const auto [outcome, calls] = press(bench, host::ReplyKind::ReplyAll, failing);
+    Answering answering{.opened = outcome.opened, .calls = calls};
     if (outcome.opened) {
         answering.bobDropped =
             std::ranges::none_of(bench.outlook().view(outcome.item).recipients,
@@ -92,18 +104,10 @@ TEST(FailingCalls, NeverLoseAPlainReply) {
         Given given{.answers = std::vector<std::wstring>(20, L"Veltro=OK")};
         given.answers.push_back(L"frmReplyMultRecipt=lstRecipients=1,2; cmdOK");
         Bench bench(given);
-        host::Message message = plainMail();
-        message.from = host::Address{.name = L"Ann", .address = L"ann@example.com"};
-        message.to.push_back({.name = L"Me", .address = L"me@example.org"});
-        const auto item = bench.outlook().receive(message);
-        bench.outlook().select(bench.outlook().explorers().front(), {item});
-        const std::size_t before = bench.outlook().calls();
-        bench.outlook().failCall(n);
-        const auto outcome = bench.outlook().reply(item);
-        bench.outlook().failCall(0);
+        const auto [outcome, made] = press(bench, host::ReplyKind::Reply, n);
         EXPECT_FALSE(outcome.newInspectors.empty()) << "call " << n << " of " << calls;
         if (n == 0) {
-            calls = bench.outlook().calls() - before;
+            calls = made;
             ASSERT_FALSE(outcome.opened) << "the other recipients were not offered";
         }
     }
