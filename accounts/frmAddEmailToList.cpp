@@ -28,6 +28,7 @@ frmAddEmailToList::frmAddEmailToList(basGlobals::Globals& globals, clsSendAcct& 
         L".\r\n\r\nThis will ensure that you always use the correct account to send\r\ne-mails to " +
         address_ + L".\r\n\r\nIf you click Never, then you will not get this reminder for \r\n" + address_ +
         L" again."));
+    cmdYes.setFocus();  // Not the check box, which would silence the question for good.
     cmdYes.onClick = [this] { cmdYes_Click(); };
     cmdNo.onClick = [this] { cmdNo_Click(); };
     Command1.onClick = [this] { Command1_Click(); };

@@ -39,11 +39,12 @@ frmEmailAddressEdit::frmEmailAddressEdit(basGlobals::Globals& globals, clsSendAc
       position_(list.AbsolutePosition()) {
     imgBackColor.setVisible(hasMessage());
     lblMsg.setVisible(hasMessage());
+    txtEmailAddress.setText(std::move(entry.address));
     if (hasMessage()) {
         lblMsg.setCaption(basSendAcct::PlainCaption(entry.message));
+        txtEmailAddress.setReadOnly(true);
+        cmbAccounts.setFocus();
     }
-    txtEmailAddress.setText(std::move(entry.address));
-    txtEmailAddress.setReadOnly(hasMessage());
     chooseAccount(entry.account);
     cmdOK.onClick = [this] { cmdOK_Click(); };
     cmdCancel.onClick = [this] { cmdCancel_Click(); };

@@ -10,6 +10,7 @@ frmRemoveSpam::frmRemoveSpam(const basGlobals::Globals& globals, const std::wstr
     txtOldSubject.setText(oldSubject);
     txtOldSubject.setReadOnly(true);
     txtNewSubject.setText(newSubject);
+    txtNewSubject.setFocus();
     chkAutoCorrect.onClick = [this] { chkAutoCorrect_Click(); };
     cmdYes.onClick = [this] { cmdYes_Click(); };
     cmdNo.onClick = [this] { cmdNo_Click(); };

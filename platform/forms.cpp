@@ -55,6 +55,8 @@ void Control::setVisible(bool visible) {
 void Control::setFocus() {
     if (View* view = form_.view()) {
         view->focus(*this);
+    } else {
+        form_.firstFocus_ = this;
     }
 }
 

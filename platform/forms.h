@@ -55,6 +55,8 @@ class Control {
     void setEnabled(bool enabled);
     bool visible() const { return visible_; }
     void setVisible(bool visible);
+    /// Moves the keyboard here; before the form is shown, this is where it starts in place of the first
+    /// control.
     void setFocus();
 
     /// What the control holds, as text: a text box its text, a check box "0", "1" or "2", an option "0" or
@@ -273,6 +275,8 @@ class Form {
     const std::vector<Control*>& controls() const { return controls_; }
     Control* find(std::wstring_view controlName) const;
     Button* button(Button::Role role) const;
+    /// Where the keyboard starts; nothing: at the first control.
+    const Control* firstFocus() const { return firstFocus_; }
 
     /// Ends the modal showing; the controls keep what they hold.
     void hide();
@@ -293,6 +297,7 @@ class Form {
     int height_;
     std::vector<Control*> controls_;
     View* view_ = nullptr;
+    const Control* firstFocus_ = nullptr;
 };
 
 }  // namespace forms

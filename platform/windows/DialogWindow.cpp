@@ -99,7 +99,7 @@ INT_PTR DialogWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_INITDIALOG:
             initialise();
-            return TRUE;  // The first control gets the focus.
+            return form_.firstFocus() == nullptr;  // TRUE gives the focus to the first control.
         case WM_COMMAND:
             command(LOWORD(wParam), HIWORD(wParam));
             return TRUE;
@@ -126,6 +126,9 @@ void DialogWindow::initialise() {
         show(*control);
     }
     centre(dialog_, owner_);
+    if (form_.firstFocus()) {
+        focus(*form_.firstFocus());
+    }
 }
 
 void DialogWindow::removeNames() {

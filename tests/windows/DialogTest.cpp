@@ -103,6 +103,27 @@ TEST_F(DialogTest, KeysDoWhatTheyDoInEveryDialog) {
     }
 }
 
+TEST_F(DialogTest, TheKeyboardStartsWhereTheFormSays) {
+    const auto focused = [](HWND dialog) {
+        GUITHREADINFO info{};
+        info.cbSize = sizeof info;
+        GetGUIThreadInfo(GetWindowThreadProcessId(dialog, nullptr), &info);
+        wchar_t text[40] = L"";
+        GetWindowTextW(info.hwndFocus, text, 40);
+        return std::wstring(text);
+    };
+    std::wstring start;
+    meanwhile = [&](HWND dialog) { start = focused(dialog); };
+    SampleForm form;
+    form.txtSubject.setText(L"first");
+    show(form, {{{}, L"cmdCancel"}});
+    EXPECT_EQ(start, L"first");
+    SampleForm other;
+    other.chkNever.setFocus();
+    show(other, {{{}, L"cmdCancel"}});
+    EXPECT_EQ(start, other.chkNever.caption());
+}
+
 TEST_F(DialogTest, EscapeHidesAFormWithoutACancelButton) {
     forms::Form form(L"frmPlain", L"Plain", 100, 40);
     const forms::TextBox box(form, L"txtOnly", {8, 8, 80, 20}, forms::TextBox::Lines::Many);
