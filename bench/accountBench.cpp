@@ -89,7 +89,7 @@ BENCHMARK(libxmlTree)->Arg(smallList)->Arg(largeList);
 class ListWorld : public BenchWorld {
   public:
     explicit ListWorld(std::int64_t count) {
-        outlook.store(L"Tarnwell Settings\\Veltro", {.subject = L"Email Address", .body = listOf(count)});
+        outlook.store(host::settingsFolder, {.subject = L"Email Address", .body = listOf(count)});
         list.Initialise();
     }
 

@@ -5,6 +5,7 @@
 #include <map>
 
 #include "host/Answers.h"
+#include "host/SettingsFolder.h"
 #include "platform/text.h"
 
 namespace host {
@@ -18,6 +19,7 @@ constexpr char usageText[] =
   veltro-host reply MESSAGE...         select each message in the Inbox and press Reply
   veltro-host reply-all MESSAGE...     ... Reply to All
   veltro-host forward MESSAGE...       ... Forward
+  veltro-host list                     open the list of preferred sending accounts from the menu
   veltro-host import MESSAGE.eml...    write the messages as JSON, which the other commands read too
 
   --outlook VERSION        the version that Outlook tells; 14.0.0.4760 unless given
@@ -25,6 +27,9 @@ constexpr char usageText[] =
   --account NAME=ADDRESS   an account of the profile, repeatable; the first is the default account
   --set KEY=VALUE          a setting for this run, repeatable
   --settings FILE          keep the settings in this file; otherwise they live for the run
+  --list ADDRESS=ACCOUNT   an entry of the list of preferred accounts, repeatable
+  --folder FILE            keep the items of the settings folder, the list among them, in this file; otherwise
+                           they live for the run
   --bcc-me                 the received message reached the user blind (reply commands)
   --first-run              a profile on which the add-in never ran
   --answer 'WHERE=WHAT'    an answer to a prompt, repeatable, used in order. WHERE is the start of a message
@@ -103,6 +108,12 @@ std::map<std::wstring, Option> makeOptions() {
                    const std::wstring& value) { line.settings.push_back(parsePair("--set", value)); }}},
         {L"--settings",
          {true, [](CommandLine& line, const std::wstring& value) { line.settingsFile = value; }}},
+        {L"--list",
+         {true,
+          [](CommandLine& line, const std::wstring& value) {
+              line.preferredAccounts.push_back(parsePair("--list", value));
+          }}},
+        {L"--folder", {true, [](CommandLine& line, const std::wstring& value) { line.folderFile = value; }}},
         {L"--answer", {true, addAnswer}},
         {L"--bcc-me", {false, [](CommandLine& line, const std::wstring&) { line.bccMe = true; }}},
         {L"--first-run", {false, [](CommandLine& line, const std::wstring&) { line.firstRun = true; }}},
@@ -113,8 +124,9 @@ std::map<std::wstring, Option> makeOptions() {
 
 Command parseCommand(const std::wstring& word) {
     static const std::map<std::wstring, Command> commands{
-        {L"send", Command::Send},       {L"reply", Command::Reply},   {L"reply-all", Command::ReplyAll},
-        {L"forward", Command::Forward}, {L"import", Command::Import}, {L"help", Command::Help},
+        {L"send", Command::Send},       {L"reply", Command::Reply}, {L"reply-all", Command::ReplyAll},
+        {L"forward", Command::Forward}, {L"list", Command::List},   {L"import", Command::Import},
+        {L"help", Command::Help},
     };
     const auto found = commands.find(word);
     if (found == commands.end()) {
@@ -129,8 +141,15 @@ void checkTogether(const CommandLine& line) {
     if (line.bccMe && !answering) {
         throw UsageError("--bcc-me goes with reply, reply-all and forward only");
     }
-    if (line.command != Command::None && line.command != Command::Help && line.files.empty()) {
+    if (line.firstRun && !line.preferredAccounts.empty()) {
+        throw UsageError("--list goes not with --first-run: such a profile has no list");
+    }
+    const bool takesFiles = answering || line.command == Command::Send || line.command == Command::Import;
+    if (takesFiles && line.files.empty()) {
         throw UsageError("no message file given; try --help");
+    }
+    if (line.command == Command::List && !line.files.empty()) {
+        throw UsageError("list takes no message file");
     }
 }
 
@@ -184,6 +203,9 @@ Profile CommandLine::profile() const {
     profile.editor = editor;
     if (firstRun) {
         profile.folders.clear();
+    }
+    if (!preferredAccounts.empty()) {
+        profile.messages.push_back({settingsFolder, preferredAccountsItem(preferredAccounts)});
     }
     return profile;
 }

@@ -25,6 +25,7 @@ enum class Command {
     Reply,
     ReplyAll,
     Forward,
+    List,
     Import
 };
 
@@ -38,12 +39,15 @@ struct CommandLine {
     /// In the order given: of several for one key the last wins.
     std::vector<std::pair<std::wstring, std::wstring>> settings;
     std::optional<std::wstring> settingsFile;
+    /// What the list of preferred accounts holds at the start: addresses and their accounts.
+    std::vector<std::pair<std::wstring, std::wstring>> preferredAccounts;
+    std::optional<std::wstring> folderFile;
     std::vector<platform::PromptAnswer> answers;
     bool bccMe = false;
     bool firstRun = false;
     bool json = false;
 
-    /// The profile described here.
+    /// The profile described here, without what a file holds.
     Profile profile() const;
 };
 

@@ -5,7 +5,7 @@
 #include <nlohmann/json.hpp>
 #include <stdexcept>
 
-#include "host/MessageJson.h"
+#include "host/MessageFiles.h"
 #include "platform/text.h"
 
 namespace host {
@@ -79,22 +79,10 @@ void FileSettingsStore::write(const std::wstring& key, const std::wstring& value
     } else {
         *found = textToJson(value);
     }
-    std::filesystem::path temporary = file_;
-    temporary += ".new";
-    {
-        std::ofstream stream(temporary, std::ios::binary | std::ios::trunc);
-        stream << settings.dump(2) << '\n';
-        stream.close();
-        if (!stream) {
-            fail(file_, "cannot be written");
-        }
-    }
-    std::error_code error;
-    std::filesystem::rename(temporary, file_, error);
-    if (error) {
-        std::error_code ignored;
-        std::filesystem::remove(temporary, ignored);
-        fail(file_, error.message());
+    try {
+        replaceFile(file_, settings.dump(2));
+    } catch (const std::runtime_error& error) {
+        fail(file_, error.what());
     }
 }
 

@@ -51,6 +51,26 @@ std::string readFile(const std::filesystem::path& file) {
     return std::move(contents).str();
 }
 
+void replaceFile(const std::filesystem::path& file, std::string_view contents) {
+    std::filesystem::path temporary = file;
+    temporary += ".new";
+    {
+        std::ofstream stream(temporary, std::ios::binary | std::ios::trunc);
+        stream << contents << '\n';
+        stream.close();
+        if (!stream) {
+            throw std::runtime_error("cannot be written");
+        }
+    }
+    std::error_code error;
+    std::filesystem::rename(temporary, file, error);
+    if (error) {
+        std::error_code ignored;
+        std::filesystem::remove(temporary, ignored);
+        throw std::runtime_error(error.message());
+    }
+}
+
 std::vector<MessageFile> readMessages(const std::vector<std::wstring>& files, const Importer& importer) {
     std::vector<MessageFile> messages;
     for (const std::wstring& file : files) {

@@ -13,6 +13,10 @@ namespace host {
 /// The contents of a regular file. Throws std::runtime_error with the reason.
 std::string readFile(const std::filesystem::path& file);
 
+/// Replaces the file as a whole, or makes it: a reader finds the old contents or the new ones, never half of
+/// them. Throws std::runtime_error with the reason.
+void replaceFile(const std::filesystem::path& file, std::string_view contents);
+
 /// Reads an e-mail in the Internet format; throws std::runtime_error with the reason.
 using Importer = std::function<Message(std::string_view)>;
 

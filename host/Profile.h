@@ -50,6 +50,9 @@ struct StoredMessage {
     Message message{};
 };
 
+/// Where the add-in keeps its data.
+inline constexpr wchar_t settingsFolder[] = L"Corvane Settings\\Veltro";
+
 /// The user's Outlook before it starts.
 struct Profile {
     std::wstring version = L"14.0.0.4760";
@@ -60,7 +63,7 @@ struct Profile {
     Editor editor = Editor::Html;
     /// Folders beside the default ones in the default store, as paths whose parts are joined by "\". The one
     /// named here is the add-in's settings folder: leave it out for a profile on which the add-in never ran.
-    std::vector<std::wstring> folders{L"Tarnwell Settings\\Veltro"};
+    std::vector<std::wstring> folders{settingsFolder};
     std::vector<StoredMessage> messages{};
     /// Names that recipients are resolved with, beside mailboxes that stand for themselves.
     std::vector<Address> addressBook{};

@@ -60,6 +60,9 @@ Session::Session(const CommandLine& line, Outlook& outlook, Report& report,
 
 ExitStatus Session::run(const std::vector<MessageFile>& messages) {
     reportErrors();
+    if (line_.command == Command::List) {
+        return openList();
+    }
     bool cancelled = false;
     for (const MessageFile& file : messages) {
         if (promptUnanswered_()) {
@@ -76,10 +79,27 @@ ExitStatus Session::run(const std::vector<MessageFile>& messages) {
         }
         reportErrors();
     }
+    return ended(cancelled);
+}
+
+ExitStatus Session::ended(bool cancelled) const {
     if (promptUnanswered_()) {
         return ExitStatus::UnansweredPrompt;
     }
     return cancelled ? ExitStatus::Cancelled : ExitStatus::Done;
+}
+
+ExitStatus Session::openList() {
+    bool opened = false;
+    try {
+        outlook_.pressControl(outlook_.explorers().front(),
+                              {L"Tarnwell", L"Veltro", L"Send Account (Preferred) List"});
+        opened = true;
+    } catch (const automation::Error& error) {
+        report_.error(L"the menu has no list of preferred accounts: " + error.description());
+    }
+    reportErrors();
+    return ended(!opened);
 }
 
 bool Session::send(const MessageFile& file) {

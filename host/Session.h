@@ -27,6 +27,7 @@ class Session {
     Session(const CommandLine& line, Outlook& outlook, Report& report,
             std::function<bool()> promptUnanswered);
 
+    /// Carries out the command of the command line; `messages` are those of its files.
     ExitStatus run(const std::vector<MessageFile>& messages);
     /// Closes all windows and ends Outlook, as a user does.
     void quit();
@@ -35,6 +36,8 @@ class Session {
     /// False when something was cancelled.
     bool send(const MessageFile& file);
     bool answer(ReplyKind kind, const MessageFile& file);
+    ExitStatus openList();
+    ExitStatus ended(bool cancelled) const;
     automation::Object opened(const ReplyOutcome& outcome) const;
     void reportErrors();
 

@@ -14,6 +14,7 @@
 #include "host/MessageFiles.h"
 #include "host/Report.h"
 #include "host/Session.h"
+#include "host/SettingsFolder.h"
 #include "host/native/ImportMessage.h"
 #include "platform/native/FakeRegistry.h"
 #include "platform/native/FileResources.h"
@@ -69,7 +70,7 @@ ExitStatus run(const CommandLine& line) {
     const auto desktop = makeDesktop(line, person, report);
 
     platform::native::SystemClock clock;
-    host::Outlook outlook(line.profile(), [&clock] { return clock.now(); });
+    host::Outlook outlook(host::prepareProfile(line), [&clock] { return clock.now(); });
     platform::native::FakeRegistry registry;
     platform::native::FileResources resources;
     platform::native::FixedSystemInfo system(programFolder());
@@ -86,6 +87,7 @@ ExitStatus run(const CommandLine& line) {
     const ExitStatus status = session.run(messages);
     session.quit();
     connect.OnDisconnection(hostShutdown);
+    host::keepSettingsFolder(line, outlook);
     if (unanswered()) {
         complain(text::toUtf8(*desktop->unanswered()));
         return ExitStatus::UnansweredPrompt;

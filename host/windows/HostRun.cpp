@@ -4,14 +4,16 @@
 
 #include "host/MessageFiles.h"
 #include "host/Session.h"
+#include "host/SettingsFolder.h"
 #include "platform/windows/RegistrySettingsStore.h"
 
 namespace host::windows {
 
 HostRun::HostRun(const CommandLine& line)
-    // Where the add-ins of the present user are registered is out of sight once the user is replaced.
-    : registered_(platform::windows::registeredAddIns()),
-      outlook_(line.profile(), [this] { return clock_.now(); }),
+    : line_(line),
+      // Where the add-ins of the present user are registered is out of sight once the user is replaced.
+      registered_(platform::windows::registeredAddIns()),
+      outlook_(prepareProfile(line), [this] { return clock_.now(); }),
       exporter_(platform::windows::Exporter::make(liveObjects_)),
       server_(outlook_, exporter_) {
     platform::windows::RegistrySettingsStore settings;
@@ -22,7 +24,7 @@ HostRun::HostRun(const CommandLine& line)
         }
     }
     prepareSettings(line, settings);
-    keepSettings();
+    keepState();
 }
 
 void HostRun::connect(Report& report) {
@@ -41,7 +43,8 @@ void HostRun::disconnect() {
     }
 }
 
-void HostRun::keepSettings() {
+void HostRun::keepState() {
+    keepSettingsFolder(line_, outlook_);
     if (!settingsFile_) {
         return;
     }

@@ -18,7 +18,7 @@ namespace host::windows {
 /// registered on this machine. Needs a single-threaded apartment.
 class HostRun {
   public:
-    /// Throws std::exception with the reason when it cannot start.
+    /// `line` outlives the run. Throws std::exception with the reason when it cannot start.
     explicit HostRun(const CommandLine& line);
     HostRun(const HostRun&) = delete;
     HostRun& operator=(const HostRun&) = delete;
@@ -28,10 +28,12 @@ class HostRun {
     /// Connects the add-ins; they may prompt. Throws std::runtime_error when none can be loaded.
     void connect(Report& report);
     void disconnect();
-    /// Writes the settings back to the file that the command line names.
-    void keepSettings();
+    /// Writes the settings and the items of the settings folder back to the files that the command line
+    /// names.
+    void keepState();
 
   private:
+    const CommandLine& line_;
     std::vector<platform::windows::RegisteredAddIn> registered_;
     std::optional<FileSettingsStore> settingsFile_;
     platform::windows::WindowsClock clock_;

@@ -98,7 +98,7 @@ ExitStatus runCommand(const CommandLine& line) {
     const ExitStatus status = session.run(messages);
     session.quit();
     host.disconnect();
-    host.keepSettings();
+    host.keepState();
     if (unanswered()) {
         complain(text::toUtf8(*robot->unanswered()));
         return ExitStatus::UnansweredPrompt;
@@ -124,7 +124,7 @@ ExitStatus runWindow(const CommandLine& line) {
     }
     host::Session(line, host.outlook(), report, [] { return false; }).quit();
     host.disconnect();
-    host.keepSettings();
+    host.keepState();
     return ExitStatus::Done;
 }
 

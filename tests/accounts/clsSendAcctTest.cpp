@@ -11,7 +11,9 @@ namespace {
 const Entries twoEntries{{L"ann@example.org", L"Work"}, {L"bob@example.org", L"Home"}};
 
 TEST(StoredList, IsMadeOnceInItsFolder) {
-    AccountsWorld world(host::Profile{});
+    host::Profile profile;
+    profile.folders = {tarnwellFolder};
+    AccountsWorld world(profile);
     const auto items = world.outlook.itemsIn(tarnwellFolder);
     ASSERT_EQ(items.size(), 1U);
     const host::ItemView item = world.outlook.view(items[0]);

@@ -44,10 +44,11 @@ inline host::StoredMessage storedList(const std::wstring& body, const wchar_t* f
 }
 
 /// An Outlook with two accounts and a stored list.
-inline host::Profile profileWith(const std::wstring& body) {
+inline host::Profile profileWith(const std::wstring& body, const wchar_t* folder = tarnwellFolder) {
     host::Profile profile;
     profile.accounts = {{.name = L"Work", .address = L"me@example.org"},
                         {.name = L"Home", .address = L"me@example.net"}};
-    profile.messages = {storedList(body)};
+    profile.folders = {};
+    profile.messages = {storedList(body, folder)};
     return profile;
 }

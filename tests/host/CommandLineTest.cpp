@@ -18,10 +18,10 @@ TEST(CommandLine, DescribesTheProfileThatItAsksFor) {
     EXPECT_EQ(plain.profile().accounts[0].address, L"me@example.org");
     EXPECT_FALSE(plain.profile().folders.empty());
 
-    const auto full = parseCommandLine({L"--account", L"Home=me@home.example", L"reply-all", L"--account",
-                                        L"Work=me@work.example", L"--outlook=11.0.5510", L"--editor", L"word",
-                                        L"--bcc-me", L"--first-run", L"--set", L"OldEmailDays=7", L"--set",
-                                        L"DomainName=a=b", L"--json", L"--", L"-odd.eml"});
+    const auto full = parseCommandLine(
+        {L"--account", L"Home=me@home.example", L"reply-all", L"--account", L"Work=me@work.example",
+         L"--outlook=11.0.5510", L"--editor", L"word", L"--bcc-me", L"--folder", L"kept.json", L"--first-run",
+         L"--set", L"OldEmailDays=7", L"--set", L"DomainName=a=b", L"--json", L"--", L"-odd.eml"});
     EXPECT_EQ(full.command, Command::ReplyAll);
     EXPECT_EQ(full.files, Words{L"-odd.eml"});
     EXPECT_EQ(full.profile().version, L"11.0.5510");
@@ -29,6 +29,7 @@ TEST(CommandLine, DescribesTheProfileThatItAsksFor) {
     ASSERT_EQ(full.profile().accounts.size(), 2U);
     EXPECT_EQ(full.profile().accounts[0].name, L"Home");
     EXPECT_TRUE(full.profile().folders.empty());
+    EXPECT_EQ(full.folderFile, L"kept.json");
     EXPECT_TRUE(full.bccMe && full.firstRun && full.json);
     ASSERT_EQ(full.settings.size(), 2U);
     EXPECT_EQ(full.settings[1], (std::pair<std::wstring, std::wstring>(L"DomainName", L"a=b")));
@@ -54,6 +55,9 @@ TEST(CommandLine, SaysInOneLineWhatIsWrong) {
         {{L"send", L"a.eml", L"--answer", L"Yes"}, "WHERE=WHAT"},
         {{L"send", L"a.eml", L"--bcc-me"}, "--bcc-me"},
         {{L"send", L"a.eml", L"--json=yes"}, "--json"},
+        {{L"send", L"a.eml", L"--list", L"Work"}, "--list"},
+        {{L"list", L"a.eml"}, "no message file"},
+        {{L"list", L"--first-run", L"--list", L"a@x.org=Work"}, "--first-run"},
     };
     for (const Case& test : cases) {
         try {

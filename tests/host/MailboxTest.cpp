@@ -15,7 +15,7 @@ Object inbox(host::Outlook& outlook) {
 }
 
 TEST(HostMailboxTest, FoldersAreMadeMovedAndDeleted) {
-    host::Outlook outlook({});
+    host::Outlook outlook({.folders = {L"Tarnwell Settings\\Veltro"}});
     const Object root = inbox(outlook).get(L"Parent").toObject();
     const Object folders = root.get(L"Folders").toObject();
     const Object old = folders.get(L"Item", L"tarnwell settings").toObject();
@@ -40,7 +40,7 @@ TEST(HostMailboxTest, FoldersAreMadeMovedAndDeleted) {
 }
 
 TEST(HostMailboxTest, AMovedItemGoesOnAsANewOne) {
-    host::Outlook outlook({});
+    host::Outlook outlook({.folders = {L"Tarnwell Settings\\Veltro"}});
     const Object mail = outlook.application().call(L"CreateItem", 0).toObject();
     EXPECT_EQ(mail.get(L"EntryID").toText(), L"") << "never saved";
     mail.put(L"Subject", L"Email Address");
@@ -76,7 +76,7 @@ TEST(HostMailboxTest, DeletingAnOpenItemClosesItsWindow) {
 TEST(HostMailboxTest, AReadOnlyStoreRefusesChanges) {
     host::Outlook outlook({.stores = {{.readOnly = true}}});
     const Object root = inbox(outlook).get(L"Parent").toObject();
-    EXPECT_TRUE(outlook.folderExists(L"Tarnwell Settings\\Veltro"));
+    EXPECT_TRUE(outlook.folderExists(host::settingsFolder));
     EXPECT_NE(errorOf([&] { root.get(L"Folders").toObject().call(L"Add", L"New"); }), 0);
     const Object mail = outlook.application().call(L"CreateItem", 0).toObject();
     EXPECT_NE(errorOf([&] { mail.call(L"Save"); }), 0);

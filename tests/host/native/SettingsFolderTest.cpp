@@ -1,0 +1,70 @@
+#include "host/SettingsFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "host/MessageFiles.h"
+#include "platform/text.h"
+#include "tests/TemporaryFolder.h"
+
+namespace {
+
+class SettingsFolderFile : public testing::Test {
+  protected:
+    host::CommandLine parse(std::vector<std::wstring> words) const {
+        words.insert(words.begin(), {L"list", L"--folder", text::fromUtf8(file().string())});
+        return host::parseCommandLine(words);
+    }
+    std::filesystem::path file() const { return folder_.file("kept.json"); }
+
+  private:
+    TemporaryFolder folder_;
+};
+
+std::vector<std::wstring> subjects(const host::Outlook& outlook) {
+    std::vector<std::wstring> result;
+    for (const auto& item : outlook.itemsIn(host::settingsFolder)) {
+        result.push_back(outlook.view(item).subject);
+    }
+    return result;
+}
+
+TEST_F(SettingsFolderFile, KeepsTheItemsBetweenRuns) {
+    const auto line = parse({L"--list", L"o'neil@example.org=R&D <lab>"});
+    {
+        host::Outlook first(host::prepareProfile(line));
+        host::Message note;
+        note.subject = L"Caf\u00e9 \u20ac";
+        first.store(host::settingsFolder, note);
+        host::keepSettingsFolder(line, first);
+    }
+    const host::Outlook second(host::prepareProfile(parse({})));
+    EXPECT_EQ(subjects(second), (std::vector<std::wstring>{L"Email Address", L"Caf\u00e9 \u20ac"}));
+    const auto list = second.view(second.itemsIn(host::settingsFolder).front());
+    EXPECT_NE(list.body.find(L"strEmailAddress='o&#x27;neil@example.org' strAccount='R&#x26;D &#x3c;lab>'"),
+              std::wstring::npos);
+
+    const host::Outlook third(host::prepareProfile(parse({L"--list", L"ann@example.org=Work"})));
+    EXPECT_EQ(subjects(third).size(), 2U) << "the list given replaces the one kept";
+}
+
+TEST_F(SettingsFolderFile, IsMadeOnlyOfAFolderThatIsThere) {
+    const auto line = parse({L"--first-run"});
+    host::Outlook outlook(host::prepareProfile(line));
+    host::keepSettingsFolder(line, outlook);
+    EXPECT_FALSE(std::filesystem::exists(file()));
+}
+
+TEST_F(SettingsFolderFile, ThatIsBrokenIsNamedAndLeftAlone) {
+    std::ofstream(file()) << "[{]";
+    try {
+        host::prepareProfile(parse({}));
+        ADD_FAILURE() << "accepted";
+    } catch (const std::runtime_error& error) {
+        EXPECT_NE(std::string(error.what()).find("kept.json"), std::string::npos) << error.what();
+    }
+    EXPECT_EQ(host::readFile(file()), "[{]");
+}
+
+}  // namespace
