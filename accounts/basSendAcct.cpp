@@ -49,6 +49,14 @@ bool occursInList(const clsSendAcct& list, std::wstring_view address) {
 
 }  // namespace
 
+std::shared_ptr<clsSendAcct> OpenList(Globals& globals) {
+    if (!globals.sendAccounts) {
+        globals.sendAccounts = std::make_shared<clsSendAcct>(globals);
+        globals.sendAccounts->Initialise();
+    }
+    return globals.sendAccounts;
+}
+
 std::vector<std::wstring> AccountOrder(Globals& globals) {
     const auto read = [&] {
         const redemption::Session session(globals);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -11,6 +12,10 @@
 /// addresses are compared without regard to letter case and surrounding spaces. The list is not copied: the
 /// walks read it where it is.
 namespace basSendAcct {
+
+/// The one list, opened when it is not yet. Held while it is worked with: a question about it may be open
+/// while the last window closes.
+std::shared_ptr<clsSendAcct> OpenList(basGlobals::Globals& globals);
 
 /// The names of the profile's mail accounts in their order; none when they cannot be read.
 std::vector<std::wstring> AccountOrder(basGlobals::Globals& globals);

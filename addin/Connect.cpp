@@ -1,5 +1,6 @@
 #include "addin/Connect.h"
 
+#include "accounts/basSendAcct.h"
 #include "addin/basPreInitializeSetup.h"
 #include "addin/eventArguments.h"
 #include "addin/settingsFolder.h"
@@ -57,6 +58,7 @@ void Connect::OnConnection(const automation::Object& application, int /*connectM
     }
     if (wrapOpenExplorers()) {
         settingsFolder::moveToCurrentPlace(globals_);
+        basSendAcct::OpenList(globals_);
     }
     refreshEmailList();
 }
@@ -149,6 +151,7 @@ void Connect::refreshEmailList() {
 }
 
 void Connect::OnDisconnection(int /*removeMode*/) {
+    globals_.sendAccounts.reset();
     if (!outAddIn_) {
         outAddIn_ = std::make_shared<OutAddIn>(globals_, wrappers_);
     }

@@ -1,3 +1,5 @@
+#include "accounts/accountStep.h"
+#include "accounts/basSendAcct.h"
 #include "addin/OutAddIn.h"
 #include "checks/basVeltro.h"
 #include "mail/SafeItems.h"
@@ -36,11 +38,17 @@ void delaySending(Globals& globals, const outlook::Item& item, bool& cancel) {
 }  // namespace
 
 void OutAddIn::objOutlook_ItemSend(const outlook::Item& item, bool& cancel) {
-    if (!hasWindow(globals_) || item.itemClass() != outlook::itemClass::mail || cancel) {
+    if (!hasWindow(globals_)) {
+        return;
+    }
+    const auto list = basSendAcct::OpenList(globals_);
+    if (!list->CreatePostrouteFolder() || item.itemClass() != outlook::itemClass::mail || cancel) {
         return;
     }
     basVeltro::confirmSend(globals_, item, cancel);
-    if (!cancel) {
-        delaySending(globals_, item, cancel);
+    if (cancel) {
+        return;
     }
+    delaySending(globals_, item, cancel);
+    accountStep::checkPreferredAccount(globals_, *list, item, cancel);
 }

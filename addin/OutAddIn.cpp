@@ -27,5 +27,6 @@ void OutAddIn::UnInitialise() {
     globals_.outlook = {};
     objOutlook_ = {};
     wrappers_.release();
+    globals_.sendAccounts.reset();
     initialised_ = false;
 }

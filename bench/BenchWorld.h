@@ -12,7 +12,9 @@
 /// A native world whose user is never asked anything: what is measured must raise no prompt.
 class BenchWorld {
   public:
-    BenchWorld() { globals.outlook = outlook::Application(outlook.application()); }
+    explicit BenchWorld(host::Profile profile = {}) : outlook(std::move(profile)) {
+        globals.outlook = outlook::Application(outlook.application());
+    }
 
     void connect() {
         connection.OnConnection(outlook.application(), 1, outlook.makeAddIn(L"Veltro.Connect"));
@@ -25,7 +27,7 @@ class BenchWorld {
         void beep() override {}
     };
 
-    host::Outlook outlook{host::Profile{}};
+    host::Outlook outlook;
     NoObserver observer;
     platform::native::ScriptedDesktop desktop{platform::AnswerList{}, observer};
     platform::native::MemorySettingsStore settings;

@@ -1,6 +1,7 @@
 #include <benchmark/benchmark.h>
 
 #include "bench/BenchWorld.h"
+#include "host/SettingsFolder.h"
 
 namespace {
 
@@ -12,11 +13,23 @@ host::Message smallMail() {
     return message;
 }
 
-/// One press of Send in an open window; the second form has the add-in connected.
-void send(benchmark::State& state, bool withAddIn) {
-    BenchWorld world;
+/// Two accounts, and one address on the list of preferred accounts.
+host::Profile profileWithList() {
+    host::Profile profile;
+    profile.accounts.push_back({.name = L"Home", .address = L"me@example.net"});
+    profile.messages = {{host::settingsFolder, host::preferredAccountsItem({{L"bob@example.org", L"Home"}})}};
+    return profile;
+}
+
+enum class Sender { Alone, WithAddIn, WithPreferredAccount };
+
+/// One press of Send in an open window.
+void send(benchmark::State& state, Sender sender) {
+    BenchWorld world(sender == Sender::WithPreferredAccount ? profileWithList() : host::Profile());
     world.settings.write(L"ShowStartupWizard", L"False");
-    if (withAddIn) {
+    world.settings.write(L"MsgAddAddress", L"1");
+    world.settings.write(L"DoNotShowSelect", L"1");
+    if (sender != Sender::Alone) {
         world.connect();
     }
     std::size_t calls = 0;
@@ -34,8 +47,10 @@ void send(benchmark::State& state, bool withAddIn) {
     state.counters["calls"] =
         benchmark::Counter(static_cast<double>(calls), benchmark::Counter::kAvgIterations);
 }
-BENCHMARK_CAPTURE(send, withoutAddIn, false)->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(send, withAddIn, true)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(send, withoutAddIn, Sender::Alone)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(send, withAddIn, Sender::WithAddIn)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(send, switchedToPreferredAccount, Sender::WithPreferredAccount)
+    ->Unit(benchmark::kMicrosecond);
 
 /// With one explorer open.
 void onConnection(benchmark::State& state) {

@@ -7,6 +7,8 @@
 #include "platform/Platform.h"
 #include "platform/outlook.h"
 
+class clsSendAcct;
+
 namespace basGlobals {
 
 /// Why the dialog for an entry of the list of preferred accounts was opened; the numbers are those that the
@@ -41,6 +43,9 @@ struct Globals {
     std::wstring progId;
     ProductTexts product;
     std::unique_ptr<clsResource> resources;
+    /// The list of preferred accounts; nothing until it is first opened, and after the last window has
+    /// closed.
+    std::shared_ptr<clsSendAcct> sendAccounts;
     /// True when one of the profile's stores is a Google Apps store.
     bool googleApps = false;
     /// From the first step of the start-up to its last; stays set when Outlook started without a window.

@@ -12,7 +12,8 @@
 /// How a scenario finds the machine and the user.
 struct Given {
     host::Profile profile{};
-    /// The user's settings; "ShowStartupWizard" is "False" unless given here.
+    /// The user's settings. Unless given here the wizard has been shown ("ShowStartupWizard" is "False") and
+    /// unknown addresses are not offered for the list of preferred accounts ("MsgAddAddress" is "1").
     std::map<std::wstring, std::wstring> settings{};
     /// Values of the machine-wide preset key; none leaves the key away.
     std::map<std::wstring, std::wstring> presets{};

@@ -18,8 +18,9 @@ platform::AnswerList parsed(const std::vector<std::wstring>& answers) {
     return platform::AnswerList(std::move(list));
 }
 
-Given withWizardShown(Given setup) {
+Given withUsualSettings(Given setup) {
     setup.settings.emplace(L"ShowStartupWizard", L"False");
+    setup.settings.emplace(L"MsgAddAddress", L"1");
     return setup;
 }
 
@@ -42,7 +43,7 @@ void PromptLog::form(const platform::FormPrompt& prompt, const std::optional<pla
 }
 
 Bench::Bench(Given setup)
-    : setup_(withWizardShown(std::move(setup))),
+    : setup_(withUsualSettings(std::move(setup))),
       outlook_(setup_.profile, [this] { return world_ ? world_->now() : automation::Date{}; }),
       world_(makeAddInWorld(outlook_, setup_, parsed(setup_.answers), log_)) {
     if (setup_.connected) {

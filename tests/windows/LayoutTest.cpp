@@ -9,6 +9,10 @@
 #include <string>
 #include <vector>
 
+#include "accounts/frmAddEmailToList.h"
+#include "accounts/frmEmailAddress.h"
+#include "accounts/frmEmailAddressEdit.h"
+#include "accounts/frmSelectSendAcct.h"
 #include "checks/frmNoSubject.h"
 #include "checks/frmNotifyB4Delay.h"
 #include "checks/frmOldSubject.h"
@@ -44,7 +48,59 @@ std::vector<forms::CheckList::Row> recipients() {
 
 const std::wstring subject = L"Re: Minutes of the meeting about next year's budget, and what is still open";
 
+const std::wstring address = L"firstname.lastname@department.example-company.org";
+const std::wstring account = L"Firstname Lastname (department.example-company.org)";
+
+/// The dialogs keep a reference to the list, which needs no Outlook as long as nothing is saved.
+template <class Form>
+struct WithList : private clsSendAcct, Form {
+    template <class... Arguments>
+    explicit WithList(Globals& globals, Arguments&&... arguments)
+        : clsSendAcct(globals),
+          Form(globals, static_cast<clsSendAcct&>(*this), std::forward<Arguments>(arguments)...) {}
+};
+
+void fill(forms::Form& form, const wchar_t* list, std::vector<std::wstring> items) {
+    auto& control = dynamic_cast<forms::List&>(*form.find(list));
+    control.setItems(std::move(items));
+    control.select(0);
+}
+
+std::unique_ptr<forms::Form> entryEditor(Globals& globals, basGlobals::DialogMode mode) {
+    globals.dialogMode = mode;
+    auto form = std::make_unique<WithList<frmEmailAddressEdit>>(
+        globals, frmEmailAddressEdit::Entry{
+                     address, account,
+                     L"Veltro has detected that the preffered account \r\n(" + account + L") for " + address +
+                         L" is not available.\r\n\r\nThis may be due to the account being renamed or "
+                         L"deleted.\r\n\r\nPlease select another preferred account for this e-mail "
+                         L"address.\r\n\r\nIf you click Cancel, then the currently selected account "
+                         L"will be used."});
+    fill(*form, L"cmbAccounts", {account});
+    return form;
+}
+
 const Example examples[] = {
+    {"frmSelectSendAcct",
+     [](Globals& globals) {
+         auto form = std::make_unique<WithList<frmSelectSendAcct>>(globals, account, address, account);
+         fill(*form, L"cmbAccts", {account});
+         return form;
+     }},
+    {"frmEmailAddress",
+     [](Globals& globals) {
+         auto form = std::make_unique<WithList<frmEmailAddress>>(globals);
+         fill(*form, L"lstEmailAddress", std::vector<std::wstring>(40, address + L" (" + account + L")"));
+         return form;
+     }},
+    {"frmEmailAddressEdit_Edit",
+     [](Globals& globals) { return entryEditor(globals, basGlobals::DialogMode::Edit); }},
+    {"frmEmailAddressEdit_Missing",
+     [](Globals& globals) { return entryEditor(globals, basGlobals::DialogMode::MissingAccount); }},
+    {"frmAddEmailToList",
+     [](Globals& globals) {
+         return std::make_unique<WithList<frmAddEmailToList>>(globals, address, account);
+     }},
     {"frmNoSubject", [](Globals& globals) { return std::make_unique<frmNoSubject>(globals, subject); }},
     {"frmSigDisclaimer", [](Globals& globals) { return std::make_unique<frmSigDisclaimer>(globals); }},
     {"frmRemoveSpam",
