@@ -26,6 +26,9 @@ constexpr std::uint32_t productTitle = 515;
 constexpr std::uint32_t aboutText = 524;
 }  // namespace stringId
 
+/// Why Outlook unloads the add-in: the user has taken it off the list of add-ins.
+constexpr int userRemoved = 1;
+
 /// Clears the start-up flag on every way out, the early one of a start without a window excepted.
 class StartingUp {
   public:
@@ -150,8 +153,11 @@ void Connect::refreshEmailList() {
     }
 }
 
-void Connect::OnDisconnection(int /*removeMode*/) {
+void Connect::OnDisconnection(int removeMode) {
     globals_.sendAccounts.reset();
+    if (removeMode == userRemoved) {
+        wrappers_.RemoveExplMenu();
+    }
     if (!outAddIn_) {
         outAddIn_ = std::make_shared<OutAddIn>(globals_, wrappers_);
     }

@@ -1,8 +1,12 @@
 #include "addin/ExplorerWrap.h"
 
+#include "accounts/basSendAcct.h"
+#include "accounts/frmEmailAddress.h"
 #include "addin/WindowWrappers.h"
 #include "addin/replyEvents.h"
+#include "mail/basGlobals.h"
 #include "mail/errorTrap.h"
+#include "settings/prompts.h"
 
 namespace {
 
@@ -28,6 +32,40 @@ void ExplorerWrap::setExplorer(const outlook::Explorer& explorer) {
                 wrapper->onExplorerEvent(event);
             }
         });
+}
+
+void ExplorerWrap::InitButton() {
+    basGlobals::skipErrors([&] {
+        buttons_ = menu::build(globals_, explorer_);
+        if (!buttons_.accountList) {
+            return;
+        }
+        accountListEvents_ = automation::subscribe(
+            buttons_.accountList, events::commandBarButton,
+            [self = weak_from_this()](std::int32_t event, std::span<automation::Value>) {
+                const auto wrapper = self.lock();  // Held: the window may close while the list is open.
+                if (wrapper && event == events::commandBarButtonClick) {
+                    wrapper->gcmdTWl_Veltro_List_Click();
+                }
+            });
+    });
+}
+
+void ExplorerWrap::gcmdTWl_Veltro_List_Click() {
+    const auto report = basGlobals::ErrorReport::usual(L"ExplorerWrap.gcmdTWl_Veltro_List_Click");
+    basGlobals::trapErrors(globals_, report, [&] {
+        const std::wstring version = basGlobals::OutlookMajorVersion(globals_);
+        if (version == L"9" || version == L"10") {
+            globals_.platform.desktop.messageBox(
+                L"Account Sentry is only supported in Outlook 2003 and above.",
+                {platform::Buttons::Ok, platform::Icon::Information},
+                prompts::titled(globals_, L"Account Sentry"));
+            return;
+        }
+        const auto list = basSendAcct::OpenList(globals_);
+        frmEmailAddress window(globals_, *list);
+        globals_.platform.desktop.showModal(window);
+    });
 }
 
 void ExplorerWrap::onExplorerEvent(std::int32_t event) {
@@ -111,6 +149,8 @@ void ExplorerWrap::m_objExpl_Close() {
     });
     explorerEvents_.end();
     watch({});
+    accountListEvents_.end();
+    buttons_ = {};
     explorer_ = {};
 }
 

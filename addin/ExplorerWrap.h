@@ -4,6 +4,7 @@
 #include <memory>
 #include <span>
 
+#include "addin/menu.h"
 #include "mail/Globals.h"
 #include "platform/outlook.h"
 
@@ -19,6 +20,9 @@ class ExplorerWrap : public std::enable_shared_from_this<ExplorerWrap> {
     const outlook::Explorer& Explorer() const { return explorer_; }
     void setExplorer(const outlook::Explorer& explorer);
 
+    /// Builds the product's menu in the window. A window whose menu cannot be built is guarded all the same.
+    void InitButton();
+
     /// The mail whose events are watched, or nothing.
     const outlook::Item& watchedItem() const { return mailItem_; }
 
@@ -33,6 +37,7 @@ class ExplorerWrap : public std::enable_shared_from_this<ExplorerWrap> {
     void onItemEvent(std::int32_t event, std::span<automation::Value> arguments);
     bool isOpenInActiveInspector() const;
     void m_objExpl_Close();
+    void gcmdTWl_Veltro_List_Click();
     bool showsOutbox() const;
     outlook::Item selectedMail() const;
 
@@ -43,4 +48,6 @@ class ExplorerWrap : public std::enable_shared_from_this<ExplorerWrap> {
     outlook::Item mailItem_;
     automation::Subscription explorerEvents_;
     automation::Subscription itemEvents_;
+    menu::Buttons buttons_;
+    automation::Subscription accountListEvents_;
 };

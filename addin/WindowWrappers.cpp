@@ -2,11 +2,19 @@
 
 #include "addin/ExplorerWrap.h"
 #include "addin/clsInspWrap.h"
+#include "mail/errorTrap.h"
 
 void WindowWrappers::AddExpl(const outlook::Explorer& explorer) {
     auto wrapper = std::make_shared<ExplorerWrap>(globals_, *this, explorers_.nextKey());
     wrapper->setExplorer(explorer);
-    explorers_.add(std::move(wrapper));
+    explorers_.add(wrapper);
+    wrapper->InitButton();
+}
+
+void WindowWrappers::RemoveExplMenu() const {
+    explorers_.forEach([this](const ExplorerWrap& wrapper) {
+        basGlobals::skipErrors([&] { menu::remove(globals_, wrapper.Explorer()); });
+    });
 }
 
 void WindowWrappers::KillExpl(std::int32_t key, std::shared_ptr<ExplorerWrap>& wrapper) {

@@ -18,6 +18,8 @@ class WindowWrappers {
 
     void AddExpl(const outlook::Explorer& explorer);
     void KillExpl(std::int32_t key, std::shared_ptr<ExplorerWrap>& wrapper);
+    /// Takes the product's menu from every main window.
+    void RemoveExplMenu() const;
     /// `itemClass` is the class of the inspector's current item. Returns the wrapper's key as text.
     std::wstring AddInsp(const outlook::Inspector& inspector, const outlook::Item& item,
                          std::int32_t itemClass);

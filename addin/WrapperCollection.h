@@ -35,6 +35,13 @@ class WrapperCollection {
         wrapper.reset();
     }
 
+    template <class Action>
+    void forEach(Action&& action) const {
+        for (const auto& [key, wrapper] : wrappers_) {
+            action(*wrapper);
+        }
+    }
+
     /// Releases all wrappers; keys go on growing.
     void release() { std::exchange(wrappers_, {}).clear(); }
 

@@ -43,6 +43,8 @@ inline constexpr automation::EventInterface explorer{0x0006304F};
 inline constexpr automation::EventInterface inspectors{0x00063079};
 inline constexpr automation::EventInterface inspector{0x0006307D};
 inline constexpr automation::EventInterface item{0x0006303A};
+/// Office's, of the buttons in menus and toolbars.
+inline constexpr automation::EventInterface commandBarButton{0x000C0351};
 
 inline constexpr std::int32_t applicationItemSend = 0xF002;
 inline constexpr std::int32_t newExplorer = 0xF001;
@@ -55,6 +57,7 @@ inline constexpr std::int32_t itemSend = 0xF005;
 inline constexpr std::int32_t itemReply = 0xF466;
 inline constexpr std::int32_t itemReplyAll = 0xF467;
 inline constexpr std::int32_t itemForward = 0xF468;
+inline constexpr std::int32_t commandBarButtonClick = 1;
 }  // namespace events
 
 /// Base of the fronts: a reference to the object, or nothing.

@@ -1,0 +1,59 @@
+#include "addin/modCommandBarCode.h"
+
+#include "platform/text.h"
+
+namespace modCommandBarCode {
+
+namespace {
+
+using automation::Object;
+using automation::Value;
+
+std::wstring withoutAccessKey(std::wstring_view caption) {
+    return text::replaceAll(caption, L"&", L"");
+}
+
+Object add(const Object& controls, std::int32_t type, std::optional<std::int32_t> before) {
+    constexpr bool temporary = true;
+    return controls.call(L"Add", type, Value(), Value(), before ? Value(*before) : Value(), temporary)
+        .toObject();
+}
+
+}  // namespace
+
+/// Walked through: Item takes a caption too, but fails alike for one that is missing and for any other
+/// reason.
+Object FindControl(const Object& controls, const std::wstring& caption) {
+    const std::wstring wanted = withoutAccessKey(caption);
+    const std::int32_t count = controls.get(L"Count").toInteger();
+    for (std::int32_t index = 1; index <= count; ++index) {
+        Object control = controls.get(L"Item", index).toObject();
+        if (text::equalsIgnoringCase(withoutAccessKey(control.get(L"Caption").toText()), wanted)) {
+            return control;
+        }
+    }
+    return {};
+}
+
+Object FindOrAddPopup(const Object& controls, const std::wstring& caption,
+                      std::optional<std::int32_t> before) {
+    Object popup = FindControl(controls, caption);
+    if (!popup) {
+        popup = add(controls, popupType, before);
+        popup.put(L"Caption", caption);
+    }
+    return popup;
+}
+
+Object FindOrAddButton(const Object& popup, const std::wstring& caption, bool beginGroup) {
+    const Object controls = popup.get(L"Controls").toObject();
+    Object button = FindControl(controls, caption);
+    if (!button) {
+        button = add(controls, buttonType, std::nullopt);
+    }
+    button.put(L"Caption", caption);
+    button.put(L"BeginGroup", beginGroup);
+    return button;
+}
+
+}  // namespace modCommandBarCode

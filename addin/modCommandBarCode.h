@@ -1,0 +1,28 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "platform/automation.h"
+
+/// Finds and adds the controls of Office's command bars. Every call may throw automation::Error.
+namespace modCommandBarCode {
+
+inline constexpr std::int32_t buttonType = 1;
+inline constexpr std::int32_t popupType = 10;
+
+/// The control with this caption among a bar's or popup's controls, the marks of access keys ("&") and letter
+/// case ignored; nothing when there is none.
+automation::Object FindControl(const automation::Object& controls, const std::wstring& caption);
+
+/// The popup with this caption. When it is missing it is added as a temporary one, which Outlook drops when
+/// it closes: in front of the control at `before`, counted from 1, or at the end.
+automation::Object FindOrAddPopup(const automation::Object& controls, const std::wstring& caption,
+                                  std::optional<std::int32_t> before = std::nullopt);
+
+/// The button with this caption in a popup, added as a temporary one when it is missing. With `beginGroup`
+/// there is a line above it.
+automation::Object FindOrAddButton(const automation::Object& popup, const std::wstring& caption,
+                                   bool beginGroup = false);
+
+}  // namespace modCommandBarCode
