@@ -36,7 +36,7 @@ void ExplorerWrap::setExplorer(const outlook::Explorer& explorer) {
 
 void ExplorerWrap::InitButton() {
     basGlobals::skipErrors([&] {
-        buttons_ = menu::build(globals_, explorer_);
+        buttons_ = menu::build(globals_, explorer_, key_);
         if (!buttons_.accountList) {
             return;
         }
@@ -147,6 +147,10 @@ void ExplorerWrap::m_objExpl_Close() {
         auto self = shared_from_this();
         wrappers_.KillExpl(key_, self);
     });
+    release();
+}
+
+void ExplorerWrap::release() {
     explorerEvents_.end();
     watch({});
     accountListEvents_.end();

@@ -19,6 +19,8 @@ class ExplorerWrap : public std::enable_shared_from_this<ExplorerWrap> {
     std::int32_t Key() const { return key_; }
     const outlook::Explorer& Explorer() const { return explorer_; }
     void setExplorer(const outlook::Explorer& explorer);
+    /// Lets the window go: no event reaches the wrapper any more, even while something holds it.
+    void release();
 
     /// Builds the product's menu in the window. A window whose menu cannot be built is guarded all the same.
     void InitButton();

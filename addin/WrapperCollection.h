@@ -35,15 +35,21 @@ class WrapperCollection {
         wrapper.reset();
     }
 
+    /// A window may close meanwhile.
     template <class Action>
     void forEach(Action&& action) const {
-        for (const auto& [key, wrapper] : wrappers_) {
+        const auto present = wrappers_;
+        for (const auto& [key, wrapper] : present) {
             action(*wrapper);
         }
     }
 
-    /// Releases all wrappers; keys go on growing.
-    void release() { std::exchange(wrappers_, {}).clear(); }
+    /// Releases all wrappers, and has them let their windows go; keys go on growing.
+    void release() {
+        for (const auto& [key, wrapper] : std::exchange(wrappers_, {})) {
+            wrapper->release();
+        }
+    }
 
   private:
     static constexpr std::int32_t unexpectedWrapper = 1;

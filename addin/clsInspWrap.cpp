@@ -97,7 +97,10 @@ void clsInspWrap::close() {
         auto self = shared_from_this();
         wrappers_.KillInsp(key_, self);
     });
-    // Outlook closes the item first and its window after it: one of the two is enough.
+    release();  // Outlook closes the item first and its window after it: one of the two is enough.
+}
+
+void clsInspWrap::release() {
     mailEvents_.end();
     inspectorEvents_.end();
 }

@@ -23,6 +23,8 @@ class clsInspWrap : public std::enable_shared_from_this<clsInspWrap> {
     void setMailItem(const outlook::Item& item);
     void setContactItem(const outlook::Item& item) { contactItem_ = item; }
     void setPostItem(const outlook::Item& item) { postItem_ = item; }
+    /// No event reaches the wrapper any more, even while something holds it.
+    void release();
 
   private:
     automation::EventSink sink(void (clsInspWrap::*handler)(std::int32_t, std::span<automation::Value>));

@@ -10,13 +10,22 @@ namespace {
 using automation::Object;
 using basGlobals::Globals;
 
-constexpr wchar_t brandCaption[] = L"Tarn&well";
+/// String resources of the captions.
+namespace stringId {
+constexpr std::uint32_t product = 523;
+constexpr std::uint32_t brand = 525;
+}  // namespace stringId
 
-/// String resource of the product's entry.
-constexpr std::uint32_t productId = 523;
+std::wstring captionOr(const Globals& globals, std::uint32_t id, const wchar_t* fallback) {
+    return globals.resources ? globals.resources->stringOr(id, fallback) : fallback;
+}
 
 std::wstring productCaption(const Globals& globals) {
-    return globals.resources ? globals.resources->stringOr(productId, L"Veltro") : L"Veltro";
+    return captionOr(globals, stringId::product, L"Veltro");
+}
+
+std::wstring brandCaption(const Globals& globals) {
+    return captionOr(globals, stringId::brand, L"Tarn&well");
 }
 
 /// The controls of the menu bar; nothing in a window that has none.
@@ -29,22 +38,25 @@ Object menuBarControls(const outlook::Explorer& explorer) {
 
 }  // namespace
 
-Buttons build(const Globals& globals, const outlook::Explorer& explorer) {
+Buttons build(const Globals& globals, const outlook::Explorer& explorer, std::int32_t windowKey) {
     const Object controls = menuBarControls(explorer);
     if (!controls) {
         return {};
     }
     const Object help = modCommandBarCode::FindControl(controls, L"Help");
     const auto before = help ? std::optional(help.get(L"Index").toInteger()) : std::nullopt;
-    const Object brand = modCommandBarCode::FindOrAddPopup(controls, brandCaption, before);
+    const Object brand = modCommandBarCode::FindOrAddPopup(controls, brandCaption(globals), before);
     const Object product =
         modCommandBarCode::FindOrAddPopup(brand.get(L"Controls").toObject(), productCaption(globals));
-    return {.accountList = modCommandBarCode::FindOrAddButton(product, L"Send Account (Preferred) List")};
+    return {.accountList =
+                modCommandBarCode::FindOrAddButton(product, L"Send Account (Preferred) List",
+                                                   L"Veltro.AccountList." + std::to_wstring(windowKey))};
 }
 
 void remove(const Globals& globals, const outlook::Explorer& explorer) {
     const Object controls = menuBarControls(explorer);
-    const Object brand = controls ? modCommandBarCode::FindControl(controls, brandCaption) : Object();
+    const Object brand =
+        controls ? modCommandBarCode::FindControl(controls, brandCaption(globals)) : Object();
     if (!brand) {
         return;
     }

@@ -11,8 +11,9 @@ struct Buttons {
     automation::Object accountList;
 };
 
-/// Finds or adds the menu. A window without a menu bar gives no buttons. Throws automation::Error.
-Buttons build(const basGlobals::Globals& globals, const outlook::Explorer& explorer);
+/// Finds or adds the menu; `windowKey` tells its window from the others. A window without a menu bar gives no
+/// buttons. Throws automation::Error.
+Buttons build(const basGlobals::Globals& globals, const outlook::Explorer& explorer, std::int32_t windowKey);
 
 /// Takes the product's entry from the brand's menu, and that menu too when nothing is left in it. Throws
 /// automation::Error.

@@ -38,20 +38,22 @@ Object FindControl(const Object& controls, const std::wstring& caption) {
 Object FindOrAddPopup(const Object& controls, const std::wstring& caption,
                       std::optional<std::int32_t> before) {
     Object popup = FindControl(controls, caption);
-    if (!popup) {
+    if (!popup || popup.get(L"Type").toInteger() != popupType) {
         popup = add(controls, popupType, before);
         popup.put(L"Caption", caption);
     }
     return popup;
 }
 
-Object FindOrAddButton(const Object& popup, const std::wstring& caption, bool beginGroup) {
+Object FindOrAddButton(const Object& popup, const std::wstring& caption, const std::wstring& tag,
+                       bool beginGroup) {
     const Object controls = popup.get(L"Controls").toObject();
     Object button = FindControl(controls, caption);
     if (!button) {
         button = add(controls, buttonType, std::nullopt);
     }
     button.put(L"Caption", caption);
+    button.put(L"Tag", tag);
     button.put(L"BeginGroup", beginGroup);
     return button;
 }

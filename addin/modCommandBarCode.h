@@ -11,8 +11,8 @@ namespace modCommandBarCode {
 inline constexpr std::int32_t buttonType = 1;
 inline constexpr std::int32_t popupType = 10;
 
-/// The control with this caption among a bar's or popup's controls, the marks of access keys ("&") and letter
-/// case ignored; nothing when there is none.
+/// The first control with this caption among a bar's or popup's controls, the marks of access keys ("&") and
+/// letter case ignored; nothing when there is none.
 automation::Object FindControl(const automation::Object& controls, const std::wstring& caption);
 
 /// The popup with this caption. When it is missing it is added as a temporary one, which Outlook drops when
@@ -21,8 +21,9 @@ automation::Object FindOrAddPopup(const automation::Object& controls, const std:
                                   std::optional<std::int32_t> before = std::nullopt);
 
 /// The button with this caption in a popup, added as a temporary one when it is missing. With `beginGroup`
-/// there is a line above it.
+/// there is a line above it. The tag must be the button's own: Office raises the clicks of one button at all
+/// that have the same tag.
 automation::Object FindOrAddButton(const automation::Object& popup, const std::wstring& caption,
-                                   bool beginGroup = false);
+                                   const std::wstring& tag, bool beginGroup = false);
 
 }  // namespace modCommandBarCode
