@@ -76,8 +76,9 @@ std::string joined(const std::vector<std::string>& items) {
 }
 
 /// Continuation lines of a prompt's text stand under its first.
-std::string indented(const std::wstring& text) {
-    return text::toUtf8(text::replaceAll(text::replaceAll(text, text::lineBreak, L"\n"), L"\n", L"\n      "));
+std::string indented(const std::wstring& text, std::size_t columns = 6) {
+    return text::toUtf8(text::replaceAll(text::replaceAll(text, text::lineBreak, L"\n"), L"\n",
+                                         L"\n" + std::wstring(columns, L' ')));
 }
 
 }  // namespace
@@ -117,8 +118,9 @@ void Report::form(const platform::FormPrompt& prompt, const std::optional<platfo
         line("  form " + text::toUtf8(prompt.form) + ": " + text::toUtf8(prompt.caption));
         for (const platform::ControlState& control : prompt.controls) {
             if (control.visible && !(control.caption.empty() && control.value.empty())) {
-                line("      " + text::toUtf8(control.name) + ": " + indented(control.caption) +
-                     (control.value.empty() ? "" : " [" + indented(control.value) + "]"));
+                constexpr std::size_t belowName = 10;
+                line("      " + text::toUtf8(control.name) + ": " + indented(control.caption, belowName) +
+                     (control.value.empty() ? "" : " [" + indented(control.value, belowName) + "]"));
             }
         }
         line("    answer: " + (answer ? answered : "none"));

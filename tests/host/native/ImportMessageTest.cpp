@@ -124,9 +124,8 @@ TEST(ImportMessage, SharesPartsOutAsOutlookDoes) {
 }
 
 TEST(ImportMessage, ReadsDamagedMailAsFarAsItGoes) {
-    const std::string whole =
-        std::string("From: a@example.org\nSubject: cut\nContent-Type: multipart/mixed; boundary=b\n\n") +
-        parts;
+    std::string whole("From: a@example.org\nSubject: cut\nContent-Type: multipart/mixed; boundary=b\n\n");
+    whole += parts;
     for (std::size_t length = 1; length < whole.size(); ++length) {
         try {
             host::importMessage(whole.substr(0, length));
