@@ -31,8 +31,11 @@ constexpr wchar_t listHead[] =
 
 std::wstring attributeValue(std::wstring_view value) {
     std::wstring result = text::replaceAll(value, L"&", L"&#x26;");
-    result = text::replaceAll(result, L"'", L"&#x27;");
-    return L"'" + text::replaceAll(result, L"<", L"&#x3c;") + L"'";
+    for (const auto& [character, reference] :
+         {std::pair{L"'", L"&#x27;"}, {L"\"", L"&#x22;"}, {L"<", L"&#x3c;"}, {L">", L"&#x3e;"}}) {
+        result = text::replaceAll(result, character, reference);
+    }
+    return L"'" + result + L"'";
 }
 
 [[noreturn]] void fail(const CommandLine& line, const std::string& why) {

@@ -42,8 +42,9 @@ TEST_F(SettingsFolderFile, KeepsTheItemsBetweenRuns) {
     const host::Outlook second(host::prepareProfile(parse({})));
     EXPECT_EQ(subjects(second), (std::vector<std::wstring>{L"Email Address", L"Caf\u00e9 \u20ac"}));
     const auto list = second.view(second.itemsIn(host::settingsFolder).front());
-    EXPECT_NE(list.body.find(L"strEmailAddress='o&#x27;neil@example.org' strAccount='R&#x26;D &#x3c;lab>'"),
-              std::wstring::npos);
+    EXPECT_NE(
+        list.body.find(L"strEmailAddress='o&#x27;neil@example.org' strAccount='R&#x26;D &#x3c;lab&#x3e;'"),
+        std::wstring::npos);
 
     const host::Outlook third(host::prepareProfile(parse({L"--list", L"ann@example.org=Work"})));
     EXPECT_EQ(subjects(third).size(), 2U) << "the list given replaces the one kept";
