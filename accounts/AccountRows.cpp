@@ -1,5 +1,6 @@
 #include "accounts/AccountRows.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "accounts/XmlReader.h"
@@ -8,10 +9,20 @@ namespace {
 
 constexpr wchar_t nonBreakingSpace = 0xA0;
 
-/// Editors turn the spaces of a plain body into non-breaking ones, which no reader takes for spaces.
-std::wstring withoutNonBreakingSpaces(std::wstring body) {
-    std::erase(body, nonBreakingSpace);
-    return body;
+/// Editors add non-breaking spaces to a plain body, or put them in the place of its spaces. Those are missed
+/// where they parted one word from the next.
+rowset::Rowset readBody(std::wstring body) {
+    if (body.find(nonBreakingSpace) == std::wstring::npos) {
+        return rowset::readRowset(body);
+    }
+    try {
+        std::wstring without = body;
+        std::erase(without, nonBreakingSpace);
+        return rowset::readRowset(without);
+    } catch (const rowset::NotARowset&) {
+        std::ranges::replace(body, nonBreakingSpace, L' ');
+        return rowset::readRowset(body);
+    }
 }
 
 rowset::Column required(const rowset::Rowset& rows, std::wstring_view name) {
@@ -25,7 +36,7 @@ rowset::Column required(const rowset::Rowset& rows, std::wstring_view name) {
 }  // namespace
 
 AccountRows::AccountRows(std::wstring body)
-    : rows_(rowset::readRowset(withoutNonBreakingSpaces(std::move(body)))),
+    : rows_(readBody(std::move(body))),
       address_(required(rows_, L"strEmailAddress")),
       account_(required(rows_, L"strAccount")) {
     if (rows_.count() > 0) {

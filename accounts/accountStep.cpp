@@ -222,10 +222,13 @@ void checkPreferredAccount(Globals& globals, clsSendAcct& list, const outlook::I
     }
 }
 
+// The answer is the dialog's own until it closes: meanwhile a send in another window may ask, too.
+
 void offerToAdd(Globals& globals, clsSendAcct& list, const std::wstring& address,
                 const std::wstring& accountInUse) {
     frmAddEmailToList form(globals, list, address, accountInUse);
     prompts::show(globals, form);
+    list.strChangeAcct = form.answer();
 }
 
 void replaceMissing(Globals& globals, clsSendAcct& list, const std::wstring& accountInUse,
@@ -233,14 +236,15 @@ void replaceMissing(Globals& globals, clsSendAcct& list, const std::wstring& acc
     globals.dialogMode = DialogMode::MissingAccount;
     frmEmailAddressEdit form(globals, list, {address, accountInUse, message});
     prompts::show(globals, form);
+    list.strChangeAcct = form.answer();
 }
 
 std::wstring select(Globals& globals, clsSendAcct& list, const std::wstring& accountInUse,
                     const std::wstring& preferred, const std::wstring& address) {
     frmSelectSendAcct form(globals, list, preferred, address, accountInUse);
     prompts::show(globals, form);
+    list.strChangeAcct = form.answer();
     if (form.answer() == answerCancel) {
-        list.strChangeAcct = answerCancel;
         return {};
     }
     list.strAccount = form.account();

@@ -15,14 +15,26 @@ namespace {
 
 using basGlobals::Globals;
 
-std::optional<std::size_t> rowOf(const clsSendAcct& list, std::wstring_view address) {
+template <class Predicate>
+std::optional<std::size_t> firstRow(const clsSendAcct& list, Predicate&& matches) {
     const std::size_t count = list.count();
     for (std::size_t row = 0; row < count; ++row) {
-        if (text::equalsTrimmed(list.addressAt(row), address)) {
+        if (matches(row)) {
             return row;
         }
     }
     return std::nullopt;
+}
+
+std::optional<std::size_t> rowOf(const clsSendAcct& list, std::wstring_view address) {
+    return firstRow(list, [&](std::size_t row) { return text::equalsTrimmed(list.addressAt(row), address); });
+}
+
+bool moveTo(clsSendAcct& list, std::optional<std::size_t> row) {
+    if (row) {
+        list.AbsolutePosition(std::to_wstring(*row + 1));
+    }
+    return row.has_value();
 }
 
 /// `part` is in upper case. Made for many texts that are hardly longer than the part.
@@ -38,13 +50,7 @@ bool contains(std::wstring_view value, std::wstring_view part) {
 /// An address has no ";" in it, so it cannot lie across two of the joined addresses.
 bool occursInList(const clsSendAcct& list, std::wstring_view address) {
     const std::wstring part = text::upper(address);
-    const std::size_t count = list.count();
-    for (std::size_t row = 0; row < count; ++row) {
-        if (contains(list.addressAt(row), part)) {
-            return true;
-        }
-    }
-    return false;
+    return firstRow(list, [&](std::size_t row) { return contains(list.addressAt(row), part); }).has_value();
 }
 
 }  // namespace
@@ -52,9 +58,12 @@ bool occursInList(const clsSendAcct& list, std::wstring_view address) {
 std::shared_ptr<clsSendAcct> OpenList(Globals& globals) {
     if (!globals.sendAccounts) {
         globals.sendAccounts = std::make_shared<clsSendAcct>(globals);
-        globals.sendAccounts->Initialise();
     }
-    return globals.sendAccounts;
+    const auto list = globals.sendAccounts;
+    if (globals.settingsFolder.empty()) {
+        list->Initialise();
+    }
+    return list;
 }
 
 std::vector<std::wstring> AccountOrder(Globals& globals) {
@@ -91,9 +100,11 @@ std::wstring PreferredAddresses(const clsSendAcct& list) {
 }
 
 Membership ListMembership(Globals& globals, const clsSendAcct& list, const outlook::Item& item) {
-    const redemption::SafeItem mail(globals.platform.automation, item);
     Membership result;
-    result.address = basGlobals::RecipientEmail(globals, mail.recipients().item(1));
+    basGlobals::skipErrors([&] {
+        const redemption::SafeItem mail(globals.platform.automation, item);
+        result.address = basGlobals::RecipientEmail(globals, mail.recipients().item(1));
+    });
     // An unknown address would be found in every list.
     result.listed = !result.address.empty() && occursInList(list, result.address);
     if (result.listed) {
@@ -130,18 +141,13 @@ bool SetAccount(clsSendAcct& list, const outlook::Item& item, const std::wstring
 }
 
 bool MoveToAddress(clsSendAcct& list, const std::wstring& address) {
-    if (list.count() == 0) {
-        return false;
-    }
-    list.AbsolutePosition(L"1");
-    if (list.Find(address)) {
-        return true;
-    }
-    const auto row = rowOf(list, address);
-    if (row) {
-        list.AbsolutePosition(std::to_wstring(*row + 1));
-    }
-    return row.has_value();
+    return moveTo(list, rowOf(list, address));
+}
+
+bool MoveToEntry(clsSendAcct& list, const std::wstring& address, const std::wstring& account) {
+    return moveTo(list, firstRow(list, [&](std::size_t row) {
+                      return list.addressAt(row) == address && list.accountAt(row) == account;
+                  }));
 }
 
 }  // namespace basSendAcct

@@ -37,7 +37,7 @@ struct Membership {
 };
 
 /// Whether the first recipient's address occurs anywhere in PreferredAddresses: one that is the end of a
-/// listed address counts as listed. Throws automation::Error when the item's recipients cannot be read.
+/// listed address counts as listed. Recipients that cannot be read are on no list and have no address.
 Membership ListMembership(basGlobals::Globals& globals, const clsSendAcct& list, const outlook::Item& item);
 
 /// Fills the box with noAccount and the accounts in their order.
@@ -52,8 +52,12 @@ std::wstring PlainCaption(std::wstring_view plain);
 /// Has the item sent with the account, and clears the stored decision.
 bool SetAccount(clsSendAcct& list, const outlook::Item& item, const std::wstring& account);
 
-/// Moves the list to the row of an address and takes its values: the row that Find finds, else the one that
-/// PreferredAccount has read.
+/// Moves the list to the row that PreferredAccount reads, and takes its values. It is not always the one that
+/// Find finds: an address may be listed twice, in different letter case.
 bool MoveToAddress(clsSendAcct& list, const std::wstring& address);
+
+/// Moves the list to the row that holds exactly these values. Positions do not last: a send in another window
+/// loads the list anew while a dialog is open.
+bool MoveToEntry(clsSendAcct& list, const std::wstring& address, const std::wstring& account);
 
 }  // namespace basSendAcct

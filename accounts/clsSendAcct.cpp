@@ -95,7 +95,10 @@ bool clsSendAcct::Update() {
         return fail(
             L"Email Address cannot be saved because it or its account is longer than 255 characters.");
     }
-    const auto write = [this](AccountRows& list) { list.set(strEmailAddress, strAccount); };
+    // Copies: a question that comes up while the list is stored may lead to another send, which uses these.
+    const auto write = [address = strEmailAddress, account = strAccount](AccountRows& list) {
+        list.set(address, account);
+    };
     switch (editMode_) {
         case EditMode::Edit:
             return changeCurrentRow(write);
@@ -125,7 +128,7 @@ bool clsSendAcct::changeCurrentRow(const std::function<void(AccountRows&)>& edit
     return change([&](AccountRows& list) {
         const auto row = sameRow(list, *list_);
         if (!row) {
-            throw automation::Error(badArgument, L"This record has been changed or deleted meanwhile.");
+            throw automation::Error(badArgument, listMessages::changedMeanwhile);
         }
         list.moveTo(*row);
         edit(list);

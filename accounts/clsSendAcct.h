@@ -34,7 +34,7 @@ class clsSendAcct {
     /// Why the last Edit, Update or Delete failed; empty when it did not.
     std::wstring ErrorReport;
 
-    /// Looks for the folder of the list and loads the list when there is one. Without one nothing is shown.
+    /// Looks for the folder of the list. Without one nothing is shown.
     void Initialise();
 
     // The stored list.

@@ -42,9 +42,9 @@ void frmAddEmailToList::cmdYes_Click() {
         frmEmailAddressEdit editor(globals_, list_, {address_, accountInUse_, {}});
         globals_.platform.desktop.showModal(editor);
         globals_.dialogMode = DialogMode::None;
-        if (editor.saved() && list_.strAccount != noAccount &&
-            !text::equalsTrimmed(list_.strAccount, accountInUse_)) {
-            list_.strChangeAcct = answerChange;
+        if (editor.saved() && editor.account() != noAccount &&
+            !text::equalsTrimmed(editor.account(), accountInUse_)) {
+            answer_ = answerChange;
         }
     });
     leave();

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "accounts/frmEmailAddressEdit.h"
+#include "accounts/listMessages.h"
 #include "mail/errorTrap.h"
 
 using basGlobals::DialogMode;
@@ -37,9 +38,13 @@ void frmEmailAddress::EmailAddressListFill() {
     std::vector<std::wstring> lines;
     lines.reserve(count);
     for (std::size_t row = 0; row < count; ++row) {
-        lines.push_back(list_.addressAt(row) + L" (" + list_.accountAt(row) + L")");
+        lines.push_back(lineOf(row));
     }
     lstEmailAddress.setItems(std::move(lines));
+}
+
+std::wstring frmEmailAddress::lineOf(std::size_t row) const {
+    return list_.addressAt(row) + L" (" + list_.accountAt(row) + L")";
 }
 
 void frmEmailAddress::refillAtCurrentValues() {
@@ -56,8 +61,17 @@ bool frmEmailAddress::moveToSelection() {
         show(L"Please select an item from the list", {Buttons::Ok, Icon::Information});
         return false;
     }
-    list_.AbsolutePosition(std::to_wstring(lstEmailAddress.selected() + 1));
-    return true;
+    // By what the user sees: a send in another window may have loaded the list anew.
+    const std::wstring& line = lstEmailAddress.items()[static_cast<std::size_t>(lstEmailAddress.selected())];
+    for (std::size_t row = 0; row < list_.count(); ++row) {
+        if (lineOf(row) == line) {
+            list_.AbsolutePosition(std::to_wstring(row + 1));
+            return true;
+        }
+    }
+    show(listMessages::changedMeanwhile, {Buttons::Ok, Icon::Warning});
+    EmailAddressListFill();
+    return false;
 }
 
 bool frmEmailAddress::edit(DialogMode mode, const std::wstring& address, const std::wstring& account) {

@@ -17,9 +17,10 @@ class frmEmailAddress : public forms::Form {
     void cmdDelete_Click();
     void cmdClose_Click();
     void EmailAddressListFill();
+    std::wstring lineOf(std::size_t row) const;
     /// Fills the list anew and selects the row with the list's current values, if there is one.
     void refillAtCurrentValues();
-    /// Moves the list to the selected row; false, and the user is told, when none is selected.
+    /// Moves the list to the selected row; false, and the user is told, when none is selected or it is gone.
     bool moveToSelection();
     bool edit(basGlobals::DialogMode mode, const std::wstring& address, const std::wstring& account);
     platform::Answer show(const std::wstring& prompt, platform::MessageStyle style) const;

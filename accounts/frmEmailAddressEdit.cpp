@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "accounts/basSendAcct.h"
+#include "accounts/listMessages.h"
 #include "mail/basEmailAddressValidity.h"
 #include "mail/errorTrap.h"
 #include "platform/text.h"
@@ -36,7 +37,7 @@ frmEmailAddressEdit::frmEmailAddressEdit(basGlobals::Globals& globals, clsSendAc
       list_(list),
       mode_(globals.dialogMode),
       listedAddress_(entry.address),
-      position_(list.AbsolutePosition()) {
+      listedAccount_(entry.account) {
     imgBackColor.setVisible(hasMessage());
     lblMsg.setVisible(hasMessage());
     txtEmailAddress.setText(std::move(entry.address));
@@ -78,7 +79,7 @@ void frmEmailAddressEdit::cmdOK_Click() {
         }
         saved_ = true;
         if (mode_ == DialogMode::MissingAccount) {
-            list_.strChangeAcct = answerChange;
+            answer_ = answerChange;
         }
         hide();
     });
@@ -87,7 +88,7 @@ void frmEmailAddressEdit::cmdOK_Click() {
 /// Despite what the message says, cancelling keeps the e-mail from being sent.
 void frmEmailAddressEdit::cmdCancel_Click() {
     if (mode_ == DialogMode::MissingAccount) {
-        list_.strChangeAcct = answerCancel;
+        answer_ = answerCancel;
     }
     hide();
 }
@@ -125,10 +126,8 @@ bool frmEmailAddressEdit::save() {
     if (mode_ == DialogMode::Add) {
         list_.AddNew();
     } else {
-        if (mode_ == DialogMode::Edit) {
-            list_.AbsolutePosition(std::to_wstring(position_));
-        } else if (!basSendAcct::MoveToAddress(list_, listedAddress_)) {
-            list_.ErrorReport = listedAddress_ + L" is no longer on the list.";
+        if (!moveToEntry()) {
+            list_.ErrorReport = listMessages::changedMeanwhile;
             return false;
         }
         list_.Edit();
@@ -139,8 +138,13 @@ bool frmEmailAddressEdit::save() {
     if (mode_ != DialogMode::MissingAccount) {
         list_.strEmailAddress = address();
     }
-    list_.strAccount = cmbAccounts.value();
+    list_.strAccount = account();
     return list_.Update();
+}
+
+bool frmEmailAddressEdit::moveToEntry() {
+    return mode_ == DialogMode::Edit ? basSendAcct::MoveToEntry(list_, listedAddress_, listedAccount_)
+                                     : basSendAcct::MoveToAddress(list_, listedAddress_);
 }
 
 std::wstring frmEmailAddressEdit::address() const {

@@ -18,8 +18,12 @@ class frmEmailAddressEdit : public forms::Form {
 
     frmEmailAddressEdit(basGlobals::Globals& globals, clsSendAcct& list, Entry entry);
 
-    /// True once the entry is stored; its values are then the list's current ones.
+    /// True once the entry is stored.
     bool saved() const { return saved_; }
+    /// The account that is chosen.
+    std::wstring account() const { return cmbAccounts.value(); }
+    /// What the send is to do in place of the account that is gone; empty for other modes.
+    const std::wstring& answer() const { return answer_; }
 
   private:
     void cmdOK_Click();
@@ -28,16 +32,18 @@ class frmEmailAddressEdit : public forms::Form {
     bool isComplete() const;
     bool isOnList() const;
     bool save();
+    bool moveToEntry();
     std::wstring address() const;
     void tell(const std::wstring& prompt, platform::Icon icon) const;
 
     basGlobals::Globals& globals_;
     clsSendAcct& list_;
     basGlobals::DialogMode mode_;
-    /// The address that the list holds the row under, and the row's position.
+    /// What the list holds in the row.
     std::wstring listedAddress_;
-    std::int32_t position_;
+    std::wstring listedAccount_;
     bool saved_ = false;
+    std::wstring answer_;
 
     /// The controls lie below the message, where there is one.
     bool hasMessage() const { return mode_ == basGlobals::DialogMode::MissingAccount; }

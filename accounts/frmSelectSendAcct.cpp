@@ -7,8 +7,8 @@
 #include "platform/text.h"
 #include "settings/modRegKeys.h"
 
-frmSelectSendAcct::frmSelectSendAcct(const basGlobals::Globals& globals, clsSendAcct& list,
-                                     std::wstring preferred, std::wstring address, const std::wstring& given)
+frmSelectSendAcct::frmSelectSendAcct(basGlobals::Globals& globals, clsSendAcct& list, std::wstring preferred,
+                                     std::wstring address, const std::wstring& given)
     : Form(L"frmSelectSendAcct", L"Veltro", 280, 171),
       globals_(globals),
       list_(list),
@@ -18,20 +18,32 @@ frmSelectSendAcct::frmSelectSendAcct(const basGlobals::Globals& globals, clsSend
     lblPrefAcct.setCaption(L"(" + basSendAcct::PlainCaption(preferred_) + L")");
     std::vector<std::wstring> others;
     const std::wstring accounts = list_.LoadAccounts();
+    const std::vector<std::wstring> order = basSendAcct::AccountOrder(globals);
     for (const std::wstring_view name : text::split(accounts, L';')) {
-        if (!name.empty() && name != noAccount && !text::equalsTrimmed(name, preferred_)) {
-            others.emplace_back(name);
+        std::wstring other(name);
+        // A ";" inside a name gives parts that are no accounts.
+        if (!name.empty() && name != noAccount && !text::equalsTrimmed(name, preferred_) &&
+            basSendAcct::HasAccount(order, other)) {
+            others.push_back(std::move(other));
         }
     }
     cmbAccts.setItems(std::move(others));
     basSendAcct::SelectAccount(cmbAccts, given);
     optChange.select();
     cmbAccts.onChange = [this] { cmbAccts_Change(); };
+    chkSetDefault.onClick = [this] { chkSetDefault_Click(); };
     cmdOK.onClick = [this] { cmdOK_Click(); };
 }
 
 void frmSelectSendAcct::cmbAccts_Change() {
     optSelected.select();
+}
+
+/// It is about the other account.
+void frmSelectSendAcct::chkSetDefault_Click() {
+    if (chkSetDefault.ticked()) {
+        optSelected.select();
+    }
 }
 
 bool frmSelectSendAcct::otherChosen() const {
@@ -65,7 +77,6 @@ void frmSelectSendAcct::makePreferred(const std::wstring& account) {
 
 void frmSelectSendAcct::leave(const wchar_t* answer) {
     answer_ = answer;
-    list_.strChangeAcct = answer;
     hide();
 }
 

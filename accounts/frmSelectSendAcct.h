@@ -8,11 +8,10 @@
 class frmSelectSendAcct : public forms::Form {
   public:
     /// `given` is the account that is offered first beside the preferred one.
-    frmSelectSendAcct(const basGlobals::Globals& globals, clsSendAcct& list, std::wstring preferred,
+    frmSelectSendAcct(basGlobals::Globals& globals, clsSendAcct& list, std::wstring preferred,
                       std::wstring address, const std::wstring& given);
 
-    /// answerChange or answerCancel, as is left in the list too. A dialog that was closed without a choice
-    /// goes back to the e-mail.
+    /// answerChange or answerCancel. A dialog that was closed without a choice goes back to the e-mail.
     const std::wstring& answer() const { return answer_; }
     /// The account to send with.
     const std::wstring& account() const { return account_; }
@@ -22,11 +21,12 @@ class frmSelectSendAcct : public forms::Form {
   private:
     void cmdOK_Click();
     void cmbAccts_Change();
+    void chkSetDefault_Click();
     bool otherChosen() const;
     void makePreferred(const std::wstring& account);
     void leave(const wchar_t* answer);
 
-    const basGlobals::Globals& globals_;
+    basGlobals::Globals& globals_;
     clsSendAcct& list_;
     std::wstring preferred_;
     std::wstring address_;

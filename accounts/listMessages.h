@@ -7,6 +7,8 @@ namespace listMessages {
 
 inline constexpr wchar_t notSaved[] = L"The list could not be saved. It is as it was before.";
 
+inline constexpr wchar_t changedMeanwhile[] = L"This record has been changed or deleted meanwhile.";
+
 inline std::wstring corrupted(const std::wstring& folderPath) {
     return L"The list of your Email Addresses appears to be corrupted. \r\n\r\nThis data is saved in an "
            L"e-mail "

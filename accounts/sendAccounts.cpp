@@ -14,6 +14,23 @@ namespace {
 using basGlobals::attempt;
 namespace tag = redemption::tag;
 
+/// The collection finds a name in any letter case, but only with its spaces. Throws automation::Error when
+/// there is no such account.
+redemption::Account accountNamed(const redemption::Session& session, const std::wstring& name) {
+    if (const auto found = attempt([&] { return session.account(std::wstring(text::trim(name))); })) {
+        return *found;
+    }
+    const auto accounts = session.accountsInOrder();
+    const std::int32_t count = accounts.count();
+    for (std::int32_t index = 1; index <= count; ++index) {
+        redemption::Account account = accounts.item(index);
+        if (text::equalsTrimmed(account.name(), name)) {
+            return account;
+        }
+    }
+    throw automation::Error(automation::errors::failed, L"There is no account " + name + L".");
+}
+
 struct Property {
     std::int32_t tag;
     automation::Value value;
@@ -71,7 +88,7 @@ bool clsSendAcct::PrefAcctExists(const std::wstring& account) {
 bool clsSendAcct::SendUsingPrefAccount(const outlook::Item& item, const std::wstring& account) {
     return basGlobals::skipErrors([&] {
         const redemption::Session session(globals_);
-        const redemption::Account chosen = session.account(std::wstring(text::trim(account)));
+        const redemption::Account chosen = accountNamed(session, account);
         const std::wstring sendStamp = chosen.sendStamp();
         const std::array<Property, 4> properties{{{tag::primarySendAccount, sendStamp},
                                                   {tag::nextSendAccount, sendStamp},

@@ -40,7 +40,6 @@ void clsSendAcct::Initialise() {
     if (const outlook::Folder folder = GetDefaultFolder()) {
         globals_.settingsFolder = listFolder::pathOf(globals_, folder);
     }
-    LoadList();
 }
 
 bool clsSendAcct::LoadList() {

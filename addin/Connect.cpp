@@ -61,7 +61,7 @@ void Connect::OnConnection(const automation::Object& application, int /*connectM
     }
     if (wrapOpenExplorers()) {
         settingsFolder::moveToCurrentPlace(globals_);
-        basSendAcct::OpenList(globals_);
+        basSendAcct::OpenList(globals_)->LoadList();
     }
     refreshEmailList();
 }

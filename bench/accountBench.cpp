@@ -91,6 +91,7 @@ class ListWorld : public BenchWorld {
     explicit ListWorld(std::int64_t count) {
         outlook.store(host::settingsFolder, {.subject = L"Email Address", .body = listOf(count)});
         list.Initialise();
+        list.LoadList();
     }
 
     clsSendAcct list{globals};

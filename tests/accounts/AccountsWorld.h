@@ -14,6 +14,7 @@ class AccountsWorld : public TestWorld {
     explicit AccountsWorld(host::Profile profile, std::vector<std::wstring> answers = {})
         : TestWorld(std::move(answers), std::move(profile)) {
         list.Initialise();
+        list.LoadList();
     }
     explicit AccountsWorld(const Entries& entries, std::vector<std::wstring> answers = {})
         : AccountsWorld(profileWith(listText(entries)), std::move(answers)) {}

@@ -64,6 +64,57 @@ TEST(ListWindow, WantsASelection) {
     EXPECT_EQ(world.stored(), threeEntries);
 }
 
+/// While a message box is open, a send in another window loads the list, which somebody has changed.
+TEST(ListWindow, KeepsToItsEntryWhenTheListIsLoadedMeanwhile) {
+    constexpr wchar_t selectBob[] =
+        L"frmEmailAddress=lstEmailAddress=bob@example.org (No Account Selected); ";
+    const std::pair<std::wstring, std::wstring> added{L"aaa@example.org", L"Home"};
+    const struct {
+        const char* name;
+        std::vector<std::wstring> answers;
+        bool deleted;
+        Entries stored;
+    } cases[] = {{"deleted",
+                  {std::wstring(selectBob) + L"cmdDelete", L"Veltro=Yes"},
+                  false,
+                  {added, threeEntries[0], threeEntries[2]}},
+                 {"deleted by the other",
+                  {std::wstring(selectBob) + L"cmdDelete", L"Veltro=Yes", L"Veltro=OK"},
+                  true,
+                  {threeEntries[0], threeEntries[2]}},
+                 {"edited",
+                  {std::wstring(selectBob) + L"cmdEdit", L"frmEmailAddressEdit=txtEmailAddress=bea; cmdOK",
+                   L"Veltro=OK", L"frmEmailAddressEdit=txtEmailAddress=bea@example.org; cmdOK"},
+                  false,
+                  {added, threeEntries[0], {L"bea@example.org", L"No Account Selected"}, threeEntries[2]}}};
+    for (const auto& [name, answers, deleted, stored] : cases) {
+        SCOPED_TRACE(name);
+        auto all = answers;
+        all.push_back(L"frmEmailAddress=cmdClose");
+        AccountsWorld world(threeEntries, all);
+        world.log.meanwhile = [&world, &added, deleted = deleted, first = true]() mutable {
+            if (!std::exchange(first, false)) {
+                return;
+            }
+            clsSendAcct other(world.globals);
+            other.LoadList();
+            if (deleted) {
+                other.AbsolutePosition(L"2");
+                other.Delete();
+            } else {
+                other.AddNew();
+                other.strEmailAddress = added.first;
+                other.strAccount = added.second;
+                other.Update();
+            }
+            world.list.LoadList();
+        };
+        showWindow(world);
+        EXPECT_EQ(world.stored(), stored);
+        EXPECT_EQ(texts(world).back() == L"This record has been changed or deleted meanwhile.", deleted);
+    }
+}
+
 TEST(ListWindow, EditsOnADoubleClick) {
     AccountsWorld world(threeEntries, {L"frmEmailAddressEdit=cmdOK"});
     frmEmailAddress window(world.globals, world.list);

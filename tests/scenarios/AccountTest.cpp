@@ -48,9 +48,11 @@ Entries both(const Entries& first, const Entries& second) {
 
 /// Work is the default account.
 Given given(const Entries& list, std::vector<std::wstring> answers = {}, Settings settings = {}) {
-    return {.profile = profileWith(listText(list), corvaneFolder),
-            .settings = std::move(settings),
-            .answers = std::move(answers)};
+    Given result{.profile = profileWith(listText(list), corvaneFolder),
+                 .settings = std::move(settings),
+                 .answers = std::move(answers)};
+    result.profile.accounts.push_back({.name = L" Abroad ", .address = L"me@example.com"});
+    return result;
 }
 
 class AccountStep : public testing::TestWithParam<Case> {};
@@ -113,6 +115,18 @@ INSTANTIATE_TEST_SUITE_P(
              sent,
              bobAnywhere},
         Case{"GoneCancelled", bobGone, {L"frmEmailAddressEdit=cmdCancel"}, L"Work", held, bobGone},
+        Case{"SpacesAroundTheProfilesName",
+             {{L"bob@example.org", L"Abroad"}},
+             {L"frmSelectSendAcct=cmdOK"},
+             L" Abroad ",
+             sent,
+             {{L"bob@example.org", L"Abroad"}}},
+        Case{"ListedInEitherCase",
+             {{L"Bob@example.org", L"Gone"}, {L"bob@example.org", L"Gone too"}},
+             {L"frmEmailAddressEdit=cmbAccounts=Home; cmdOK"},
+             L"Home",
+             sent,
+             {{L"Bob@example.org", L"Home"}, {L"bob@example.org", L"Gone too"}}},
         Case{"NotConfirmed",
              bobAtHome,
              {L"Confirm Email Send - Veltro=No"},
@@ -197,7 +211,7 @@ TEST(AccountPrompts, SayWhichAccountIsGone) {
         L"another preferred account for this e-mail address.\r\n\r\nIf you click Cancel, then the "
         L"currently selected account will be used.");
     EXPECT_EQ(editor.control(L"cmbAccounts").value, L"Work");
-    EXPECT_EQ(editor.control(L"cmbAccounts").caption, L"No Account Selected\nWork\nHome");
+    EXPECT_EQ(editor.control(L"cmbAccounts").caption, L"No Account Selected\nWork\nHome\n Abroad ");
 }
 
 TEST(AccountPrompts, OfferAnAddressOnce) {
@@ -221,7 +235,7 @@ TEST(AccountPrompts, NameTheAccountsToChooseFrom) {
     const auto& select = bench.prompts().at(0);
     EXPECT_EQ(select.text, L"Veltro");
     EXPECT_EQ(select.control(L"lblPrefAcct").caption, L"(Home)");
-    EXPECT_EQ(select.control(L"cmbAccts").caption, L"Work");
+    EXPECT_EQ(select.control(L"cmbAccts").caption, L"Work\n Abroad ");
     EXPECT_EQ(bench.world().setting(L"DoNotShowSelect"), L"1");
     EXPECT_EQ(bench.send(mailToBob()).mail.account, L"Home") << "without asking";
 }
