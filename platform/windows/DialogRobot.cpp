@@ -65,7 +65,7 @@ void DialogRobot::watch() {
                 continue;
             }
             dialogDriver::settle(dialog);
-            if (dialogDriver::topDialog() == dialog) {
+            if (dialogDriver::topDialog() == dialog && !isBusy(dialog)) {
                 attend(dialog);
             }
         } catch (const automation::Error& error) {

@@ -140,6 +140,7 @@ void DialogWindow::removeNames() {
 }
 
 void DialogWindow::command(WORD id, WORD notification) {
+    const BusyMark busy(dialog_);
     if (id == IDCANCEL) {  // Escape or the close box.
         form_.closeBox();
     } else if (ControlWindow* sender = notifier(id)) {
@@ -148,6 +149,7 @@ void DialogWindow::command(WORD id, WORD notification) {
 }
 
 void DialogWindow::notify(const NMHDR& notification) {
+    const BusyMark busy(dialog_);
     if (ControlWindow* sender = notifier(notification.idFrom)) {
         sender->notified(notification);
     }

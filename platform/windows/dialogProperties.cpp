@@ -41,6 +41,22 @@ void detachKind(HWND window) {
     RemovePropW(window, controlKindProperty);
 }
 
+BusyMark::BusyMark(HWND dialog) : dialog_(isBusy(dialog) ? nullptr : dialog) {
+    if (dialog_) {
+        SetPropW(dialog_, busyProperty, reinterpret_cast<HANDLE>(static_cast<ULONG_PTR>(1)));
+    }
+}
+
+BusyMark::~BusyMark() {
+    if (dialog_) {
+        RemovePropW(dialog_, busyProperty);
+    }
+}
+
+bool isBusy(HWND dialog) {
+    return GetPropW(dialog, busyProperty) != nullptr;
+}
+
 std::optional<forms::Kind> attachedKind(HWND window) {
     const auto stored = reinterpret_cast<ULONG_PTR>(GetPropW(window, controlKindProperty));
     return stored != 0 ? std::optional(static_cast<forms::Kind>(stored - 1)) : std::nullopt;

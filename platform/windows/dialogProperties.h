@@ -19,6 +19,10 @@ inline constexpr wchar_t controlNameProperty[] = L"Veltro.Control";
 /// On a control: its forms::Kind as a number, plus 1.
 inline constexpr wchar_t controlKindProperty[] = L"Veltro.Kind";
 
+/// On the dialog, while one of its handlers runs: it may be the top one and yet not wait for the user, when a
+/// dialog that the handler has shown is just closing.
+inline constexpr wchar_t busyProperty[] = L"Veltro.Busy";
+
 /// Attaches a name of at most 255 characters.
 void attachName(HWND window, const wchar_t* property, const std::wstring& name);
 /// Must be called before the window goes, or the atom stays.
@@ -29,5 +33,18 @@ std::optional<std::wstring> attachedName(HWND window, const wchar_t* property);
 void attachKind(HWND window, forms::Kind kind);
 void detachKind(HWND window);
 std::optional<forms::Kind> attachedKind(HWND window);
+
+/// Marks a dialog as busy for as long as it lives; handlers may be nested.
+class BusyMark {
+  public:
+    explicit BusyMark(HWND dialog);
+    BusyMark(const BusyMark&) = delete;
+    BusyMark& operator=(const BusyMark&) = delete;
+    ~BusyMark();
+
+  private:
+    HWND dialog_;
+};
+bool isBusy(HWND dialog);
 
 }  // namespace platform::windows
