@@ -83,7 +83,11 @@ bool Step::concerns() const {
     if (recipients.count() == 0) {
         return false;
     }
-    const std::int32_t type = recipients.item(1).addressEntry().displayType();
+    const redemption::AddressEntry entry = recipients.item(1).addressEntry();
+    if (!entry) {
+        return false;  // Nobody that Outlook knows: it will refuse the mail itself.
+    }
+    const std::int32_t type = entry.displayType();
     return type != distributionList && type != personalDistributionList;
 }
 

@@ -103,7 +103,7 @@ Membership ListMembership(Globals& globals, const clsSendAcct& list, const outlo
     Membership result;
     basGlobals::skipErrors([&] {
         const redemption::SafeItem mail(globals.platform.automation, item);
-        result.address = basGlobals::RecipientEmail(globals, mail.recipients().item(1));
+        result.address = text::trim(basGlobals::RecipientEmail(globals, mail.recipients().item(1)));
     });
     // An unknown address would be found in every list.
     result.listed = !result.address.empty() && occursInList(list, result.address);

@@ -47,16 +47,16 @@ void frmSelectSendAcct::chkSetDefault_Click() {
 }
 
 bool frmSelectSendAcct::otherChosen() const {
-    return optSelected.selected() && cmbAccts.selected() != forms::List::none;
+    return cmbAccts.selected() != forms::List::none;
 }
 
 void frmSelectSendAcct::cmdOK_Click() {
     basGlobals::skipErrors([&] {
-        if (otherChosen()) {
+        if (chkSetDefault.ticked() && otherChosen()) {
+            makePreferred(cmbAccts.value());
+        }
+        if (optSelected.selected() && otherChosen()) {
             account_ = cmbAccts.value();
-            if (chkSetDefault.ticked()) {
-                makePreferred(account_);
-            }
         }
         modRegKeys::DoNotShowSelect.write(globals_, chkDoNotShow.ticked() ? 1 : 0);
     });

@@ -34,6 +34,8 @@ std::wstring_view escaped(wchar_t character) {
             return L"&#x3c;";
         case L'>':
             return L"&#x3e;";
+        case L'\xA0':
+            return L"&#xa0;";  // A raw one would be taken for an editor's when the list is read.
         default:
             return {};
     }

@@ -54,12 +54,12 @@ BENCHMARK_CAPTURE(send, switchedToPreferredAccount, Sender::WithPreferredAccount
     ->Iterations(100)
     ->Unit(benchmark::kMicrosecond);
 
-/// With one explorer open.
+/// With one explorer open, and a stored list.
 void onConnection(benchmark::State& state) {
     std::size_t calls = 0;
     for (auto _ : state) {
         state.PauseTiming();
-        auto world = std::make_unique<BenchWorld>();
+        auto world = std::make_unique<BenchWorld>(profileWithList());
         world->settings.write(L"ShowStartupWizard", L"False");
         state.ResumeTiming();
         world->connect();

@@ -27,9 +27,10 @@ constexpr char usageText[] =
   --account NAME=ADDRESS   an account of the profile, repeatable; the first is the default account
   --set KEY=VALUE          a setting for this run, repeatable
   --settings FILE          keep the settings in this file; otherwise they live for the run
-  --list ADDRESS=ACCOUNT   an entry of the list of preferred accounts, repeatable
-  --folder FILE            keep the items of the settings folder, the list among them, in this file; otherwise
-                           they live for the run
+  --list ADDRESS=ACCOUNT   an entry of the list of preferred accounts, repeatable; they take the place of a list
+                           that --folder has kept
+  --folder FILE            keep subject and text of the settings folder's items, the list among them, in this
+                           file; otherwise they live for the run
   --bcc-me                 the received message reached the user blind (reply commands)
   --first-run              a profile on which the add-in never ran
   --answer 'WHERE=WHAT'    an answer to a prompt, repeatable, used in order. WHERE is the start of a message
@@ -46,16 +47,17 @@ std::string quoted(std::wstring_view text) {
 }
 
 /// The texts before and after the first "=".
-std::pair<std::wstring, std::wstring> parsePair(const std::string& option, const std::wstring& value) {
+std::pair<std::wstring, std::wstring> parsePair(const std::string& option, const std::string& form,
+                                                const std::wstring& value) {
     const auto cut = value.find(L'=');
     if (cut == std::wstring::npos || cut == 0) {
-        throw UsageError(option + " needs NAME=VALUE, not " + quoted(value));
+        throw UsageError(option + " needs " + form + ", not " + quoted(value));
     }
     return {value.substr(0, cut), value.substr(cut + 1)};
 }
 
 void addAccount(CommandLine& line, const std::wstring& value) {
-    auto [name, address] = parsePair("--account", value);
+    auto [name, address] = parsePair("--account", "NAME=ADDRESS", value);
     const auto at = address.find(L'@');
     if (at == std::wstring::npos || at == 0 || at + 1 == address.size()) {
         throw UsageError("--account needs an e-mail address, not " + quoted(address));
@@ -104,14 +106,16 @@ std::map<std::wstring, Option> makeOptions() {
         {L"--editor", {true, setEditor}},
         {L"--account", {true, addAccount}},
         {L"--set",
-         {true, [](CommandLine& line,
-                   const std::wstring& value) { line.settings.push_back(parsePair("--set", value)); }}},
+         {true,
+          [](CommandLine& line, const std::wstring& value) {
+              line.settings.push_back(parsePair("--set", "KEY=VALUE", value));
+          }}},
         {L"--settings",
          {true, [](CommandLine& line, const std::wstring& value) { line.settingsFile = value; }}},
         {L"--list",
          {true,
           [](CommandLine& line, const std::wstring& value) {
-              line.preferredAccounts.push_back(parsePair("--list", value));
+              line.preferredAccounts.push_back(parsePair("--list", "ADDRESS=ACCOUNT", value));
           }}},
         {L"--folder", {true, [](CommandLine& line, const std::wstring& value) { line.folderFile = value; }}},
         {L"--answer", {true, addAnswer}},

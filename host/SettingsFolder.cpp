@@ -58,11 +58,15 @@ Message preferredAccountsItem(const std::vector<std::pair<std::wstring, std::wst
 
 Profile prepareProfile(const CommandLine& line) {
     Profile profile = line.profile();
-    if (!line.folderFile || !std::filesystem::exists(pathOf(*line.folderFile))) {
+    std::error_code ignored;
+    if (!line.folderFile || !std::filesystem::exists(pathOf(*line.folderFile), ignored)) {
         return profile;
     }
     profile.folders = {settingsFolder};
     try {
+        if (!std::filesystem::is_regular_file(pathOf(*line.folderFile), ignored)) {
+            throw std::runtime_error("is no regular file");
+        }
         for (const MessageFile& kept : parseMessages(readFile(pathOf(*line.folderFile)))) {
             // A list on the command line takes the place of the one that was kept.
             if (line.preferredAccounts.empty() || kept.message.subject != listSubject) {

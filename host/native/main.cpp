@@ -65,12 +65,14 @@ ExitStatus run(const CommandLine& line) {
     const bool person = line.answers.empty() && isatty(STDIN_FILENO) == 1;
     host::Report report(std::cout, line.json ? host::Report::Format::Json : host::Report::Format::Text,
                         person);
+    platform::native::SystemClock clock;
+    host::Outlook outlook(host::prepareProfile(line), [&clock] { return clock.now(); });
+    host::keepSettingsFolder(line,
+                             outlook);  // A file that cannot be written is told of before anything is sent.
     const auto settings = makeSettings(line);
     host::prepareSettings(line, *settings);
     const auto desktop = makeDesktop(line, person, report);
 
-    platform::native::SystemClock clock;
-    host::Outlook outlook(host::prepareProfile(line), [&clock] { return clock.now(); });
     platform::native::FakeRegistry registry;
     platform::native::FileResources resources;
     platform::native::FixedSystemInfo system(programFolder());

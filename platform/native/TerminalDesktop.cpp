@@ -122,6 +122,10 @@ std::optional<std::wstring> valueOf(const forms::Control& control, const std::ws
             const std::size_t rows = static_cast<const forms::CheckList&>(control).rows().size();
             return forms::CheckList::parseTicks(typed, rows) ? std::optional(typed) : std::nullopt;
         }
+        case forms::Kind::CheckBox:
+            return typed == L"0" || typed == L"1" ? std::optional(typed) : std::nullopt;
+        case forms::Kind::OptionButton:
+            return typed == L"1" ? std::optional(typed) : std::nullopt;
         default:
             return typed;
     }

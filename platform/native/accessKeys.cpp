@@ -45,8 +45,19 @@ std::wstring plainCaption(std::wstring_view caption) {
 }
 
 bool accepts(const forms::Control& control) {
-    return control.visible() && control.enabled() && control.kind() != forms::Kind::Label &&
-           control.kind() != forms::Kind::Picture;
+    switch (control.kind()) {
+        case forms::Kind::Label:
+        case forms::Kind::Picture:
+            return false;
+        case forms::Kind::TextBox:
+            if (static_cast<const forms::TextBox&>(control).readOnly()) {
+                return false;
+            }
+            break;
+        default:
+            break;
+    }
+    return control.visible() && control.enabled();
 }
 
 forms::Control* findByAccessKey(const forms::Form& form, wchar_t key) {

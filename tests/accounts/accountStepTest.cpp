@@ -35,6 +35,18 @@ const Entries bobAtHome{{L"bob@example.org", L"Home"}};
 const Entries bobGone{{L"bob@example.org", L"Gone"}};
 const Entries ann{{L"ann@example.org", L"Home"}};
 
+/// Outlook will refuse such a mail itself.
+TEST(AccountStep, LeavesAMailToNobodyAlone) {
+    AccountsWorld world(bobAtHome);
+    host::Message unresolved = mailTo(L"bob@example.org");
+    unresolved.to[0].resolvable = false;
+    host::Message nobody = unresolved;
+    nobody.to.clear();
+    EXPECT_FALSE(sendThrough(world, unresolved).cancelled);
+    EXPECT_FALSE(sendThrough(world, nobody).cancelled);
+    EXPECT_TRUE(world.log.messages.empty());
+}
+
 TEST(AccountStepFailures, CancelTheSendOrLeaveTheMailAlone) {
     bool failed = true;
     std::size_t reported = 0;

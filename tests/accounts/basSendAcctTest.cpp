@@ -47,10 +47,9 @@ TEST(ListLookups, FollowTheList) {
     const struct {
         std::wstring address;
         bool listed;
-    } cases[] = {{L"ANN@example.org", true},
+    } cases[] = {{L"ANN@example.org", true}, {L" ann@example.org ", true},
                  {L"bob@example.org", true},  // The end of a listed address.
-                 {L"ann@example.or", true},
-                 {L"joann@example.org", false},
+                 {L"ann@example.or", true},  {L"joann@example.org", false},
                  {L"cy@example.org", false}};
     for (const auto& [address, listed] : cases) {
         host::Message message;
@@ -58,7 +57,7 @@ TEST(ListLookups, FollowTheList) {
         const outlook::Item item(world.outlook.store(L"Drafts", message));
         const auto membership = basSendAcct::ListMembership(world.globals, world.list, item);
         EXPECT_EQ(membership.listed, listed) << text::toUtf8(address);
-        EXPECT_EQ(membership.address, address);
+        EXPECT_EQ(membership.address, text::trim(address));
         EXPECT_EQ(membership.message.empty(), !listed);
     }
 }

@@ -165,6 +165,7 @@ TEST(TerminalDesktop, LetsAPersonAnswer) {
         {"1\nAnn B\n3\n", true, L"Ann B", false},
         {"n=Ann\nt\n5\n", false, L"Ann", true},
         {"9\n\nok\ntxtName=Ann\ncmdok\n", true, L"Ann", false},
+        {"chkTitle=yes\nn=Ann\nok\n\n", true, L"Ann", false},
         {"c\n", false, L"", false},
     };
     for (const Case& test : cases) {
