@@ -13,25 +13,18 @@ using basGlobals::attempt;
 using basGlobals::Globals;
 using outlook::Folder;
 
-constexpr wchar_t oldParentName[] = L"Tarnwell Settings";
-constexpr wchar_t newParentName[] = L"Corvane Settings";
-
 /// String resources of the folder names.
 namespace stringId {
 constexpr std::uint32_t parent = 521;
 constexpr std::uint32_t folder = 522;
 }  // namespace stringId
 
-std::wstring nameOr(const Globals& globals, std::uint32_t id, const wchar_t* fallback) {
-    return globals.resources ? globals.resources->stringOr(id, fallback) : fallback;
-}
-
 std::wstring parentName(const Globals& globals) {
-    return nameOr(globals, stringId::parent, oldParentName);
+    return globals.resourceOr(stringId::parent, oldParentName);
 }
 
 std::wstring folderName(const Globals& globals) {
-    return nameOr(globals, stringId::folder, L"Veltro");
+    return globals.resourceOr(stringId::folder, L"Veltro");
 }
 
 Folder mailbox(const Globals& globals) {

@@ -11,6 +11,10 @@ namespace listFolder {
 /// What an item must have as its subject, to the letter, to be the one that holds the list.
 inline constexpr wchar_t listSubject[] = L"Email Address";
 
+/// Below which folder of the mailbox it lies: first under the old name, moved once to the new one.
+inline constexpr wchar_t oldParentName[] = L"Tarnwell Settings";
+inline constexpr wchar_t newParentName[] = L"Corvane Settings";
+
 struct Place {
     /// Nothing when there is none.
     outlook::Folder folder;

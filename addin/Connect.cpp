@@ -76,15 +76,14 @@ void Connect::openResourceLibrary() {
 }
 
 void Connect::readProductTexts() {
-    const clsResource& resources = *globals_.resources;
     basGlobals::ProductTexts& product = globals_.product;
-    product.aboutText = resources.stringOr(
+    product.aboutText = globals_.resourceOr(
         stringId::aboutText, L"Veltro stops mistakes before an e-mail leaves Microsoft Outlook.");
-    product.webSite = resources.stringOr(stringId::webSite, L"http://www.corvane.example");
-    product.supportAddress = resources.stringOr(stringId::supportAddress, L"support@corvane.example");
-    product.downloadPage =
-        resources.stringOr(stringId::downloadPage, L"http://www.corvane.example/veltro/download_process.asp");
-    product.title = resources.stringOr(stringId::productTitle, L"Veltro");
+    product.webSite = globals_.resourceOr(stringId::webSite, L"http://www.corvane.example");
+    product.supportAddress = globals_.resourceOr(stringId::supportAddress, L"support@corvane.example");
+    product.downloadPage = globals_.resourceOr(stringId::downloadPage,
+                                               L"http://www.corvane.example/veltro/download_process.asp");
+    product.title = globals_.resourceOr(stringId::productTitle, L"Veltro");
     product.helpFile = platform::joinPath(globals_.platform.system.addInFolder(), L"Veltro.chm");
 }
 

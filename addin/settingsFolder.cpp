@@ -1,5 +1,6 @@
 #include "addin/settingsFolder.h"
 
+#include "accounts/listFolder.h"
 #include "mail/SafeItems.h"
 #include "mail/errorTrap.h"
 #include "platform/text.h"
@@ -12,9 +13,9 @@ namespace {
 using basGlobals::attempt;
 using basGlobals::Globals;
 using basGlobals::skipErrors;
+using listFolder::newParentName;
+using listFolder::oldParentName;
 
-constexpr wchar_t oldParentName[] = L"Tarnwell Settings";
-constexpr wchar_t newParentName[] = L"Corvane Settings";
 constexpr wchar_t dataFolderName[] = L"Veltro";
 constexpr wchar_t done[] = L"1";
 
@@ -38,7 +39,7 @@ bool holdsList(const Globals& globals, const outlook::Folder& folder) {
     const std::int32_t count = items.count();
     for (std::int32_t index = 1; index <= count; ++index) {
         const redemption::SafeItem item(globals.platform.automation, items.item(index));
-        if (text::equalsTrimmed(item.subject(), L"Email Address")) {
+        if (text::equalsTrimmed(item.subject(), listFolder::listSubject)) {
             return true;
         }
     }

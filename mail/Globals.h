@@ -59,6 +59,11 @@ struct Globals {
     /// Path of the mailbox folder that holds the list of preferred accounts; empty until it was found or
     /// made.
     std::wstring settingsFolder;
+
+    /// A string of the resource library, or `fallback` when it does not supply it.
+    std::wstring resourceOr(std::uint32_t id, const std::wstring& fallback) const {
+        return resources ? resources->stringOr(id, fallback) : fallback;
+    }
 };
 
 }  // namespace basGlobals
