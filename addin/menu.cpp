@@ -16,16 +16,12 @@ constexpr std::uint32_t product = 523;
 constexpr std::uint32_t brand = 525;
 }  // namespace stringId
 
-std::wstring captionOr(const Globals& globals, std::uint32_t id, const wchar_t* fallback) {
-    return globals.resources ? globals.resources->stringOr(id, fallback) : fallback;
-}
-
 std::wstring productCaption(const Globals& globals) {
-    return captionOr(globals, stringId::product, L"Veltro");
+    return globals.resourceOr(stringId::product, L"Veltro");
 }
 
 std::wstring brandCaption(const Globals& globals) {
-    return captionOr(globals, stringId::brand, L"Tarn&well");
+    return globals.resourceOr(stringId::brand, L"Tarn&well");
 }
 
 /// The controls of the menu bar; nothing in a window that has none.
@@ -55,13 +51,15 @@ Buttons build(const Globals& globals, const outlook::Explorer& explorer, std::in
 
 void remove(const Globals& globals, const outlook::Explorer& explorer) {
     const Object controls = menuBarControls(explorer);
-    const Object brand =
-        controls ? modCommandBarCode::FindControl(controls, brandCaption(globals)) : Object();
+    const Object brand = controls ? modCommandBarCode::FindControl(controls, brandCaption(globals),
+                                                                   modCommandBarCode::popupType)
+                                  : Object();
     if (!brand) {
         return;
     }
     const Object entries = brand.get(L"Controls").toObject();
-    if (const Object product = modCommandBarCode::FindControl(entries, productCaption(globals))) {
+    if (const Object product =
+            modCommandBarCode::FindControl(entries, productCaption(globals), modCommandBarCode::popupType)) {
         product.call(L"Delete");
     }
     if (entries.get(L"Count").toInteger() == 0) {

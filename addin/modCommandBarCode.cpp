@@ -1,5 +1,6 @@
 #include "addin/modCommandBarCode.h"
 
+#include "mail/errorTrap.h"
 #include "platform/text.h"
 
 namespace modCommandBarCode {
@@ -13,22 +14,32 @@ std::wstring withoutAccessKey(std::wstring_view caption) {
     return text::replaceAll(caption, L"&", L"");
 }
 
-Object add(const Object& controls, std::int32_t type, std::optional<std::int32_t> before) {
+Object add(const Object& controls, std::int32_t type, const std::wstring& caption,
+           std::optional<std::int32_t> before) {
     constexpr bool temporary = true;
-    return controls.call(L"Add", type, Value(), Value(), before ? Value(*before) : Value(), temporary)
-        .toObject();
+    const Object control =
+        controls.call(L"Add", type, Value(), Value(), before ? Value(*before) : Value(), temporary)
+            .toObject();
+    try {
+        control.put(L"Caption", caption);
+    } catch (...) {
+        basGlobals::skipErrors([&] { control.call(L"Delete"); });  // Nobody would find it any more.
+        throw;
+    }
+    return control;
 }
 
 }  // namespace
 
 /// Walked through: Item takes a caption too, but fails alike for one that is missing and for any other
 /// reason.
-Object FindControl(const Object& controls, const std::wstring& caption) {
+Object FindControl(const Object& controls, const std::wstring& caption, std::optional<std::int32_t> type) {
     const std::wstring wanted = withoutAccessKey(caption);
     const std::int32_t count = controls.get(L"Count").toInteger();
     for (std::int32_t index = 1; index <= count; ++index) {
         Object control = controls.get(L"Item", index).toObject();
-        if (text::equalsIgnoringCase(withoutAccessKey(control.get(L"Caption").toText()), wanted)) {
+        if (text::equalsIgnoringCase(withoutAccessKey(control.get(L"Caption").toText()), wanted) &&
+            (!type || control.get(L"Type").toInteger() == *type)) {
             return control;
         }
     }
@@ -37,20 +48,16 @@ Object FindControl(const Object& controls, const std::wstring& caption) {
 
 Object FindOrAddPopup(const Object& controls, const std::wstring& caption,
                       std::optional<std::int32_t> before) {
-    Object popup = FindControl(controls, caption);
-    if (!popup || popup.get(L"Type").toInteger() != popupType) {
-        popup = add(controls, popupType, before);
-        popup.put(L"Caption", caption);
-    }
-    return popup;
+    const Object popup = FindControl(controls, caption, popupType);
+    return popup ? popup : add(controls, popupType, caption, before);
 }
 
 Object FindOrAddButton(const Object& popup, const std::wstring& caption, const std::wstring& tag,
                        bool beginGroup) {
     const Object controls = popup.get(L"Controls").toObject();
-    Object button = FindControl(controls, caption);
+    Object button = FindControl(controls, caption, buttonType);
     if (!button) {
-        button = add(controls, buttonType, std::nullopt);
+        button = add(controls, buttonType, caption, std::nullopt);
     }
     button.put(L"Caption", caption);
     button.put(L"Tag", tag);

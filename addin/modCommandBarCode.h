@@ -12,8 +12,9 @@ inline constexpr std::int32_t buttonType = 1;
 inline constexpr std::int32_t popupType = 10;
 
 /// The first control with this caption among a bar's or popup's controls, the marks of access keys ("&") and
-/// letter case ignored; nothing when there is none.
-automation::Object FindControl(const automation::Object& controls, const std::wstring& caption);
+/// letter case ignored, of that type if one is given; nothing when there is none.
+automation::Object FindControl(const automation::Object& controls, const std::wstring& caption,
+                               std::optional<std::int32_t> type = std::nullopt);
 
 /// The popup with this caption. When it is missing it is added as a temporary one, which Outlook drops when
 /// it closes: in front of the control at `before`, counted from 1, or at the end.

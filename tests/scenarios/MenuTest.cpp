@@ -1,9 +1,14 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "tests/accounts/listTexts.h"
 #include "tests/scenarios/Bench.h"
 
 namespace {
+
+using automation::Object;
+using automation::Value;
 
 const std::vector<std::wstring> accountList{L"Tarnwell", L"Veltro", L"Send Account (Preferred) List"};
 
@@ -62,6 +67,219 @@ TEST(Menu, SaysWhichOutlooksHaveNoAccountList) {
     Bench bench(setup);
     openList(bench);
     EXPECT_EQ(bench.prompts().at(0).text, L"Account Sentry is only supported in Outlook 2003 and above.");
+}
+
+Object menuBar(const Object& explorer) {
+    return explorer.get(L"CommandBars")
+        .toObject()
+        .get(L"Item", L"Menu Bar")
+        .toObject()
+        .get(L"Controls")
+        .toObject();
+}
+
+Object firstMenuBar(Bench& bench) {
+    return menuBar(bench.outlook().explorers().front());
+}
+
+Object entriesOf(const Object& controls, const wchar_t* caption) {
+    return controls.get(L"Item", caption).toObject().get(L"Controls").toObject();
+}
+
+std::vector<std::wstring> captions(const Object& controls) {
+    std::vector<std::wstring> list;
+    for (std::int32_t index = 1; index <= controls.get(L"Count").toInteger(); ++index) {
+        list.push_back(controls.get(L"Item", index).toObject().get(L"Caption").toText());
+    }
+    return list;
+}
+
+/// What stands behind Outlook's own menus, Help included.
+std::vector<std::wstring> lastMenus(const Object& explorer) {
+    auto list = captions(menuBar(explorer));
+    list.erase(list.begin(), std::ranges::find(list, L"&Actions") + 1);
+    return list;
+}
+
+constexpr std::int32_t button = 1;
+constexpr std::int32_t popup = 10;
+
+/// Another add-in makes a control, at the end.
+Object addControl(const Object& controls, std::int32_t type, const wchar_t* caption) {
+    const Object control = controls.call(L"Add", type, Value(), Value(), Value(), true).toObject();
+    control.put(L"Caption", caption);
+    return control;
+}
+
+void addBrandMenu(const Object& bar, const wchar_t* caption, const wchar_t* entry, std::int32_t type) {
+    addControl(addControl(bar, popup, caption).get(L"Controls").toObject(), type, entry);
+}
+
+/// What the add-in finds in the menu bar, and what is there while it is connected and after its removal.
+struct MenuCase {
+    const char* name;
+    void (*prepare)(const Object& bar);
+    std::vector<std::wstring> menus;
+    std::vector<std::wstring> entries;
+    std::vector<std::wstring> menusAfter;
+    std::vector<std::wstring> entriesAfter;
+    bool resourceLibrary = true;
+};
+
+class MenuBar : public testing::TestWithParam<MenuCase> {};
+
+TEST_P(MenuBar, HasOneMenuOfTheBrandThatOtherProductsKeep) {
+    const MenuCase& given = GetParam();
+    Given setup = withList({L"frmEmailAddress=cmdClose", L"frmEmailAddress=cmdClose"});
+    setup.connected = false;
+    setup.resourceLibrary = given.resourceLibrary;
+    Bench bench(setup);
+    given.prepare(firstMenuBar(bench));
+    bench.connect();
+    bench.outlook().openExplorer();
+    for (const Object& explorer : bench.outlook().explorers()) {
+        EXPECT_EQ(lastMenus(explorer), given.menus);
+        EXPECT_EQ(captions(entriesOf(menuBar(explorer), L"Tarnwell")), given.entries);
+        bench.outlook().pressControl(explorer, accountList);
+    }
+    EXPECT_EQ(bench.prompts().size(), 2U);
+
+    bench.disconnect(1);
+    for (const Object& explorer : bench.outlook().explorers()) {
+        EXPECT_EQ(lastMenus(explorer), given.menusAfter);
+        if (!given.entriesAfter.empty()) {
+            EXPECT_EQ(captions(entriesOf(menuBar(explorer), L"Tarnwell")), given.entriesAfter);
+        }
+    }
+}
+
+void leave(const Object&) {}
+
+INSTANTIATE_TEST_SUITE_P(
+    Found, MenuBar,
+    testing::Values(
+        MenuCase{"OutlooksOwn", leave, {L"Tarn&well", L"&Help"}, {L"Veltro"}, {L"&Help"}, {}},
+        MenuCase{
+            "WithoutResourceLibrary", leave, {L"Tarn&well", L"&Help"}, {L"Veltro"}, {L"&Help"}, {}, false},
+        MenuCase{"HelpIsNotTheLast",
+                 [](const Object& bar) { addControl(bar, popup, L"Zoo"); },
+                 {L"Tarn&well", L"&Help", L"Zoo"},
+                 {L"Veltro"},
+                 {L"&Help", L"Zoo"},
+                 {}},
+        MenuCase{"NoHelp",
+                 [](const Object& bar) { bar.get(L"Item", L"Help").toObject().call(L"Delete"); },
+                 {L"Tarn&well"},
+                 {L"Veltro"},
+                 {},
+                 {}},
+        MenuCase{"AnotherProduct",
+                 [](const Object& bar) { addBrandMenu(bar, L"&TARNwell", L"Quire", button); },
+                 {L"&Help", L"&TARNwell"},
+                 {L"Quire", L"Veltro"},
+                 {L"&Help", L"&TARNwell"},
+                 {L"Quire"}},
+        MenuCase{"LeftFromBefore",
+                 [](const Object& bar) { addBrandMenu(bar, L"Tarnwell", L"&veltro", popup); },
+                 {L"&Help", L"Tarnwell"},
+                 {L"&veltro"},
+                 {L"&Help"},
+                 {}},
+        MenuCase{"ButtonOfTheBrand",
+                 [](const Object& bar) { addControl(bar, button, L"Tarnwell"); },
+                 {L"Tarn&well", L"&Help", L"Tarnwell"},
+                 {L"Veltro"},
+                 {L"&Help", L"Tarnwell"},
+                 {}}),
+    [](const auto& test) { return test.param.name; });
+
+TEST(Menu, StaysWhenOutlookShutsDownAndIsNotDoubledAfterwards) {
+    Bench bench(withList({L"frmEmailAddress=cmdClose"}));
+    bench.disconnect(0);
+    const Object explorer = bench.outlook().explorers().front();
+    const std::vector<std::wstring> menus{L"Tarn&well", L"&Help"};
+    EXPECT_EQ(lastMenus(explorer), menus);
+    openList(bench);
+    EXPECT_TRUE(bench.prompts().empty());
+    bench.connect();
+    EXPECT_EQ(lastMenus(explorer), menus);
+    EXPECT_EQ(captions(entriesOf(menuBar(explorer), L"Tarnwell")), std::vector<std::wstring>{L"Veltro"});
+    openList(bench);
+    EXPECT_EQ(bench.prompts().size(), 1U);
+}
+
+TEST(Menu, OfAWindowOutlivesTheOtherWindow) {
+    for (const bool closeFirst : {true, false}) {
+        Bench bench(withList({L"frmEmailAddress=cmdClose"}));
+        bench.outlook().openExplorer();
+        const auto explorers = bench.outlook().explorers();
+        bench.outlook().closeExplorer(closeFirst ? explorers.front() : explorers.back());
+        openList(bench);
+        EXPECT_EQ(bench.prompts().size(), 1U);
+        bench.disconnect(1);
+        EXPECT_EQ(lastMenus(bench.outlook().explorers().front()), std::vector<std::wstring>{L"&Help"});
+    }
+}
+
+const host::Message brokenPromise = plainMail(L"Budget", L"See attached");
+
+/// Each call that builds the menu of a new window fails once. Replies in that window are guarded, which shows
+/// by the offer to write to all.
+TEST(FailingMenu, LeavesTheWindowGuarded) {
+    constexpr std::size_t most = 200;
+    Given setup = withList(std::vector<std::wstring>(most, L"frmReplyMultRecipt=lstRecipients=1,2; cmdOK"));
+    setup.answers.push_back(L"Attachment(s) missing=No");
+    Bench bench(setup);
+    host::Message toTwo = plainMail();
+    toTwo.from = host::Address{.name = L"Ann", .address = L"ann@example.com"};
+    toTwo.to.push_back({.name = L"Me", .address = L"me@example.org"});
+    const Object item = bench.outlook().receive(toTwo);
+    bool failed = true;
+    std::size_t call = 0;
+    while (failed && ++call < most) {
+        firstMenuBar(bench).get(L"Item", L"Tarnwell").toObject().call(L"Delete");
+        const std::size_t before = bench.outlook().calls();
+        bench.outlook().failCall(call);
+        bench.outlook().meter()->record(true);
+        const Object window = bench.outlook().openExplorer();
+        const auto& made = bench.outlook().meter()->log();
+        const bool inMenu = std::ranges::find(made, L"Explorer.CommandBars") != made.end();
+        failed = bench.outlook().calls() - before >= call;
+        bench.outlook().failCall(0);
+        bench.outlook().select(window, {item});
+        const host::ReplyOutcome outcome = bench.outlook().reply(item);
+        EXPECT_FALSE(outcome.opened && inMenu) << "call " << call;
+        for (const Object& opened : outcome.newInspectors) {
+            bench.outlook().closeInspector(opened);
+        }
+        addControl(firstMenuBar(bench), popup, L"Tarnwell");
+        bench.outlook().closeExplorer(window);
+    }
+    EXPECT_GT(call, 20U);
+    EXPECT_LT(call, most);
+    EXPECT_EQ(bench.send(brokenPromise).state, host::SendState::Cancelled);
+}
+
+/// Each call that takes the menu away fails once.
+TEST(FailingMenu, DoesNotKeepTheAddInFromLeaving) {
+    bool failed = true;
+    std::size_t call = 0;
+    while (failed) {
+        Bench bench;
+        bench.outlook().openExplorer();
+        const std::size_t before = bench.outlook().calls();
+        bench.outlook().failCall(++call);
+        bench.disconnect(1);
+        failed = bench.outlook().calls() - before >= call;
+        bench.outlook().failCall(0);
+        std::size_t left = 0;
+        for (const Object& explorer : bench.outlook().explorers()) {
+            left += lastMenus(explorer).size() - 1;
+        }
+        EXPECT_LE(left, failed ? 1U : 0U) << "call " << call;
+        EXPECT_EQ(bench.send(brokenPromise).state, host::SendState::Sent) << "call " << call;
+    }
+    EXPECT_GT(call, 20U);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "host/SettingsFolder.h"
+#include "tests/accounts/listTexts.h"
 #include "tests/scenarios/Bench.h"
 
 namespace {
@@ -86,5 +87,112 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"NoFolder", {}, {}, L"", L"", false, false},
         Case{"DoneBefore", {oldFolder}, {{oldFolder, listItem(L"Email Address")}}, L"1", L"1", false, true}),
     [](const auto& test) { return test.param.name; });
+
+/// Mail to Bob goes with the account of the list unasked.
+Given withLists(std::vector<host::StoredMessage> lists) {
+    Given setup{.settings = {{L"DoNotShowSelect", L"1"}, {L"UseOutlookSettings", L"False"}},
+                .answers = {L"Move Veltro Settings - Veltro=OK"}};
+    setup.profile = profileWith({});
+    setup.profile.messages = std::move(lists);
+    return setup;
+}
+
+std::wstring accountForBob(Bench& bench) {
+    const host::SendOutcome outcome = bench.send(plainMail());
+    EXPECT_EQ(outcome.state, host::SendState::Sent);
+    return outcome.mail.account;
+}
+
+std::vector<std::wstring> bodiesIn(Bench& bench, const wchar_t* folder) {
+    std::vector<std::wstring> bodies;
+    for (const auto& item : bench.outlook().itemsIn(folder)) {
+        bodies.push_back(bench.outlook().view(item).body);
+    }
+    return bodies;
+}
+
+const std::wstring bobAtHome = listText(Entries{{L"bob@example.org", L"Home"}});
+const std::wstring bobAtWork = listText(Entries{{L"bob@example.org", L"Work"}});
+
+TEST(MigrationFailures, NeitherLoseNorDoubleTheList) {
+    bool failed = true;
+    std::size_t call = 0;
+    std::size_t stayed = 0;
+    while (failed) {
+        SCOPED_TRACE(++call);
+        Given setup = withLists({storedList(bobAtHome, oldFolder)});
+        setup.connected = false;
+        setup.answers.insert(setup.answers.end(), 5, L"Veltro=OK");
+        Bench bench(setup);
+        const std::size_t before = bench.outlook().calls();
+        bench.outlook().failCall(call);
+        bench.connect();
+        failed = bench.outlook().calls() - before >= call;
+        bench.outlook().failCall(0);
+        bench.disconnect();
+        bench.connect();
+
+        EXPECT_EQ(accountForBob(bench), L"Home");
+        auto bodies = bodiesIn(bench, oldFolder);
+        stayed += bodies.size();
+        std::ranges::copy(bodiesIn(bench, newFolder), std::back_inserter(bodies));
+        EXPECT_EQ(bodies, std::vector<std::wstring>{bobAtHome});
+    }
+    EXPECT_GT(call, 100U);
+    EXPECT_GT(stayed, 0U);
+    EXPECT_LT(stayed, call / 2);
+}
+
+/// The folder cannot be moved to where there is one already.
+TEST(Migration, LeavesTwoFoldersAndUsesTheOneWithTheList) {
+    struct Both {
+        std::vector<std::wstring> inNew;
+        std::wstring account;
+    };
+    for (const auto& [inNew, account] : {Both{{}, L"Home"}, Both{{bobAtWork}, L"Work"}}) {
+        SCOPED_TRACE(testing::PrintToString(account));
+        Given setup = withLists({storedList(bobAtHome, oldFolder)});
+        setup.profile.folders = {oldFolder, newFolder};
+        for (const std::wstring& list : inNew) {
+            setup.profile.messages.push_back(storedList(list, newFolder));
+        }
+        Bench bench(setup);
+        for (int start = 0; start < 2; ++start) {
+            EXPECT_EQ(accountForBob(bench), account);
+            EXPECT_EQ(bodiesIn(bench, oldFolder), std::vector<std::wstring>{bobAtHome});
+            EXPECT_EQ(bodiesIn(bench, newFolder), inNew);
+            bench.disconnect();
+            bench.connect();
+        }
+        EXPECT_TRUE(bench.prompts().empty());
+    }
+}
+
+/// An archive may hold an old copy of the settings.
+TEST(Migration, LooksOnlyIntoTheStoreOfTheInbox) {
+    for (const bool ownList : {true, false}) {
+        Given setup = withLists({});
+        if (ownList) {
+            setup.profile.messages = {storedList(bobAtHome, oldFolder)};
+        }
+        setup.profile.stores.push_back({.name = L"Archive"});
+        setup.connected = false;
+        setup.answers.push_back(L"Veltro=OK");
+        Bench bench(setup);
+        const auto child = [](const automation::Object& folder, const wchar_t* name) {
+            return folder.get(L"Folders").toObject().call(L"Add", name).toObject();
+        };
+        const auto session = bench.outlook().application().call(L"GetNamespace", L"MAPI").toObject();
+        const auto archive = session.get(L"Folders").toObject().get(L"Item", L"Archive").toObject();
+        const auto archived = child(child(archive, L"Tarnwell Settings"), L"Veltro");
+        bench.outlook().store(L"Copies", storedList(bobAtWork).message).call(L"Move", archived);
+        bench.connect();
+        EXPECT_EQ(accountForBob(bench), ownList ? L"Home" : L"Work");
+        EXPECT_EQ(bodiesIn(bench, newFolder).size(), 1U);
+        const auto kept = archived.get(L"Items").toObject();
+        ASSERT_EQ(kept.get(L"Count").toInteger(), 1);
+        EXPECT_EQ(kept.get(L"Item", 1).toObject().get(L"Body").toText(), bobAtWork);
+    }
+}
 
 }  // namespace
