@@ -34,6 +34,8 @@ class CommandBarControl : public Automated<CommandBarControl> {
     int type() const noexcept { return type_; }
     const std::wstring& caption() const noexcept { return caption_; }
     const std::shared_ptr<CommandBarControls>& controls() const noexcept { return controls_; }
+    /// True for a button that a user can press.
+    bool pressable() const { return type_ == controlType::button && enabled_ && visible_; }
     /// Raises Click.
     void press();
     /// A control of the same looks for another window; handlers stay with this one.

@@ -12,8 +12,13 @@ using automation::Value;
 
 namespace {
 
-/// The account stamp that the add-in writes; see field().
-constexpr std::uint32_t stampedAccountName = 0x812C001E;
+/// What stands on an item that is to leave from another account; see field().
+namespace stampTag {
+constexpr std::uint32_t primarySendAccount = 0x0E28001E;
+constexpr std::uint32_t nextSendAccount = 0x0E29001E;
+constexpr std::uint32_t accountName = 0x812C001E;
+constexpr std::uint32_t accountStamp = 0x812D001E;
+}  // namespace stampTag
 
 void addRecipients(RecipientList& list, const std::vector<Address>& addresses, int type) {
     for (const Address& address : addresses) {
@@ -140,10 +145,21 @@ bool Item::resolveAll() {
     return all;
 }
 
+const Account* Item::stampedAccount() const {
+    const auto text = [this](std::uint32_t tag) { return field(tag).toText(); };
+    const Account* const account = world().account(text(stampTag::accountName));
+    if (!account || text(stampTag::accountStamp) != world().stampOf(*account)) {
+        return nullptr;
+    }
+    const std::wstring sendStamp = world().sendStampOf(*account);
+    const bool whole =
+        text(stampTag::primarySendAccount) == sendStamp && text(stampTag::nextSendAccount) == sendStamp;
+    return whole ? account : nullptr;
+}
+
 std::wstring Item::sendingAccount() const {
-    std::wstring stamped = field(stampedAccountName).toText();
-    if (!stamped.empty()) {
-        return stamped;
+    if (const Account* stamped = stampedAccount()) {
+        return stamped->name;
     }
     if (!content_.account.empty()) {
         return content_.account;

@@ -87,6 +87,9 @@ class Item : public Automated<Item> {
     void setNames(int recipientType, std::wstring_view names);
     /// True when all recipients are resolved.
     bool resolveAll();
+    /// The account whose whole stamp stands on the item, or nothing: half a stamp counts for none, so that it
+    /// is noticed.
+    const Account* stampedAccount() const;
     /// The name of the account that the item leaves with.
     std::wstring sendingAccount() const;
 

@@ -132,7 +132,7 @@ void Outlook::pressControl(const Object& explorer, const std::vector<std::wstrin
         }
         controls = control->controls();
     }
-    if (!control || control->type() != controlType::button) {
+    if (!control || !control->pressable()) {
         raise::objectNotFound();
     }
     control->press();

@@ -16,8 +16,6 @@ using automation::Value;
 
 namespace {
 
-constexpr std::uint32_t stampedAccountName = 0x812C001E;
-
 bool isMail(const SafeItem& safe) {
     return safe.kind() == SafeItem::Kind::Mail || safe.kind() == SafeItem::Kind::Rdo;
 }
@@ -47,9 +45,8 @@ Value getSender(SafeItem& safe, Arguments) {
 
 Value getAccount(SafeItem& safe, Arguments) {
     World& world = safe.world();
-    const std::wstring stamped = safe.item().field(stampedAccountName).toText();
-    const std::wstring& name = stamped.empty() ? safe.item().content().account : stamped;
-    const Account* const account = world.account(name);
+    const Account* const stamped = safe.item().stampedAccount();
+    const Account* const account = stamped ? stamped : world.account(safe.item().content().account);
     return account ? Value(world.makeObject<RdoAccount>(*account)) : Value(Object());
 }
 

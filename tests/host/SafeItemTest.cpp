@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/host/EventLog.h"
+#include "tests/host/stamps.h"
 
 namespace {
 
@@ -153,7 +154,7 @@ TEST(HostSafeItemTest, TheSessionKnowsAccountsStoresAndMessages) {
     const Object item = outlook.receive(mailTo(L"me@example.org"));
     const Object message = session.call(L"GetMessageFromID", item.get(L"EntryID")).toObject();
     EXPECT_FALSE(message.get(L"Account").toObject());
-    message.put(L"Fields", tag(0x812C001E), L"Office");
+    writeStamp(message, session.get(L"Accounts").toObject().get(L"Item", L"Office").toObject());
     EXPECT_EQ(message.get(L"Account").toObject().get(L"Name").toText(), L"Office");
     message.put(L"UnRead", false);
     EXPECT_FALSE(outlook.view(item).unread);

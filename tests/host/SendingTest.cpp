@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/host/EventLog.h"
+#include "tests/host/stamps.h"
 
 namespace {
 
@@ -121,10 +122,7 @@ TEST_F(HostSendingTest, LeavesWithTheStampedElseTheChosenAccount) {
         message.account = test.chosen;
         open(profile, message);
         if (*test.stamped) {
-            const Object safe = outlook_->automation().createObject(L"vtRedemption.vtSafeMailItem");
-            safe.put(L"Item", item_);
-            // Tags above 0x7FFFFFFF are negative integers in automation.
-            safe.put(L"Fields", static_cast<std::int32_t>(0x812C001E), test.stamped);
+            stampItem(*outlook_, item_, test.stamped);
         }
         const host::SendOutcome outcome = outlook_->send(inspector_);
         EXPECT_EQ(outcome.mail.account, test.expected);
