@@ -49,7 +49,8 @@ void send(benchmark::State& state, Sender sender) {
 }
 BENCHMARK_CAPTURE(send, withoutAddIn, Sender::Alone)->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(send, withAddIn, Sender::WithAddIn)->Unit(benchmark::kMicrosecond);
-/// The simulated mailbox finds an item by walking through all that were sent: few, so that this counts little.
+/// The simulated mailbox finds an item by walking through all that were sent: few, so that this counts
+/// little.
 BENCHMARK_CAPTURE(send, switchedToPreferredAccount, Sender::WithPreferredAccount)
     ->Iterations(100)
     ->Unit(benchmark::kMicrosecond);
