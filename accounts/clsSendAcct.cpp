@@ -1,6 +1,7 @@
 #include "accounts/clsSendAcct.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "accounts/XmlReader.h"
@@ -150,7 +151,7 @@ bool clsSendAcct::change(const std::function<void(AccountRows&)>& edit) {
         if (!EmailAddressMailSave(list.rowset(), globals_.settingsFolder)) {
             return fail(listMessages::notSaved);
         }
-        list_ = std::move(list);
+        list_ = std::make_unique<AccountRows>(std::move(list));
         return true;
     } catch (const rowset::NotARowset&) {
         return fail(listMessages::corrupted(globals_.settingsFolder));

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 #include <functional>
-#include <optional>
+#include <memory>
 #include <string>
 
 #include "accounts/AccountRows.h"
@@ -111,7 +111,8 @@ class clsSendAcct {
     void show(const std::wstring& prompt, platform::Icon icon, const std::wstring& title) const;
 
     basGlobals::Globals& globals_;
-    std::optional<AccountRows> list_;
+    /// Nothing while no list is loaded.
+    std::unique_ptr<AccountRows> list_;
     EditMode editMode_ = EditMode::None;
     std::wstring accounts_;
 };

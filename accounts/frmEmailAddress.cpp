@@ -14,7 +14,7 @@ using platform::Icon;
 namespace {
 
 template <class Handler>
-void trap(basGlobals::Globals& globals, const wchar_t* handler, Handler&& body) {
+void trap(basGlobals::Globals& globals, const wchar_t* handler, const Handler& body) {
     basGlobals::trapErrors(globals,
                            basGlobals::ErrorReport::usual(std::wstring(L"frmEmailAddress.") + handler), body);
 }

@@ -122,7 +122,7 @@ void RowsetReader::findColumns() {
     }
     std::vector<Element>& parts = rowType->children;
     const auto isColumn = [](const Element& element) { return element.name == L"s:AttributeType"; };
-    const auto rest = std::stable_partition(parts.begin(), parts.end(), isColumn);
+    const auto rest = std::ranges::stable_partition(parts, isColumn).begin();
     std::ranges::stable_sort(parts.begin(), rest, {}, ordinalOf);
     for (auto part = parts.begin(); part != rest; ++part) {
         const std::wstring* attribute = part->find(L"name");

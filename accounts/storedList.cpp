@@ -67,7 +67,7 @@ bool clsSendAcct::EmailAddressListMailOpen(const std::wstring& folderPath) {
 }
 
 void clsSendAcct::load(const outlook::Item& item) {
-    list_.emplace(redemption::SafeItem(globals_.platform.automation, item).body());
+    list_ = std::make_unique<AccountRows>(redemption::SafeItem(globals_.platform.automation, item).body());
 }
 
 bool clsSendAcct::EmailAddressMailSave(const rowset::Rowset& rows, const std::wstring& folderPath) {

@@ -50,7 +50,7 @@ class RowsetWriter {
     void indent(std::size_t tabs);
     void endLine();
     void attribute(const std::wstring& name, const std::wstring& value);
-    void value(const std::wstring& text);
+    void escape(const std::wstring& text);
     void startTag(const Element& element, std::size_t depth);
     void element(const Element& element, std::size_t depth);
     void root(const std::vector<Attribute>& attributes);
@@ -89,17 +89,17 @@ void RowsetWriter::separate(bool first, std::size_t tabs) {
     raw(L" ");
 }
 
-void RowsetWriter::attribute(const std::wstring& name, const std::wstring& text) {
+void RowsetWriter::attribute(const std::wstring& name, const std::wstring& value) {
     raw(name);
     raw(L"='");
-    value(text);
+    escape(value);
     raw(L"'");
 }
 
-void RowsetWriter::value(const std::wstring& text) {
+void RowsetWriter::escape(const std::wstring& text) {
     for (const wchar_t character : text) {
-        if (const std::wstring_view escape = escaped(character); !escape.empty()) {
-            raw(escape);
+        if (const std::wstring_view reference = escaped(character); !reference.empty()) {
+            raw(reference);
         } else {
             text_ += character;
             bytesInLine_ += bytesOf(character);

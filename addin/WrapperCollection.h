@@ -37,7 +37,7 @@ class WrapperCollection {
 
     /// A window may close meanwhile.
     template <class Action>
-    void forEach(Action&& action) const {
+    void forEach(const Action& action) const {
         const auto present = wrappers_;
         for (const auto& [key, wrapper] : present) {
             action(*wrapper);

@@ -3,6 +3,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "mail/Globals.h"
@@ -52,7 +53,8 @@ class OwnAddresses {
 /// once however many checks ask.
 class AnsweredMail {
   public:
-    AnsweredMail(basGlobals::Globals& globals, const outlook::Item& item) : globals_(globals), item_(item) {}
+    AnsweredMail(basGlobals::Globals& globals, outlook::Item item)
+        : globals_(globals), item_(std::move(item)) {}
 
     const outlook::Item& item() const { return item_; }
     /// These throw automation::Error.

@@ -22,10 +22,8 @@ bool hasAccessKey(const forms::Control& control) {
 wchar_t accessKey(const forms::Control& control) {
     const std::wstring_view caption = hasAccessKey(control) ? control.caption() : std::wstring_view();
     for (std::size_t index = 0; index + 1 < caption.size(); ++index) {
-        if (caption[index] == L'&') {
-            if (caption[++index] != L'&') {
-                return text::upperCase(caption[index]);
-            }
+        if (caption[index] == L'&' && caption[++index] != L'&') {
+            return text::upperCase(caption[index]);
         }
     }
     return L'\0';
