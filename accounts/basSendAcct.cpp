@@ -130,10 +130,6 @@ bool SelectAccount(forms::ComboBox& box, const std::wstring& account) {
     return true;
 }
 
-std::wstring PlainCaption(std::wstring_view plain) {
-    return text::replaceAll(plain, L"&", L"&&");
-}
-
 bool SetAccount(clsSendAcct& list, const outlook::Item& item, const std::wstring& account) {
     const bool set = list.SendUsingPrefAccount(item, account);
     list.strChangeAcct.clear();

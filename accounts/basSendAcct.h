@@ -46,9 +46,6 @@ void FillAccounts(basGlobals::Globals& globals, forms::ComboBox& box);
 /// Selects the first entry that names the account; false, and nothing changed, when there is none.
 bool SelectAccount(forms::ComboBox& box, const std::wstring& account);
 
-/// A text as the caption of a label, which would take a single "&" for the mark of an access key.
-std::wstring PlainCaption(std::wstring_view plain);
-
 /// Has the item sent with the account, and clears the stored decision.
 bool SetAccount(clsSendAcct& list, const outlook::Item& item, const std::wstring& account);
 

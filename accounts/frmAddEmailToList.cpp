@@ -19,7 +19,7 @@ frmAddEmailToList::frmAddEmailToList(basGlobals::Globals& globals, clsSendAcct& 
       list_(list),
       address_(std::move(address)),
       accountInUse_(std::move(accountInUse)) {
-    lblMessage.setCaption(basSendAcct::PlainCaption(
+    lblMessage.setCaption(
         L"Do you want to add " + address_ +
         L" to Veltro list?\r\n\r\nIf you click Yes, the next screen will let you choose the "
         L"e-mail\r\naccount "
@@ -27,7 +27,7 @@ frmAddEmailToList::frmAddEmailToList(basGlobals::Globals& globals, clsSendAcct& 
         address_ +
         L".\r\n\r\nThis will ensure that you always use the correct account to send\r\ne-mails to " +
         address_ + L".\r\n\r\nIf you click Never, then you will not get this reminder for \r\n" + address_ +
-        L" again."));
+        L" again.");
     cmdYes.setFocus();  // Not the check box, which would silence the question for good.
     cmdYes.onClick = [this] { cmdYes_Click(); };
     cmdNo.onClick = [this] { cmdNo_Click(); };

@@ -42,7 +42,7 @@ frmEmailAddressEdit::frmEmailAddressEdit(basGlobals::Globals& globals, clsSendAc
     lblMsg.setVisible(hasMessage());
     txtEmailAddress.setText(std::move(entry.address));
     if (hasMessage()) {
-        lblMsg.setCaption(basSendAcct::PlainCaption(entry.message));
+        lblMsg.setCaption(entry.message);
         txtEmailAddress.setReadOnly(true);
         cmbAccounts.setFocus();
     }

@@ -15,7 +15,7 @@ frmSelectSendAcct::frmSelectSendAcct(basGlobals::Globals& globals, clsSendAcct& 
       preferred_(std::move(preferred)),
       address_(std::move(address)),
       account_(preferred_) {
-    lblPrefAcct.setCaption(L"(" + basSendAcct::PlainCaption(preferred_) + L")");
+    lblPrefAcct.setCaption(L"(" + preferred_ + L")");
     std::vector<std::wstring> others;
     const std::wstring accounts = list_.LoadAccounts();
     const std::vector<std::wstring> order = basSendAcct::AccountOrder(globals);

@@ -64,6 +64,11 @@ bool Control::enter(std::wstring_view) {
     return false;
 }
 
+void Label::setCaption(std::wstring caption) {
+    showsData_ = true;
+    Control::setCaption(std::move(caption));
+}
+
 void TextBox::setText(std::wstring text) {
     text_ = std::move(text);
     changed();

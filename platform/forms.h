@@ -48,9 +48,10 @@ class Control {
     Kind kind() const { return kind_; }
     Place place() const { return place_; }
 
-    /// The text on the control, with "&" before its access key.
+    /// The text on the control; in it "&" stands before the access key, where the control has one.
     const std::wstring& caption() const { return caption_; }
-    void setCaption(std::wstring caption);
+    /// False where an "&" in the caption is a character like any other.
+    virtual bool marksAccessKey() const { return false; }
     bool enabled() const { return enabled_; }
     void setEnabled(bool enabled);
     bool visible() const { return visible_; }
@@ -68,6 +69,7 @@ class Control {
     virtual bool enter(std::wstring_view value);
 
   protected:
+    void setCaption(std::wstring caption);
     void changed();
     Form& form() const { return form_; }
 
@@ -85,6 +87,14 @@ class Label : public Control {
   public:
     Label(Form& form, std::wstring name, Place place, std::wstring caption = {})
         : Control(form, std::move(name), Kind::Label, place, std::move(caption)) {}
+
+    /// Shows a text as it stands. Unlike the caption that a label is made with it has no access key:
+    /// addresses and names of accounts may contain an "&".
+    void setCaption(std::wstring caption);
+    bool marksAccessKey() const override { return !showsData_; }
+
+  private:
+    bool showsData_ = false;
 };
 
 class TextBox : public Control {
@@ -119,6 +129,7 @@ class Button : public Control {
         : Control(form, std::move(name), Kind::Button, place, std::move(caption)), role_(role) {}
 
     Role role() const { return role_; }
+    bool marksAccessKey() const override { return true; }
     void press();
 
     std::function<void()> onClick;
@@ -134,6 +145,7 @@ class CheckBox : public Control {
     CheckBox(Form& form, std::wstring name, Place place, std::wstring caption)
         : Control(form, std::move(name), Kind::CheckBox, place, std::move(caption)) {}
 
+    bool marksAccessKey() const override { return true; }
     /// 0 unticked, 1 ticked, 2 greyed.
     int state() const { return state_; }
     bool ticked() const { return state_ == 1; }
@@ -155,6 +167,7 @@ class OptionButton : public Control {
     OptionButton(Form& form, std::wstring name, Place place, std::wstring caption)
         : Control(form, std::move(name), Kind::OptionButton, place, std::move(caption)) {}
 
+    bool marksAccessKey() const override { return true; }
     bool selected() const { return selected_; }
     /// Selects this one and no other.
     void select();

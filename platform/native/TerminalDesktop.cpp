@@ -60,7 +60,7 @@ std::wstring drawing(const forms::CheckList& list) {
 }
 
 std::wstring drawing(const forms::Control& control) {
-    const std::wstring caption = plainCaption(control.caption());
+    const std::wstring caption = plainCaption(control);
     switch (control.kind()) {
         case forms::Kind::Label:
             return caption;

@@ -6,21 +6,9 @@ namespace platform::native {
 
 namespace {
 
-bool hasAccessKey(const forms::Control& control) {
-    switch (control.kind()) {
-        case forms::Kind::Label:
-        case forms::Kind::Button:
-        case forms::Kind::CheckBox:
-        case forms::Kind::OptionButton:
-            return true;
-        default:
-            return false;  // The captions of lists are their entries.
-    }
-}
-
 /// The upper-case character after the caption's "&", or NUL.
 wchar_t accessKey(const forms::Control& control) {
-    const std::wstring_view caption = hasAccessKey(control) ? control.caption() : std::wstring_view();
+    const std::wstring_view caption = control.marksAccessKey() ? control.caption() : std::wstring_view();
     for (std::size_t index = 0; index + 1 < caption.size(); ++index) {
         if (caption[index] == L'&' && caption[++index] != L'&') {
             return text::upperCase(caption[index]);
@@ -31,7 +19,11 @@ wchar_t accessKey(const forms::Control& control) {
 
 }  // namespace
 
-std::wstring plainCaption(std::wstring_view caption) {
+std::wstring plainCaption(const forms::Control& control) {
+    const std::wstring& caption = control.caption();
+    if (!control.marksAccessKey()) {
+        return caption;
+    }
     std::wstring plain;
     for (std::size_t index = 0; index < caption.size(); ++index) {
         if (caption[index] == L'&' && ++index == caption.size()) {

@@ -1,14 +1,13 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 #include "platform/forms.h"
 
 namespace platform::native {
 
-/// The text on a control without the mark of its access key; "&&" is a plain "&".
-std::wstring plainCaption(std::wstring_view caption);
+/// The text on a control as it is read: without the mark of its access key, where "&&" is a plain "&".
+std::wstring plainCaption(const forms::Control& control);
 
 /// True when a user can do something with the control now.
 bool accepts(const forms::Control& control);

@@ -23,7 +23,11 @@ void setText(HWND window, const std::wstring& text) {
 class LabelWindow final : public ControlWindow {
   public:
     LabelWindow(forms::Label& label, HWND window) : ControlWindow(window), label_(label) {}
-    void show() override { setText(handle(), label_.caption()); }
+    void show() override {
+        const LONG_PTR style = GetWindowLongPtrW(handle(), GWL_STYLE) & ~LONG_PTR{SS_NOPREFIX};
+        SetWindowLongPtrW(handle(), GWL_STYLE, style | (label_.marksAccessKey() ? 0 : SS_NOPREFIX));
+        setText(handle(), label_.caption());
+    }
 
   private:
     forms::Label& label_;

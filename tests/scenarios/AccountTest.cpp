@@ -212,7 +212,7 @@ TEST(AccountPrompts, SayWhichAccountIsGone) {
     EXPECT_EQ(editor.text, L"Select Preferred Account");
     EXPECT_EQ(
         editor.control(L"lblMsg").caption,
-        L"Veltro has detected that the preffered account \r\n(R&&D) for bob@example.org is not "
+        L"Veltro has detected that the preffered account \r\n(R&D) for bob@example.org is not "
         L"available.\r\n\r\nThis may be due to the account being renamed or deleted.\r\n\r\nPlease select "
         L"another preferred account for this e-mail address.\r\n\r\nIf you click Cancel, then the "
         L"currently selected account will be used.");

@@ -27,7 +27,8 @@ TEST_P(Delay, HoldsTheMailBack) {
     settings.emplace(L"DelayEmails", L"True");
     Bench bench({.settings = settings, .answers = given.answers});
     host::Message message = plainMail();
-    message.cc = {{.name = L"Ann", .address = L"ann@example.com"}};
+    message.cc = {{.name = L"Ann", .address = L"ann@example.com"},
+                  {.name = L"Labs", .address = L"r&d@example.com"}};
 
     const double before = bench.world().now().days;
     const auto outcome = bench.send(message);
@@ -67,6 +68,11 @@ INSTANTIATE_TEST_SUITE_P(
              {L"frmNotifyB4Delay=cmdYes"},
              60,
              L"e-mails to ann@example.com by 60 seconds"},
+        Case{"ListedWithAnAmpersand",
+             {{L"AutoDelayAll", L"0"}, {L"DelayedEmailAddrs", L"r&d@example.com"}},
+             {L"frmNotifyB4Delay=cmdYes"},
+             60,
+             L"e-mails to r&d@example.com by 60 seconds"},
         Case{"ListedNoGoesAtOnce", listed, {L"frmNotifyB4Delay=cmdNo"}, 0},
         Case{"NotListed", {{L"AutoDelayAll", L"0"}, {L"DelayedEmailAddrs", L"carl@example.com"}}, {}, {}},
         Case{"EmptyList", {{L"AutoDelayAll", L"0"}}, {}, {}},

@@ -84,6 +84,20 @@ TEST_F(DialogTest, TheWindowShowsWhatTheFormSays) {
 
 TEST_F(DialogTest, AFormThatStaysOpenAsksAgainAndShowsItsChanges) {
     SampleForm form;
+TEST_F(DialogTest, OnlyTheCaptionThatALabelIsMadeWithHasAnAccessKey) {
+    SampleForm form;
+    std::vector<bool> marked;
+    meanwhile = [&](HWND dialog) {
+        for (const wchar_t* label : {L"lblSubject", L"lblCount"}) {
+            const HWND window = platform::windows::dialogDriver::findControl(dialog, label);
+            marked.push_back((GetWindowLongPtrW(window, GWL_STYLE) & SS_NOPREFIX) == 0);
+        }
+    };
+    form.lblSubject.setCaption(L"r&d@example.com");
+    show(form, {{{{L"txtSubject", L"x"}}, L""}, {{}, L"cmdCancel"}});
+    EXPECT_EQ(marked, (std::vector<bool>{false, true, false, false})) << "the count changes meanwhile";
+}
+
     show(form, {{{}, L"cmdOK"}, {{{L"txtSubject", L"x"}}, L""}, {{}, L"cmdOK"}});
     EXPECT_TRUE(form.refused);
     EXPECT_EQ(form.pressed, L"cmdOK");

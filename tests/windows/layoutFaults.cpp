@@ -86,7 +86,11 @@ bool isCutOff(const Shown& control, const std::wstring& text, UINT format) {
 
 bool isCutOff(const Shown& control) {
     switch (control.kind) {
-        case forms::Kind::Label:
+        case forms::Kind::Label: {
+            const bool plain = (GetWindowLongPtrW(control.window, GWL_STYLE) & SS_NOPREFIX) != 0;
+            return isCutOff(control, control.text,
+                            DT_WORDBREAK | DT_EXPANDTABS | (plain ? UINT{DT_NOPREFIX} : 0));
+        }
         case forms::Kind::CheckBox:
         case forms::Kind::OptionButton:
             return isCutOff(control, control.text, DT_WORDBREAK | DT_EXPANDTABS);

@@ -28,6 +28,7 @@ struct frmLists : forms::Form {
     forms::Button cmdAdd{*this, L"cmdAdd", {120, 7, 50, 14}, L"A&dd..."};
     forms::Label lblAccount{*this, L"lblAccount", {7, 52, 40, 9}, L"&Account:"};
     forms::ComboBox cboAccount{*this, L"cboAccount", {50, 50, 100, 13}};
+    forms::Label lblShared{*this, L"lblShared", {50, 62, 100, 9}, L"&Shared"};
     forms::OptionButton optAll{*this, L"optAll", {7, 70, 100, 11}, L"A&ll"};
     forms::CheckList lstRows{*this, L"lstRows", {7, 90, 100, 40}};
     forms::Button cmdOK{*this, L"cmdOK", {7, 150, 50, 14}, L"OK", forms::Button::Role::Default};
@@ -59,7 +60,8 @@ TEST(TerminalDesktop, LetsAPersonChooseFromLists) {
         {"lstRows\n1, 2\n", "|Work|0|1,2"},
         {"5=\n", "|Work|0|"},
         {"5=4\n5=x\n", "|Work|0|1,3"},
-        {"t=1\nb=1\n", "|Work|0|1,3"},  // An "&" in an entry makes no access key.
+        {"t=1\nb=1\n", "|Work|0|1,3"},  // An "&" in an entry makes no access key,
+        {"x\n", "|Work|0|1,3"},         // and none in a text that a label shows.
     };
     for (const auto& [typed, values] : cases) {
         Quiet quiet;
@@ -67,6 +69,7 @@ TEST(TerminalDesktop, LetsAPersonChooseFromLists) {
         std::ostringstream output;
         platform::native::TerminalDesktop desktop(input, output, quiet);
         frmLists form;
+        form.lblShared.setCaption(L"with l&x@example.com");
         desktop.showModal(form);
         EXPECT_EQ(desktop.unanswered(), std::nullopt) << typed << output.str();
         EXPECT_EQ(valuesOf(form), values) << typed << output.str();
@@ -80,6 +83,7 @@ TEST(TerminalDesktop, ShowsListsEntryByEntry) {
     platform::native::TerminalDesktop desktop(input, output, quiet);
     frmLists form;
     form.lstNames.select(2);
+    form.lblShared.setCaption(L"R&D && more");
     desktop.showModal(form);
     const std::string expected =
         "1 [Zoë]\n"
@@ -90,6 +94,7 @@ TEST(TerminalDesktop, ShowsListsEntryByEntry) {
         "Account:   3 [Work]\n"
         "  > 1 Work\n"
         "    2 Home\n"
+        "R&D && more\n"
         "4 ( ) All\n"
         "5 [1,3]\n"
         "    [x] 1 Ann & Bob\n"
