@@ -29,18 +29,14 @@ std::optional<std::wstring> machinePresetId(const Globals& globals) {
 void copyPresets(const Globals& globals, const std::wstring& presetId) {
     const auto presets = basRegistry::EnumerateValues(globals.platform.registry, globals.platform.desktop,
                                                       platform::RootKey::LocalMachine, presetKey);
-    bool complete = false;
     for (const basRegistry::NamedValue& preset : presets) {
-        if (text::equalsIgnoringCase(preset.name, modRegKeys::PreSetupID.key)) {
-            complete = true;
-        } else if (!preset.name.empty()) {  // The key's default value has no name and is no setting.
+        const bool isId = text::equalsIgnoringCase(preset.name, modRegKeys::PreSetupID.key);
+        if (!isId && !preset.name.empty()) {  // The key's default value has no name and is no setting.
             globals.platform.settings.write(preset.name, preset.data);
         }
     }
     // The id comes last: when a value could not be read or written, the next start tries all of them again.
-    if (complete) {
-        modRegKeys::PreSetupID.write(globals, presetId);
-    }
+    modRegKeys::PreSetupID.write(globals, presetId);
 }
 
 }  // namespace

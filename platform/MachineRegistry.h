@@ -16,8 +16,14 @@ inline constexpr std::int32_t fileNotFound = 2;
 inline constexpr std::int32_t noMoreItems = 259;
 inline constexpr std::uint32_t readAccess = 0x20019;
 inline constexpr std::uint32_t typeString = 1;
+/// A text with names of environment variables between percent signs.
+inline constexpr std::uint32_t typeExpandableString = 2;
 inline constexpr std::uint32_t typeBinary = 3;
 inline constexpr std::uint32_t typeNumber = 4;
+/// Texts that a NUL ends each, and one more NUL.
+inline constexpr std::uint32_t typeStrings = 7;
+/// A number of 64 bits.
+inline constexpr std::uint32_t typeLongNumber = 11;
 }  // namespace registry
 
 /// A registry value as it is stored: texts are UTF-16, low byte first, usually with a closing NUL.

@@ -1,5 +1,10 @@
 #include "settings/basRegistry.h"
 
+#include <optional>
+
+#include "platform/automation.h"
+#include "platform/text.h"
+
 namespace basRegistry {
 
 namespace {
@@ -18,18 +23,29 @@ std::wstring textOf(const std::vector<std::uint8_t>& bytes) {
     return text;
 }
 
-std::uint32_t numberOf(const std::vector<std::uint8_t>& bytes) {
-    std::uint32_t number = 0;
+template <class Number>
+Number numberOf(const std::vector<std::uint8_t>& bytes) {
+    Number number = 0;
     for (std::size_t index = 0; index < bytes.size() && index < sizeof number; ++index) {
-        number |= static_cast<std::uint32_t>(bytes[index]) << (8 * index);
+        number |= static_cast<Number>(bytes[index]) << (8 * index);
     }
     return number;
 }
 
-void dropClosingNul(std::wstring& text) {
-    if (text.ends_with(L'\0')) {
-        text.pop_back();
+/// Windows' own programs end a text at its first NUL, wherever the stored one ends.
+std::wstring withoutNul(const std::wstring& text) {
+    return std::wstring(text::before(text, L'\0'));
+}
+
+/// As the settings keep their lists.
+std::wstring joined(const std::wstring& texts) {
+    std::wstring result;
+    for (const std::wstring_view text : text::split(texts, L'\0')) {
+        if (!text.empty()) {
+            result += (result.empty() ? L"" : L";") + std::wstring(text);
+        }
     }
+    return result;
 }
 
 std::wstring hexadecimal(const std::vector<std::uint8_t>& bytes) {
@@ -42,16 +58,44 @@ std::wstring hexadecimal(const std::vector<std::uint8_t>& bytes) {
     return text;
 }
 
-std::wstring rendered(const RegistryData& data) {
-    if (data.type == registry::typeNumber) {
-        return std::to_wstring(numberOf(data.bytes));
+/// Nothing for what is of no type that a text could stand for.
+std::optional<std::wstring> rendered(const RegistryData& data) {
+    switch (data.type) {
+        case registry::typeString:
+        case registry::typeExpandableString:
+            return withoutNul(textOf(data.bytes));
+        case registry::typeStrings:
+            return joined(textOf(data.bytes));
+        case registry::typeNumber:
+            return std::to_wstring(numberOf<std::uint32_t>(data.bytes));
+        case registry::typeLongNumber:
+            return std::to_wstring(numberOf<std::uint64_t>(data.bytes));
+        case registry::typeBinary:
+            return hexadecimal(data.bytes);
+        default:
+            return std::nullopt;
     }
-    if (data.type == registry::typeBinary) {
-        return hexadecimal(data.bytes);
+}
+
+std::vector<NamedValue> valuesOf(platform::RegistryKey& key) {
+    std::vector<NamedValue> values;
+    NamedValue value;
+    RegistryData data;
+    std::int32_t status = registry::success;
+    for (std::uint32_t index = 0;; ++index) {
+        status = key.enumerate(index, value.name, data);
+        if (status == registry::noMoreItems) {
+            return values;
+        }
+        if (status != registry::success) {
+            throw automation::Error(status, L"The values of a registry key cannot all be read.");
+        }
+        if (auto text = rendered(data)) {
+            value.type = data.type;
+            value.data = std::move(*text);
+            values.push_back(value);
+        }
     }
-    std::wstring text = textOf(data.bytes);
-    dropClosingNul(text);
-    return text;
 }
 
 }  // namespace
@@ -65,7 +109,7 @@ std::int32_t QueryValue(platform::RegistryKey& key, const std::wstring& name, Re
     if (data.type == registry::typeString) {
         value = textOf(data.bytes);
     } else if (data.type == registry::typeNumber) {
-        value = numberOf(data.bytes);
+        value = numberOf<std::uint32_t>(data.bytes);
     } else {
         return unknownType;
     }
@@ -81,7 +125,7 @@ RegistryValue ReadValue(platform::MachineRegistry& registry, platform::RootKey r
     }
     QueryValue(*key, name, value);
     if (auto* text = std::get_if<std::wstring>(&value)) {
-        dropClosingNul(*text);
+        *text = withoutNul(*text);
     }
     key->close();
     return value;
@@ -89,19 +133,12 @@ RegistryValue ReadValue(platform::MachineRegistry& registry, platform::RootKey r
 
 std::vector<NamedValue> EnumerateValues(platform::MachineRegistry& registry, platform::Desktop& desktop,
                                         platform::RootKey root, const std::wstring& path) {
-    std::vector<NamedValue> values;
     std::unique_ptr<platform::RegistryKey> key;
     if (registry.open(root, path, registry::readAccess, key) != registry::success) {
         desktop.messageBox(L"Error opening key.", {}, L"Veltro");
-        return values;
+        return {};
     }
-    RegistryData data;
-    NamedValue value;
-    for (std::uint32_t index = 0; key->enumerate(index, value.name, data) == registry::success; ++index) {
-        value.type = data.type;
-        value.data = rendered(data);
-        values.push_back(value);
-    }
+    auto values = valuesOf(*key);
     if (key->close() != registry::success) {
         desktop.messageBox(L"Error closing key.", {}, L"Veltro");
     }

@@ -25,12 +25,14 @@ RegistryValue ReadValue(platform::MachineRegistry& registry, platform::RootKey r
 struct NamedValue {
     std::wstring name;
     std::uint32_t type = 0;
-    /// A number as decimal text, bytes as hexadecimal text with two upper-case digits each.
+    /// A number as decimal text, bytes as hexadecimal text with two upper-case digits each, a list of texts
+    /// joined by ";".
     std::wstring data;
 };
 
-/// All values of a key, in the registry's order. A key that cannot be opened or closed is said in a message
-/// box; one that cannot be opened has no values.
+/// The values of a key that can be read as text, in the registry's order: texts, numbers and bytes. A key
+/// that cannot be opened or closed is said in a message box; one that cannot be opened has no values. Throws
+/// automation::Error when the registry does not give all of them.
 std::vector<NamedValue> EnumerateValues(platform::MachineRegistry& registry, platform::Desktop& desktop,
                                         platform::RootKey root, const std::wstring& path);
 

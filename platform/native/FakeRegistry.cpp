@@ -39,7 +39,7 @@ class FakeKey : public RegistryKey {
         }
         name = (*values_)[index].name;
         data = (*values_)[index].data;
-        return registry::success;
+        return (*values_)[index].status;
     }
 
     std::int32_t close() override {
@@ -84,7 +84,7 @@ void FakeRegistry::setValue(RootKey root, const std::wstring& path, const std::w
     Values& values = *keys_.at(nameOf(root, path));
     const auto found = findValue(values, name);
     if (found == values.end()) {
-        values.push_back({name, std::move(data)});
+        values.push_back({name, std::move(data), registry::success});
     } else {
         found->data = std::move(data);
     }
@@ -116,6 +116,11 @@ void FakeRegistry::setNumber(RootKey root, const std::wstring& path, const std::
 
 void FakeRegistry::failOpen(RootKey root, const std::wstring& path, std::int32_t status) {
     failures_[nameOf(root, path)] = status;
+}
+
+void FakeRegistry::failValue(RootKey root, const std::wstring& path, const std::wstring& name,
+                             std::int32_t status) {
+    findValue(*keys_.at(nameOf(root, path)), name)->status = status;
 }
 
 std::int32_t FakeRegistry::open(RootKey root, const std::wstring& path, std::uint32_t /*access*/,

@@ -27,6 +27,9 @@ class FakeRegistry : public MachineRegistry {
     void setNumber(RootKey root, const std::wstring& path, const std::wstring& name, std::uint32_t number);
     /// From now on opening the key gives `status`.
     void failOpen(RootKey root, const std::wstring& path, std::int32_t status = accessDenied);
+    /// From now on whoever enumerates the key gets `status` in place of the value of that name.
+    void failValue(RootKey root, const std::wstring& path, const std::wstring& name,
+                   std::int32_t status = accessDenied);
 
     std::int32_t open(RootKey root, const std::wstring& path, std::uint32_t access,
                       std::unique_ptr<RegistryKey>& key) override;
@@ -34,6 +37,8 @@ class FakeRegistry : public MachineRegistry {
     struct Value {
         std::wstring name;
         RegistryData data;
+        /// What enumerating it gives.
+        std::int32_t status = registry::success;
     };
     using Values = std::vector<Value>;
 
