@@ -7,6 +7,7 @@
 #include "mail/errorTrap.h"
 #include "platform/text.h"
 #include "settings/modRegKeys.h"
+#include "settings/prompts.h"
 
 using basGlobals::DialogMode;
 using platform::Buttons;
@@ -40,7 +41,7 @@ void frmAddEmailToList::cmdYes_Click() {
     basGlobals::trapErrors(globals_, basGlobals::ErrorReport::usual(L"frmAddEmailToList.cmdYes_Click"), [&] {
         globals_.dialogMode = DialogMode::Add;
         frmEmailAddressEdit editor(globals_, list_, {address_, accountInUse_, {}});
-        globals_.platform.desktop.showModal(editor);
+        prompts::show(globals_, editor);
         globals_.dialogMode = DialogMode::None;
         if (editor.saved() && editor.account() != noAccount &&
             !text::equalsTrimmed(editor.account(), accountInUse_)) {

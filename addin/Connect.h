@@ -7,6 +7,7 @@
 #include "mail/Globals.h"
 #include "platform/Platform.h"
 #include "platform/outlook.h"
+#include "settings/AlertingDesktop.h"
 
 namespace addin {
 
@@ -15,7 +16,12 @@ namespace addin {
 /// latter when they shut down fast, so nothing depends on it.
 class Connect {
   public:
-    explicit Connect(platform::Platform& world) : globals_(world), wrappers_(globals_) {}
+    explicit Connect(const platform::Platform& world)
+        : desktop_(world.desktop, globals_),
+          platform_{world.automation, desktop_,    world.settings, world.registry,
+                    world.resources,  world.clock, world.system},
+          globals_(platform_),
+          wrappers_(globals_) {}
 
     /// Starts the add-in up. Throws automation::Error when a step fails that is not to be skipped; what was
     /// started by then goes on working.
@@ -43,6 +49,9 @@ class Connect {
     void colInsp_NewInspector(const outlook::Inspector& inspector);
     void ensureOutAddIn();
 
+    AlertingDesktop desktop_;
+    /// The world with that desktop.
+    platform::Platform platform_;
     basGlobals::Globals globals_;
     WindowWrappers wrappers_;
     /// Kept beside the global one, which goes with the last window and must come back with the next.

@@ -5,15 +5,11 @@
 
 namespace prompts {
 
-namespace {
-
 void soundAlert(const basGlobals::Globals& globals) {
     if (modRegKeys::PlaySound.read(globals)) {
         basGlobals::skipErrors([&] { globals.platform.desktop.beep(); });
     }
 }
-
-}  // namespace
 
 std::wstring titled(const basGlobals::Globals& globals, const std::wstring& caption) {
     return caption + L" - " + globals.product.title;
@@ -21,7 +17,6 @@ std::wstring titled(const basGlobals::Globals& globals, const std::wstring& capt
 
 platform::Answer ask(const basGlobals::Globals& globals, const std::wstring& caption,
                      const std::wstring& prompt, platform::MessageStyle style) {
-    soundAlert(globals);
     return globals.platform.desktop.messageBox(prompt, style, titled(globals, caption));
 }
 

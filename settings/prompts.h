@@ -5,15 +5,18 @@
 #include "mail/Globals.h"
 #include "platform/forms.h"
 
-/// What the checks and the account step show: every prompt and dialog goes through here, so that each is
-/// preceded by the alert sound when the user wants one.
+/// What the checks and the account step show unasked. Each is preceded by the alert sound when the user wants
+/// one: message boxes by AlertingDesktop, dialogs by show().
 namespace prompts {
 
 /// Shows the message box titled "<caption> - <product title>" over the window in the foreground.
 platform::Answer ask(const basGlobals::Globals& globals, const std::wstring& caption,
                      const std::wstring& prompt, platform::MessageStyle style);
 
-/// Shows the dialog until it is answered.
+/// Sounds the alert when the user wants to hear one; a machine that cannot stays silent.
+void soundAlert(const basGlobals::Globals& globals);
+
+/// Sounds the alert and shows the dialog until it is answered.
 void show(const basGlobals::Globals& globals, forms::Form& form);
 
 /// "<caption> - <product title>".

@@ -35,11 +35,11 @@ const platform::ControlState& PromptLog::Prompt::control(std::wstring_view name)
 }
 
 void PromptLog::message(const platform::MessagePrompt& prompt, std::optional<platform::Answer>) {
-    prompts_.push_back({prompt.title, prompt.text, prompt.style, {}});
+    prompts_.push_back({prompt.title, prompt.text, prompt.style, {}, std::exchange(beeped_, false)});
 }
 
 void PromptLog::form(const platform::FormPrompt& prompt, const std::optional<platform::FormAnswer>&) {
-    prompts_.push_back({prompt.form, prompt.caption, {}, prompt.controls});
+    prompts_.push_back({prompt.form, prompt.caption, {}, prompt.controls, std::exchange(beeped_, false)});
 }
 
 Bench::Bench(Given setup)

@@ -20,20 +20,22 @@ class PromptLog : public platform::PromptObserver {
         std::wstring text;
         platform::MessageStyle style;
         std::vector<platform::ControlState> controls;
+        /// The alert sounded right before. Only the native world hears it.
+        bool alerted = false;
 
         const platform::ControlState& control(std::wstring_view name) const;
     };
 
     void message(const platform::MessagePrompt& prompt, std::optional<platform::Answer> answer) override;
     void form(const platform::FormPrompt& prompt, const std::optional<platform::FormAnswer>& answer) override;
-    void beep() override { ++beeps_; }
+    void beep() override { beeped_ = true; }
 
     const std::vector<Prompt>& prompts() const { return prompts_; }
-    int beeps() const { return beeps_; }
 
   private:
     std::vector<Prompt> prompts_;
-    int beeps_ = 0;
+    /// Since the last prompt.
+    bool beeped_ = false;
 };
 
 /// A desk to try the add-in at: a simulated Outlook with its user, the add-in connected, the prompts answered
@@ -57,7 +59,6 @@ class Bench {
     const std::vector<PromptLog::Prompt>& prompts() const { return log_.prompts(); }
     /// Titles and form names, in order.
     std::vector<std::wstring> promptNames() const;
-    int beeps() const { return log_.beeps(); }
 
   private:
     Given setup_;

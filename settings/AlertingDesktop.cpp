@@ -1,0 +1,9 @@
+#include "settings/AlertingDesktop.h"
+
+#include "settings/prompts.h"
+
+platform::Answer AlertingDesktop::messageBox(const std::wstring& prompt, platform::MessageStyle style,
+                                             const std::wstring& title) {
+    prompts::soundAlert(globals_);
+    return shown_.messageBox(prompt, style, title);
+}
