@@ -17,9 +17,9 @@ BOOL CALLBACK takeUsableWindow(HWND window, LPARAM result) {
     return FALSE;
 }
 
-/// The window of Outlook that a dialog belongs over: the active one, or the topmost while the user is in
-/// another program. Null when there is none.
-HWND ownerWindow() {
+}  // namespace
+
+HWND dialogOwner() {
     if (HWND active = GetActiveWindow()) {
         return active;
     }
@@ -28,11 +28,15 @@ HWND ownerWindow() {
     return found;
 }
 
-}  // namespace
+HWND messageBoxOwner(HWND foreground) {
+    DWORD process = 0;
+    GetWindowThreadProcessId(foreground, &process);
+    return process == GetCurrentProcessId() ? foreground : dialogOwner();
+}
 
 Answer WindowsDesktop::messageBox(const std::wstring& prompt, MessageStyle style, const std::wstring& title) {
     const ActivationContext::Scope controls(context_);
-    HWND owner = GetForegroundWindow();
+    HWND owner = messageBoxOwner(GetForegroundWindow());
     const UINT type = static_cast<UINT>(style.buttons) | static_cast<UINT>(style.icon);
     const int answer = MessageBoxW(owner, prompt.c_str(), title.c_str(), type);
     if (answer == 0) {
@@ -50,7 +54,7 @@ void WindowsDesktop::beep() {
 
 void WindowsDesktop::showModal(forms::Form& form) {
     const ActivationContext::Scope controls(context_);
-    DialogWindow(form).run(ownerWindow());
+    DialogWindow(form).run(dialogOwner());
 }
 
 void WindowsDesktop::processPendingEvents() {

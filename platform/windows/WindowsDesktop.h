@@ -1,5 +1,7 @@
 #pragma once
 
+#include <windows.h>
+
 #include "platform/Desktop.h"
 #include "platform/windows/ActivationContext.h"
 
@@ -15,5 +17,13 @@ class WindowsDesktop final : public Desktop {
   private:
     ActivationContext context_;
 };
+
+/// The window of Outlook that a dialog belongs over: the active one, or the topmost while the user is in
+/// another program. Null when there is none.
+HWND dialogOwner();
+
+/// What a message box belongs over while `foreground` is in the foreground. Never a window of another
+/// program, which the box would disable, and which would wait for Outlook from then on.
+HWND messageBoxOwner(HWND foreground);
 
 }  // namespace platform::windows

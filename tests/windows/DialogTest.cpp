@@ -82,8 +82,6 @@ TEST_F(DialogTest, TheWindowShowsWhatTheFormSays) {
     expectShown(form);
 }
 
-TEST_F(DialogTest, AFormThatStaysOpenAsksAgainAndShowsItsChanges) {
-    SampleForm form;
 TEST_F(DialogTest, OnlyTheCaptionThatALabelIsMadeWithHasAnAccessKey) {
     SampleForm form;
     std::vector<bool> marked;
@@ -98,6 +96,8 @@ TEST_F(DialogTest, OnlyTheCaptionThatALabelIsMadeWithHasAnAccessKey) {
     EXPECT_EQ(marked, (std::vector<bool>{false, true, false, false})) << "the count changes meanwhile";
 }
 
+TEST_F(DialogTest, AFormThatStaysOpenAsksAgainAndShowsItsChanges) {
+    SampleForm form;
     show(form, {{{}, L"cmdOK"}, {{{L"txtSubject", L"x"}}, L""}, {{}, L"cmdOK"}});
     EXPECT_TRUE(form.refused);
     EXPECT_EQ(form.pressed, L"cmdOK");
@@ -187,6 +187,26 @@ TEST_F(DialogTest, MessageBoxesShowTheirPromptAndReturnTheButton) {
         EXPECT_EQ(messages.back().style.buttons, buttons);
         EXPECT_EQ(messages.back().style.icon, icon);
     }
+}
+
+/// The desktop's window belongs to another process, as the window of any other program does.
+TEST_F(DialogTest, AMessageBoxBelongsOverAWindowOfItsOwnProcessOnly) {
+    using platform::windows::messageBoxOwner;
+    const auto makeWindow = [] {
+        return CreateWindowExW(0, L"STATIC", L"own", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 100, 100,
+                               nullptr, nullptr, nullptr, nullptr);
+    };
+    HWND behind = makeWindow();
+    HWND active = makeWindow();
+    SetActiveWindow(active);
+    DWORD process = GetCurrentProcessId();
+    GetWindowThreadProcessId(GetDesktopWindow(), &process);
+    ASSERT_NE(process, GetCurrentProcessId());
+    EXPECT_EQ(messageBoxOwner(GetDesktopWindow()), active);
+    EXPECT_EQ(messageBoxOwner(nullptr), active);
+    EXPECT_EQ(messageBoxOwner(behind), behind);
+    DestroyWindow(active);
+    DestroyWindow(behind);
 }
 
 TEST_F(DialogTest, WithoutAnAnswerNothingHappens) {
