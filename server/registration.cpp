@@ -102,7 +102,11 @@ LONG writeTo(HKEY root, const std::wstring& path) {
 
 LONG registerServer(const std::wstring& path) {
     const LONG status = writeTo(HKEY_LOCAL_MACHINE, path);
-    return status == ERROR_ACCESS_DENIED ? writeTo(HKEY_CURRENT_USER, path) : status;
+    if (status == ERROR_ACCESS_DENIED) {
+        return writeTo(HKEY_CURRENT_USER, path);
+    }
+    // What is registered for the user comes first: a copy from earlier days would be loaded instead.
+    return status == ERROR_SUCCESS ? removeFrom(HKEY_CURRENT_USER) : status;
 }
 
 LONG unregisterServer() {

@@ -11,7 +11,8 @@ inline constexpr CLSID connectClass = {
     0x77FDA4DD, 0xF8B7, 0x45DE, {0x93, 0x24, 0x31, 0xC9, 0x13, 0x53, 0x8B, 0xA5}};
 
 /// Registers the class and the add-in: for the machine when its registry may be written, else for the user.
-/// `path` is the DLL's. On failure nothing is left behind. Returns a registry status code.
+/// What the user had registered for himself goes when the machine's takes its place. `path` is the DLL's.
+/// When the registry cannot be written nothing is left behind. Returns a registry status code.
 LONG registerServer(const std::wstring& path);
 
 /// Removes what registerServer writes, for the machine and for the user. Returns the first failure's status

@@ -2,7 +2,7 @@
 
 #include <objbase.h>
 
-#include <algorithm>
+#include <set>
 
 #include "platform/text.h"
 #include "platform/windows/RegKey.h"
@@ -29,7 +29,8 @@ class CustomArray {
     SAFEARRAY* array_;
 };
 
-void addFrom(HKEY root, std::vector<RegisteredAddIn>& addIns) {
+/// `known` are the upper-cased names of the add-ins met so far, loaded or not.
+void addFrom(HKEY root, std::set<std::wstring>& known, std::vector<RegisteredAddIn>& addIns) {
     RegKey all;
     if (all.open(root, addInsPath, KEY_READ) != ERROR_SUCCESS) {
         return;
@@ -37,10 +38,8 @@ void addFrom(HKEY root, std::vector<RegisteredAddIn>& addIns) {
     std::wstring progId;
     for (DWORD index = 0; all.enumerateKey(index, progId) == ERROR_SUCCESS; ++index) {
         RegKey key;
-        const bool known = std::ranges::any_of(addIns, [&progId](const RegisteredAddIn& addIn) {
-            return text::equalsIgnoringCase(addIn.progId, progId);
-        });
-        if (!known && key.open(root, addInsPath + (L'\\' + progId), KEY_READ) == ERROR_SUCCESS &&
+        if (known.insert(text::upper(progId)).second &&
+            key.open(root, addInsPath + (L'\\' + progId), KEY_READ) == ERROR_SUCCESS &&
             key.number(L"LoadBehavior") == loadAtStartup) {
             addIns.push_back(
                 {progId, key.text(L"FriendlyName").value_or(L""), key.text(L"Description").value_or(L"")});
@@ -52,8 +51,9 @@ void addFrom(HKEY root, std::vector<RegisteredAddIn>& addIns) {
 
 std::vector<RegisteredAddIn> registeredAddIns() {
     std::vector<RegisteredAddIn> addIns;
-    addFrom(HKEY_CURRENT_USER, addIns);
-    addFrom(HKEY_LOCAL_MACHINE, addIns);
+    std::set<std::wstring> known;
+    addFrom(HKEY_CURRENT_USER, known, addIns);  // The user's own entry hides the machine's.
+    addFrom(HKEY_LOCAL_MACHINE, known, addIns);
     return addIns;
 }
 

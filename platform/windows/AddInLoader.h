@@ -17,7 +17,8 @@ struct RegisteredAddIn {
     std::wstring description;
 };
 
-/// The add-ins with load behaviour 3, first the user's, then the machine's; one that is in both once.
+/// The add-ins with load behaviour 3, first the user's, then the machine's; one that is in both is the
+/// user's.
 std::vector<RegisteredAddIn> registeredAddIns();
 
 /// A loaded add-in, called as Outlook calls it. The calls throw automation::Error when the add-in fails.

@@ -163,6 +163,30 @@ TEST_F(ServerTest, RegistersAsAnAddInAndLeavesNothing) {
     EXPECT_EQ(server.unregisterServer(), S_OK) << "there may be nothing left to remove";
 }
 
+TEST_F(ServerTest, RegisteringForTheMachineEndsTheUsersOwnRegistration) {
+    ASSERT_EQ(server.unregisterServer(), S_OK);
+    const auto before = registryKeys();
+    ASSERT_EQ(server.registerServer(), S_OK);
+    const auto machines = registryKeys();
+    const std::wstring ownClass = L"Software\\Classes\\CLSID\\{77FDA4DD-F8B7-45DE-9324-31C913538BA5}";
+    {
+        RegKey key;
+        ASSERT_EQ(key.create(HKEY_CURRENT_USER, ownClass + L"\\InprocServer32"), ERROR_SUCCESS);
+        key.setText(L"", L"C:\\old\\Veltro.dll");
+        ASSERT_EQ(key.create(HKEY_CURRENT_USER, officePath + L"\\Outlook\\Addins\\" + progId), ERROR_SUCCESS);
+        key.setNumber(L"LoadBehavior", 0);
+    }
+    EXPECT_FALSE(isRegistered()) << "the user's own comes first";
+
+    ASSERT_EQ(server.registerServer(), S_OK);
+    EXPECT_TRUE(isRegistered());
+    RegKey key;
+    EXPECT_EQ(key.open(HKEY_CURRENT_USER, ownClass, KEY_READ), ERROR_FILE_NOT_FOUND);
+    EXPECT_EQ(registryKeys(), machines);
+    EXPECT_EQ(server.unregisterServer(), S_OK);
+    EXPECT_EQ(registryKeys(), before);
+}
+
 TEST_F(ServerTest, StaysLoadedWhileAnythingOfItIsHeld) {
     ASSERT_EQ(server.registerServer(), S_OK);
     CoFreeUnusedLibraries();
