@@ -67,7 +67,7 @@ void* ConnectObject::find(REFIID id) noexcept {
 }
 
 STDMETHODIMP ConnectObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* memberIds) {
-    if (!names || !memberIds || count == 0) {
+    if (!names || !memberIds || count == 0 || !names[0]) {
         return E_INVALIDARG;
     }
     for (UINT index = 0; index < count; ++index) {

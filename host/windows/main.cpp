@@ -60,9 +60,11 @@ bool startedAtConsole() {
 /// Milliseconds for which each dialog stays up before it is answered from the command line: time to see it,
 /// or to take a picture of it. The environment variable VELTRO_HOST_PAUSE says how many.
 DWORD pauseBeforeAnswer() {
-    wchar_t number[8] = L"";
-    GetEnvironmentVariableW(L"VELTRO_HOST_PAUSE", number, 8);
-    return static_cast<DWORD>(std::wcstoul(number, nullptr, 10));
+    constexpr DWORD room = 12;
+    wchar_t number[room] = L"";
+    // A number that does not fit leaves the buffer in no known state.
+    const DWORD length = GetEnvironmentVariableW(L"VELTRO_HOST_PAUSE", number, room);
+    return length < room ? static_cast<DWORD>(std::wcstoul(number, nullptr, 10)) : 0;
 }
 
 /// Answers the dialogs from the command line, and reports them.

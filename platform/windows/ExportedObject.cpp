@@ -53,7 +53,7 @@ void* ExportedObject::find(REFIID id) noexcept {
 }
 
 STDMETHODIMP ExportedObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
-    if (!names || !ids || count == 0) {
+    if (!names || !ids || count == 0 || !names[0]) {
         return E_INVALIDARG;
     }
     for (UINT index = 0; index < count; ++index) {

@@ -1,6 +1,10 @@
 #include "platform/windows/RegKey.h"
 
+#include <algorithm>
+#include <string_view>
 #include <vector>
+
+#include "platform/text.h"
 
 namespace platform::windows {
 
@@ -36,6 +40,8 @@ LONG RegKey::query(const std::wstring& name, RegistryData& data) const {
         if (status != ERROR_SUCCESS) {
             return status;
         }
+        // Never empty: without room Windows would tell the size of a value that grew, and give nothing of it.
+        size = std::max(size, DWORD{1});
         data.bytes.resize(size);
         DWORD type = 0;
         status = RegQueryValueExW(key_, name.c_str(), nullptr, &type, data.bytes.data(), &size);
@@ -75,13 +81,10 @@ std::optional<std::wstring> RegKey::text(const std::wstring& name) const {
     if (query(name, data) != ERROR_SUCCESS || (data.type != REG_SZ && data.type != REG_EXPAND_SZ)) {
         return std::nullopt;
     }
-    // Nothing makes sure that a stored text has a closing NUL, or whole characters.
+    // Nothing makes sure that a stored text has one closing NUL, or whole characters.
     const auto* characters = reinterpret_cast<const wchar_t*>(data.bytes.data());
-    std::wstring result(characters, data.bytes.size() / sizeof(wchar_t));
-    if (result.ends_with(L'\0')) {
-        result.pop_back();
-    }
-    return result;
+    const std::wstring_view stored(characters, data.bytes.size() / sizeof(wchar_t));
+    return std::wstring(text::before(stored, L'\0'));
 }
 
 std::optional<DWORD> RegKey::number(const std::wstring& name) const {

@@ -32,7 +32,8 @@ class RegKey {
     LONG query(const std::wstring& name, RegistryData& data) const;
     LONG enumerateValue(DWORD index, std::wstring& name, RegistryData& data) const;
     LONG enumerateKey(DWORD index, std::wstring& name) const;
-    /// The text of a text value, its closing NUL cut off; nothing when it is missing or of another type.
+    /// The text of a text value up to its first NUL, if it has one; nothing when it is missing or of another
+    /// type.
     std::optional<std::wstring> text(const std::wstring& name) const;
     std::optional<DWORD> number(const std::wstring& name) const;
     LONG setText(const std::wstring& name, const std::wstring& text) const;

@@ -31,6 +31,9 @@ Texts entries(HWND list, const ListMessages& messages) {
     Texts texts;
     for (WPARAM index = 0; static_cast<LRESULT>(index) < count; ++index) {
         const LRESULT length = SendMessageW(list, messages.textLength, index, 0);
+        if (length < 0) {
+            break;  // The list has lost entries since they were counted.
+        }
         std::wstring text(static_cast<std::size_t>(length) + 1, L'\0');
         SendMessageW(list, messages.text, index, reinterpret_cast<LPARAM>(text.data()));
         text.pop_back();

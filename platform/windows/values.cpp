@@ -34,19 +34,54 @@ double decimalValue(const VARIANT& variant) {
     return number;
 }
 
+/// Bytes of a variable of that type; 0 for types that are neither assigned to nor kept in arrays.
+std::size_t sizeOf(VARTYPE type) {
+    switch (type) {
+        case VT_I1:
+        case VT_UI1:
+            return 1;
+        case VT_I2:
+        case VT_UI2:
+        case VT_BOOL:
+            return 2;
+        case VT_I4:
+        case VT_UI4:
+        case VT_INT:
+        case VT_UINT:
+        case VT_R4:
+        case VT_ERROR:
+            return 4;
+        case VT_I8:
+        case VT_UI8:
+        case VT_R8:
+        case VT_CY:
+        case VT_DATE:
+            return 8;
+        case VT_BSTR:
+        case VT_DISPATCH:
+        case VT_UNKNOWN:
+            return sizeof(void*);
+        case VT_VARIANT:
+            return sizeof(VARIANT);
+        default:
+            return 0;
+    }
+}
+
 Array toArray(SAFEARRAY* array, VARTYPE elementType, ObjectTranslator& translator) {
     if (!array) {
         return {};
     }
-    if (SafeArrayGetDim(array) != 1 || elementType == VT_DECIMAL || elementType == VT_RECORD) {
+    // An array that is not of the type it is passed as would not fit into an element.
+    if (SafeArrayGetDim(array) != 1 || SafeArrayGetElemsize(array) != sizeOf(elementType)) {
         throwTypeMismatch();
     }
     LONG first = 0;
-    LONG last = -1;
     check(SafeArrayGetLBound(array, 1, &first));
-    check(SafeArrayGetUBound(array, 1, &last));
     Array values;
-    for (LONG index = first; index <= last; ++index) {
+    // By count: the last index may be the greatest of its type, and that of an empty array before the least.
+    for (ULONG position = 0; position < array->rgsabound[0].cElements; ++position) {
+        auto index = static_cast<LONG>(static_cast<ULONG>(first) + position);
         Variant element;
         if (elementType == VT_VARIANT) {
             check(SafeArrayGetElement(array, &index, element.address()));
@@ -90,40 +125,6 @@ void setObject(VARIANT& variant, const Object& object, ObjectTranslator& transla
             variant.vt = VT_UNKNOWN;
             variant.punkVal = unknown.detach();
         }
-    }
-}
-
-/// Bytes of a variable of that type; 0 for types that are not assigned to.
-std::size_t sizeOf(VARTYPE type) {
-    switch (type) {
-        case VT_I1:
-        case VT_UI1:
-            return 1;
-        case VT_I2:
-        case VT_UI2:
-        case VT_BOOL:
-            return 2;
-        case VT_I4:
-        case VT_UI4:
-        case VT_INT:
-        case VT_UINT:
-        case VT_R4:
-        case VT_ERROR:
-            return 4;
-        case VT_I8:
-        case VT_UI8:
-        case VT_R8:
-        case VT_CY:
-        case VT_DATE:
-            return 8;
-        case VT_BSTR:
-        case VT_DISPATCH:
-        case VT_UNKNOWN:
-            return sizeof(void*);
-        case VT_VARIANT:
-            return sizeof(VARIANT);
-        default:
-            return 0;
     }
 }
 

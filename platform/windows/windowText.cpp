@@ -7,7 +7,7 @@ std::wstring windowText(HWND window) {
     std::wstring text(length + 1, L'\0');
     const LRESULT copied =
         SendMessageW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
-    text.resize(static_cast<std::size_t>(copied));
+    text.resize(copied > 0 ? static_cast<std::size_t>(copied) : 0);  // A combo box may answer CB_ERR.
     return text;
 }
 

@@ -3,6 +3,7 @@
 
 #include <oleauto.h>
 
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -132,6 +133,27 @@ TEST_F(AutomationTest, ReadsTypedArraysFromTheirOwnLowerBound) {
     EXPECT_EQ(toValue(texts.get(), *addIn).toArray().at(0).toText(), L"1");
 }
 
+/// The upper bound of an empty array is the index before its lower one, for which a LONG may have no room.
+TEST_F(AutomationTest, ReadsAnEmptyArrayWhateverItsBounds) {
+    for (const LONG first : {0L, 1L, std::numeric_limits<LONG>::min(), std::numeric_limits<LONG>::max()}) {
+        SAFEARRAYBOUND bound{0, first};
+        Variant bytes;
+        bytes->vt = VT_ARRAY | VT_UI1;
+        bytes->parray = SafeArrayCreate(VT_UI1, 1, &bound);
+        EXPECT_TRUE(toValue(bytes.get(), *addIn).toArray().empty()) << first;
+    }
+}
+
+TEST_F(AutomationTest, AnArrayOfAnotherTypeThanItIsPassedAsIsNotRead) {
+    for (const VARTYPE passedAs : {VT_UI1, VT_R8, VT_DECIMAL}) {
+        Variant array;
+        array->vt = static_cast<VARTYPE>(VT_ARRAY | passedAs);
+        array->parray = SafeArrayCreateVector(VT_VARIANT, 0, 1);
+        EXPECT_THROW(toValue(array.get(), *addIn), Error) << passedAs;
+        array->vt = VT_ARRAY | VT_VARIANT;
+    }
+}
+
 TEST_F(AutomationTest, AnArgumentLeftOutInTheMiddleArrivesEmpty) {
     std::vector<bool> empty;
     target_->add(L"Add", [&empty](Access, std::span<const Value> arguments) {
@@ -227,6 +249,13 @@ TEST_F(AutomationTest, AnUnknownMemberIsError438) {
         EXPECT_EQ(error.number(), automation::errors::memberNotFound);
         EXPECT_FALSE(error.description().empty());
     }
+}
+
+TEST_F(AutomationTest, AMissingNameIsRefused) {
+    LPOLESTR names[] = {nullptr};
+    DISPID id = 0;
+    const auto exported = host->exportObject(Object(std::make_shared<TestTarget>()));
+    EXPECT_EQ(exported->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &id), E_INVALIDARG);
 }
 
 TEST_F(AutomationTest, EventsArriveUntilTheSubscriptionEnds) {

@@ -6,6 +6,8 @@
 #include <string>
 
 #include "platform/forms.h"
+#include "platform/windows/listDriver.h"
+#include "platform/windows/windowText.h"
 #include "tests/windows/AnsweredDialogs.h"
 
 using forms::Button;
@@ -207,6 +209,33 @@ TEST_F(DialogTest, AMessageBoxBelongsOverAWindowOfItsOwnProcessOnly) {
     EXPECT_EQ(messageBoxOwner(behind), behind);
     DestroyWindow(active);
     DestroyWindow(behind);
+}
+
+/// Answers as a control does whose contents have changed since it was asked about them.
+LRESULT CALLBACK changedMeanwhile(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == LB_GETTEXTLEN && wParam == 1) {
+        return LB_ERR;
+    }
+    if (message == WM_GETTEXT) {
+        return CB_ERR;
+    }
+    const auto former = reinterpret_cast<WNDPROC>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    return CallWindowProcW(former, window, message, wParam, lParam);
+}
+
+TEST_F(DialogTest, ControlsThatAnswerWithAnErrorHaveNoText) {
+    HWND list =
+        CreateWindowExW(0, L"LISTBOX", L"", WS_POPUP, 0, 0, 100, 100, nullptr, nullptr, nullptr, nullptr);
+    for (const wchar_t* entry : {L"one", L"two", L"three"}) {
+        SendMessageW(list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(entry));
+    }
+    SetWindowLongPtrW(list, GWLP_USERDATA, GetWindowLongPtrW(list, GWLP_WNDPROC));
+    SetWindowLongPtrW(list, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&changedMeanwhile));
+    platform::ControlState state;
+    platform::windows::listDriver::describe(list, forms::Kind::ListBox, state);
+    EXPECT_EQ(state.caption, L"one");
+    EXPECT_EQ(platform::windows::windowText(list), L"");
+    DestroyWindow(list);
 }
 
 TEST_F(DialogTest, WithoutAnAnswerNothingHappens) {

@@ -58,14 +58,19 @@ TEST_F(RegistryTest, ForeignValuesAreNoSettings) {
     ASSERT_EQ(key.create(HKEY_CURRENT_USER, settingsPath + L"\\section"), ERROR_SUCCESS);
     key.setNumber(L"Number", 5);
     EXPECT_EQ(store.read(L"Number"), std::nullopt);
-    // Some tools forget the closing NUL.
-    const wchar_t open[] = {L'o', L'n'};
+    // Some tools forget the closing NUL, some write more than one, some leave older text behind it.
     HKEY raw = nullptr;
     ASSERT_EQ(RegOpenKeyExW(HKEY_CURRENT_USER, (settingsPath + L"\\section").c_str(), 0, KEY_WRITE, &raw),
               ERROR_SUCCESS);
-    RegSetValueExW(raw, L"Open", 0, REG_SZ, reinterpret_cast<const BYTE*>(open), sizeof open);
+    for (const std::wstring& stored :
+         {std::wstring(L"on"), std::wstring(L"on\0\0\0", 5), std::wstring(L"on\0older", 8)}) {
+        RegSetValueExW(raw, L"Text", 0, REG_SZ, reinterpret_cast<const BYTE*>(stored.data()),
+                       static_cast<DWORD>(stored.size() * sizeof(wchar_t)));
+        EXPECT_EQ(store.read(L"Text"), L"on") << stored.size();
+    }
+    RegSetValueExW(raw, L"Empty", 0, REG_SZ, nullptr, 0);
     RegCloseKey(raw);
-    EXPECT_EQ(store.read(L"Open"), L"on");
+    EXPECT_EQ(store.read(L"Empty"), L"");
 }
 
 TEST_F(RegistryTest, TheMachinesRegistryIsReadRaw) {

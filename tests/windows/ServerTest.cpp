@@ -266,9 +266,14 @@ TEST_F(ServerTest, ConnectsLateBoundToo) {
     ComPtr<IUnknown> made;
     factory()->CreateInstance(nullptr, IID_IUnknown, made.putVoid());
     const Object connect = host->toObject(made.get());
+    auto dispatch = platform::windows::query<IDispatch>(made.get(), IID_IDispatch);
     made = nullptr;
     EXPECT_THROW(connect.call(L"OnConnection"), automation::Error);
     EXPECT_THROW(connect.call(L"NoSuchCall"), automation::Error);
+    LPOLESTR noName[] = {nullptr};
+    DISPID id = 0;
+    EXPECT_EQ(dispatch->GetIDsOfNames(IID_NULL, noName, 1, LOCALE_USER_DEFAULT, &id), E_INVALIDARG);
+    dispatch = nullptr;
     connect.call(L"onconnection", Object(outlookWithoutWindows()), 1, Object());
     EXPECT_GT(host->liveAdapters(), 0U);
     connect.call(L"OnDisconnection", 0);
