@@ -1,7 +1,8 @@
 #include "settings/encodings.h"
 
+#include <charconv>
 #include <cmath>
-#include <cstdio>
+#include <iterator>
 
 #include "mail/ProfileAddresses.h"
 #include "mail/errorTrap.h"
@@ -33,8 +34,8 @@ void store(const Globals& globals, const wchar_t* key, std::wstring_view value) 
 /// A whole number as decimal text, however large.
 std::wstring wholeText(double value) {
     char buffer[400];
-    const int length = std::snprintf(buffer, sizeof buffer, "%.0f", value);
-    return {buffer, buffer + length};
+    const auto end = std::to_chars(std::begin(buffer), std::end(buffer), value, std::chars_format::fixed, 0);
+    return {buffer, end.ptr};
 }
 
 }  // namespace

@@ -112,7 +112,7 @@ class OpaquePicture : public Picture {
   public:
     OpaquePicture(std::pair<ResourceLibrary::Handle, PictureKind> owned,
                   std::shared_ptr<FileResources::Handles> handles)
-        : owned_(owned), handles_(std::move(handles)) {}
+        : owned_(std::move(owned)), handles_(std::move(handles)) {}
     OpaquePicture(const OpaquePicture&) = delete;
     OpaquePicture& operator=(const OpaquePicture&) = delete;
     ~OpaquePicture() override { handles_->erase(owned_); }
@@ -126,7 +126,7 @@ class OpaquePicture : public Picture {
 
 FileResources::FileResources(const std::wstring& own) {
     std::uint32_t ignored = 0;
-    own_ = own.empty() ? nullptr : load(own, ignored);
+    own_ = own.empty() ? nullptr : FileResources::load(own, ignored);
     if (!own_) {
         own_ = std::make_unique<FileLibrary>(Contents{}, handles_);
     }

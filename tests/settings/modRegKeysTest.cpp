@@ -62,6 +62,7 @@ const Reading readings[] = {
     {"days fraction", L"OldEmailDays", L" 3.9 ", reader(OldEmailDays), L"3"},
     {"days exponent", L"OldEmailDays", L"1e2", reader(OldEmailDays), L"100"},
     {"days beyond 32 bits", L"OldEmailDays", L"99999999999", reader(OldEmailDays), L"99999999999"},
+    {"days beyond 64 bits", L"OldEmailDays", L"1e20", reader(OldEmailDays), L"100000000000000000000"},
     {"days beyond a double", L"OldEmailDays", L"1e999", reader(OldEmailDays), L"28"},
     {"recipients zero", L"XRecipients", L"0", reader(XRecipients), L"5"},
     {"recipients", L"XRecipients", L"12.7", reader(XRecipients), L"12"},
