@@ -87,6 +87,24 @@ Value addItem(Items& items, Arguments arguments) {
     return item->object();
 }
 
+/// By its number from 1 on, or by its default value, which is the subject.
+Value itemAt(Items& items, Arguments arguments) {
+    const auto& list = items.folder().items();
+    if (!arguments[0].holds<std::wstring>()) {
+        const auto& item = list[position(arguments[0], list.size())];
+        item->opened();
+        return item->object();
+    }
+    const std::wstring subject = arguments.text(0);
+    const auto found = std::ranges::find_if(
+        list, [&](const auto& item) { return text::equalsIgnoringCase(item->content().subject, subject); });
+    if (found == list.end()) {
+        raise::objectNotFound();
+    }
+    (*found)->opened();
+    return (*found)->object();
+}
+
 }  // namespace
 
 std::shared_ptr<Item> newItem(World& world, int itemType) {
@@ -125,26 +143,7 @@ constinit const Member<Items> Items::table_[] = {
      .id = 80,
      .get = [](Items& items,
                Arguments) { return Value(static_cast<std::int32_t>(items.folder().items().size())); }},
-    {.name = L"Item",
-     .id = 81,
-     .get =
-         [](Items& items, Arguments arguments) {
-             const auto& list = items.folder().items();
-             if (!arguments[0].holds<std::wstring>()) {
-                 return Value(list[position(arguments[0], list.size())]->object());
-             }
-             // By default value, which is the subject.
-             const std::wstring subject = arguments.text(0);
-             const auto found = std::ranges::find_if(list, [&](const auto& item) {
-                 return text::equalsIgnoringCase(item->content().subject, subject);
-             });
-             if (found == list.end()) {
-                 raise::objectNotFound();
-             }
-             return Value((*found)->object());
-         },
-     .least = 1,
-     .most = 1},
+    {.name = L"Item", .id = 81, .get = itemAt, .least = 1, .most = 1},
     {.name = L"Add", .id = 95, .call = addItem, .most = 1},
     {.name = L"Remove",
      .id = 84,

@@ -1,6 +1,7 @@
 #include "host/Item.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "host/Folder.h"
 #include "host/Inspector.h"
@@ -180,6 +181,9 @@ void Item::save() {
         raise::operationFailed();
     }
     target->checkWritable();
+    if (storedElsewhere_) {
+        raise::messageChanged();
+    }
     if (world().raiseCancellable(events_, L"Write", 0xF002) || gone_) {
         return;
     }
@@ -187,6 +191,21 @@ void Item::save() {
         target->take(self<Item>());
     }
     content_.saved = true;
+}
+
+void Item::writtenElsewhere(const std::wstring& body) {
+    storedElsewhere_ = body;
+    if (content_.saved) {
+        opened();
+    }
+}
+
+void Item::opened() {
+    if (storedElsewhere_) {
+        content_.body = *std::exchange(storedElsewhere_, std::nullopt);
+        content_.html.clear();
+        content_.saved = true;
+    }
 }
 
 void Item::placed(const std::shared_ptr<Folder>& folder) {

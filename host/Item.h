@@ -102,6 +102,11 @@ class Item : public Automated<Item> {
     /// Raises Write; a new item goes to the Drafts. Nothing happens when a handler cancels. Throws when the
     /// store refuses changes.
     void save();
+    /// Another Outlook on the same mailbox has stored another body.
+    void writtenElsewhere(const std::wstring& body);
+    /// The folder gives the item out: what was stored elsewhere takes the place of changes that can no longer
+    /// be saved.
+    void opened();
     /// Puts the content into another folder as a new item and leaves this one unusable.
     std::shared_ptr<Item> moveTo(Folder& target);
     /// Moves the item to the Deleted Items, or throws an unsaved one away; its window closes.
@@ -120,6 +125,8 @@ class Item : public Automated<Item> {
     ItemContent content_;
     std::wstring entryId_;
     bool gone_ = false;
+    /// A body that another Outlook has stored while this one's changes were not saved.
+    std::optional<std::wstring> storedElsewhere_;
     std::weak_ptr<Folder> folder_;
     std::weak_ptr<Folder> firstFolder_;
     EventSource events_{0x0006303A, 0x0006302B};

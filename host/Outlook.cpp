@@ -198,6 +198,10 @@ void Outlook::typeBody(const Object& item, const std::wstring& body) {
     typed->changed(L"Body");
 }
 
+void Outlook::writeBodyElsewhere(const Object& item, const std::wstring& body) {
+    handle<Item>(*world_, item)->writtenElsewhere(body);
+}
+
 // Sending and answering
 
 SendOutcome Outlook::send(const Object& inspector) {
@@ -276,8 +280,12 @@ std::size_t Outlook::liveObjects() const {
     return world_->meter()->liveObjects();
 }
 
-void Outlook::failCall(std::size_t n) {
-    world_->meter()->failCall(n);
+void Outlook::failCall(std::size_t n, std::size_t count) {
+    world_->meter()->failCall(n, count);
+}
+
+void Outlook::duringCall(std::size_t n, std::function<void()> action) {
+    world_->meter()->duringCall(n, std::move(action));
 }
 
 const std::vector<HandlerError>& Outlook::errors() const {

@@ -145,6 +145,9 @@ class Outlook {
     /// The user types over the subject or the body in an open item.
     void typeSubject(const automation::Object& item, const std::wstring& subject);
     void typeBody(const automation::Object& item, const std::wstring& body);
+    /// Another Outlook on the same mailbox writes a body. An item with changes of this Outlook's own that are
+    /// not saved cannot be saved any more; it shows what is stored once the folder has given it out anew.
+    void writeBodyElsewhere(const automation::Object& item, const std::wstring& body);
 
     // Sending and answering.
     /// Presses Send in the window: item Send, Application ItemSend, item Write, item Close, inspector
@@ -169,7 +172,8 @@ class Outlook {
     std::shared_ptr<Meter> meter() const;
     std::size_t calls() const;
     std::size_t liveObjects() const;
-    void failCall(std::size_t n);
+    void failCall(std::size_t n, std::size_t count = 1);
+    void duringCall(std::size_t n, std::function<void()> action);
     const std::vector<HandlerError>& errors() const;
 
   private:

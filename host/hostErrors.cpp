@@ -52,6 +52,10 @@ void itemGone() {
     fromOutlook(objectDeleted, L"The item has been moved or deleted.");
 }
 
+void messageChanged() {
+    fromOutlook(objectChanged, L"The operation cannot be performed because the message has been changed.");
+}
+
 void explorerClosed() {
     fromOutlook(
         automation::errors::failed,

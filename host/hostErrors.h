@@ -13,6 +13,7 @@ inline constexpr std::int32_t badIndex = -2147352567;          // DISP_E_EXCEPTI
 inline constexpr std::int32_t aborted = -2147467260;           // E_ABORT
 inline constexpr std::int32_t accessDenied = -2147024891;      // E_ACCESSDENIED
 inline constexpr std::int32_t notFound = -2147221233;          // MAPI_E_NOT_FOUND
+inline constexpr std::int32_t objectChanged = -2147221239;     // MAPI_E_OBJECT_CHANGED
 inline constexpr std::int32_t objectDeleted = -2147221238;     // MAPI_E_OBJECT_DELETED
 inline constexpr std::int32_t disconnected = -2147417848;      // RPC_E_DISCONNECTED
 inline constexpr std::int32_t noSuchEvents = 459;
@@ -26,6 +27,7 @@ inline constexpr std::int32_t noSuchEvents = 459;
 [[noreturn]] void noPermission();
 [[noreturn]] void objectNotFound();
 [[noreturn]] void itemGone();
+[[noreturn]] void messageChanged();
 [[noreturn]] void explorerClosed();
 [[noreturn]] void inspectorClosed();
 [[noreturn]] void outlookGone();

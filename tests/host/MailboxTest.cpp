@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "host/hostErrors.h"
 #include "tests/host/EventLog.h"
 
 namespace {
@@ -139,6 +140,27 @@ TEST(HostMailboxTest, ItemsHaveTheMembersOfTheirClassAndVersion) {
         const auto number = errorOf([&] { item.target()->memberId(test.member); });
         EXPECT_EQ(number, test.has ? 0 : 438) << test.itemClass << " " << number;
     }
+}
+
+/// As on an Exchange mailbox: whoever saves second is refused, and has to open the item anew.
+TEST(HostMailboxTest, AnotherOutlookWritesAnItem) {
+    host::Outlook outlook({});
+    const Object item = outlook.store(L"Drafts", {.subject = L"Budget", .body = L"old"});
+    outlook.writeBodyElsewhere(item, L"theirs");
+    EXPECT_EQ(item.get(L"Body").toText(), L"theirs");
+
+    item.put(L"Body", L"ours");
+    outlook.writeBodyElsewhere(item, L"theirs again");
+    EXPECT_EQ(item.get(L"Body").toText(), L"ours");
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        EXPECT_EQ(errorOf([&] { item.call(L"Save"); }), host::raise::objectChanged);
+    }
+    const Object drafts = item.get(L"Parent").toObject();
+    const Object again = drafts.get(L"Items").toObject().get(L"Item", 1).toObject();
+    EXPECT_EQ(again.get(L"Body").toText(), L"theirs again");
+    again.put(L"Body", L"ours");
+    EXPECT_NO_THROW(again.call(L"Save"));
+    EXPECT_EQ(outlook.view(item).body, L"ours");
 }
 
 }  // namespace

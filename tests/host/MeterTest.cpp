@@ -34,6 +34,12 @@ TEST(HostMeterTest, FailsTheCallItIsToldToAndNoOther) {
             EXPECT_EQ(number, call == n ? automation::errors::failed : 0) << n << " " << call;
         }
     }
+    outlook.failCall(2, 3);
+    std::vector<bool> failed;
+    for (std::size_t call = 1; call <= 6; ++call) {
+        failed.push_back(errorOf([&] { application.get(L"Version"); }) != 0);
+    }
+    EXPECT_EQ(failed, (std::vector<bool>{false, true, true, true, false, false}));
     outlook.failCall(1);
     outlook.failCall(0);
     EXPECT_NO_THROW(application.get(L"Version"));
@@ -41,6 +47,21 @@ TEST(HostMeterTest, FailsTheCallItIsToldToAndNoOther) {
     const host::SendOutcome outcome = outlook.send(outlook.openNewMail(mailTo(L"bob@example.com")));
     EXPECT_EQ(outcome.state, host::SendState::Sent) << "the user's acts are not failed";
     EXPECT_NE(errorOf([&] { outlook.automation().createObject(L"vtRedemption.vtMAPIUtils"); }), 0);
+}
+
+TEST(HostMeterTest, LetsSomethingHappenDuringACall) {
+    host::Outlook outlook({});
+    const Object draft = outlook.store(L"Drafts", {.subject = L"Budget"});
+    outlook.duringCall(2, [&] {
+        draft.put(L"Subject", draft.get(L"Subject").toText() + L", new");
+        outlook.typeBody(draft, L"Hello");
+    });
+    draft.get(L"Class");
+    EXPECT_EQ(outlook.view(draft).body, L"");
+    EXPECT_EQ(draft.get(L"Subject").toText(), L"Budget, new") << "it comes before what the call does";
+    EXPECT_EQ(draft.get(L"Subject").toText(), L"Budget, new") << "once";
+    EXPECT_EQ(outlook.view(draft).body, L"Hello");
+    EXPECT_EQ(outlook.calls(), 5U);
 }
 
 TEST(HostMeterTest, ObjectsGoWithTheirLastReference) {
