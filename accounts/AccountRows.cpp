@@ -1,9 +1,11 @@
 #include "accounts/AccountRows.h"
 
 #include <algorithm>
+#include <set>
 #include <utility>
 
 #include "accounts/XmlReader.h"
+#include "platform/text.h"
 
 namespace {
 
@@ -11,17 +13,17 @@ constexpr wchar_t nonBreakingSpace = 0xA0;
 
 /// Editors add non-breaking spaces to a plain body, or put them in the place of its spaces. Those are missed
 /// where they parted one word from the next.
-rowset::Rowset readBody(std::wstring body) {
+rowset::Rowset readBody(std::wstring body, const rowset::Limits& limits) {
     if (body.find(nonBreakingSpace) == std::wstring::npos) {
-        return rowset::readRowset(body);
+        return rowset::readRowset(body, limits);
     }
     try {
         std::wstring without = body;
         std::erase(without, nonBreakingSpace);
-        return rowset::readRowset(without);
+        return rowset::readRowset(without, limits);
     } catch (const rowset::NotARowset&) {
         std::ranges::replace(body, nonBreakingSpace, L' ');
-        return rowset::readRowset(body);
+        return rowset::readRowset(body, limits);
     }
 }
 
@@ -35,8 +37,8 @@ rowset::Column required(const rowset::Rowset& rows, std::wstring_view name) {
 
 }  // namespace
 
-AccountRows::AccountRows(std::wstring body)
-    : rows_(readBody(std::move(body))),
+AccountRows::AccountRows(std::wstring body, const rowset::Limits& limits)
+    : rows_(readBody(std::move(body), limits)),
       address_(required(rows_, L"strEmailAddress")),
       account_(required(rows_, L"strAccount")) {
     if (rows_.count() > 0) {
@@ -44,7 +46,24 @@ AccountRows::AccountRows(std::wstring body)
     }
 }
 
-void AccountRows::set(std::wstring address, std::wstring account) {
-    rows_.set(address_, std::move(address));
-    rows_.set(account_, std::move(account));
+void AccountRows::set(AccountEntry entry) {
+    rows_.set(address_, std::move(entry.address));
+    rows_.set(account_, std::move(entry.account));
+}
+
+void AccountRows::takeMissing(const AccountRows& other) {
+    const auto keyOf = [](const std::wstring& address) { return text::upper(text::trim(address)); };
+    std::set<std::wstring> addresses;
+    for (std::size_t row = 0; row < count(); ++row) {
+        addresses.insert(keyOf(address(row)));
+    }
+    for (std::size_t row = 0; row < other.count(); ++row) {
+        if (addresses.insert(keyOf(other.address(row))).second) {
+            add();
+            set({other.address(row), other.account(row)});
+        }
+    }
+    if (count() > 0) {
+        rows_.sort(address_);
+    }
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <ranges>
 
 #include "platform/text.h"
 
@@ -34,6 +35,20 @@ std::optional<Column> Rowset::column(std::wstring_view name) const {
 const std::wstring& Rowset::value(std::size_t row, Column column) const {
     const std::wstring* value = valueIn(rows_.at(row), column);
     return value ? *value : nothing;
+}
+
+bool sameRows(const Rowset& left, const Rowset& right) {
+    const auto sameRow = [&](std::size_t row) {
+        const auto isInBoth = [&](const Rowset::Cell& cell) {
+            const auto column = right.column(left.frame().columns[cell.column].column);
+            const std::wstring* value = column ? valueIn(right.rows()[row], *column) : nullptr;
+            return value && *value == cell.value;
+        };
+        return left.rows()[row].size() == right.rows()[row].size() &&
+               std::ranges::all_of(left.rows()[row], isInBoth);
+    };
+    return left.count() == right.count() &&
+           std::ranges::all_of(std::views::iota(std::size_t{0}, left.count()), sameRow);
 }
 
 void Rowset::sort(Column column) {

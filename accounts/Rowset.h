@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "accounts/Limits.h"
+
 namespace rowset {
 
 struct Attribute {
@@ -96,11 +98,19 @@ class Rowset {
     std::size_t current_ = 0;
 };
 
+/// Whether both hold the same values under the same names, row by row. What stands around the rows does not
+/// count, nor does a column that no row holds.
+bool sameRows(const Rowset& left, const Rowset& right);
+
 /// Reads the text form of a rowset; pending inserts, updates and deletes are carried out. Throws NotARowset
 /// when the text is none, or not all of one.
-Rowset readRowset(std::wstring_view xml);
+Rowset readRowset(std::wstring_view xml, const Limits& limits = {});
 
 /// The text form, byte for byte as the data-access components lay it out.
 std::wstring writeRowset(const Rowset& rowset);
+
+/// The same, once it has been read back. Throws std::length_error when that does not give the same rows: what
+/// is read just within the limits may grow beyond them.
+std::wstring writeReadable(const Rowset& rowset, const Limits& limits = {});
 
 }  // namespace rowset

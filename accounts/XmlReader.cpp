@@ -4,13 +4,12 @@
 #include <cstdint>
 #include <utility>
 
+#include "accounts/characters.h"
+
 namespace rowset {
 
 namespace {
 
-/// Far beyond any rowset's, and small enough that a hostile text grows little in memory.
-constexpr std::size_t deepestNesting = 32;
-constexpr std::size_t mostAttributes = 10'000;
 constexpr wchar_t byteOrderMark = 0xFEFF;
 
 struct NamedEntity {
@@ -36,7 +35,7 @@ bool endsName(wchar_t character) {
         case L';':
             return true;
         default:
-            return isSpace(character);
+            return character == L' ' || isControl(character);
     }
 }
 
@@ -181,7 +180,7 @@ XmlReader::Token XmlReader::readStart() {
     if (open_.empty() && std::exchange(rootSeen_, true)) {
         refuse("more than one document");
     }
-    if (open_.size() == deepestNesting) {
+    if (open_.size() == limits_.deepestNesting) {
         refuse("elements nested too deep");
     }
     name_ = readName();
@@ -208,7 +207,7 @@ void XmlReader::readAttributes() {
         ++position_;
         skipSpace();
         attribute.raw = readQuoted();
-        if (attributes_.size() == mostAttributes) {
+        if (attributes_.size() == limits_.mostAttributes) {
             refuse("too many attributes");
         }
         attributes_.push_back(attribute);
@@ -274,6 +273,7 @@ std::wstring XmlReader::decoded(const Attribute& attribute) const {
         start = mark + end + 1;
     }
     value.append(raw, start);
+    std::erase(value, L'\0');
     return value;
 }
 

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "accounts/Limits.h"
+
 namespace rowset {
 
 /// The text is no rowset; what() says at which character reading stopped and why.
@@ -30,7 +32,7 @@ class XmlReader {
         std::wstring_view raw;
     };
 
-    explicit XmlReader(std::wstring_view text) : text_(text) {}
+    explicit XmlReader(std::wstring_view text, const Limits& limits = {}) : text_(text), limits_(limits) {}
 
     /// The next tag. An element that closes itself gives a start and an end; after the root's end comes
     /// Finished. Throws NotARowset.
@@ -40,12 +42,10 @@ class XmlReader {
     std::wstring_view name() const { return name_; }
     /// Those of the element that started last; no name comes twice.
     const std::vector<Attribute>& attributes() const { return attributes_; }
-    /// Replaces the character references and the five named entities of an attribute's value. Throws
-    /// NotARowset.
+    /// Replaces the character references and the five named entities of an attribute's value; zeros, which
+    /// are no characters, are left out. Throws NotARowset.
     std::wstring decoded(const Attribute& attribute) const;
 
-    /// How many characters have been read.
-    std::size_t position() const { return position_; }
     [[noreturn]] void refuse(const char* reason) const;
 
   private:
@@ -62,6 +62,7 @@ class XmlReader {
     Token close();
 
     std::wstring_view text_;
+    Limits limits_;
     std::size_t position_ = 0;
     std::vector<std::wstring_view> open_;
     std::wstring_view name_;

@@ -98,7 +98,7 @@ bool clsSendAcct::Update() {
     }
     // Copies: a question that comes up while the list is stored may lead to another send, which uses these.
     const auto write = [address = strEmailAddress, account = strAccount](AccountRows& list) {
-        list.set(address, account);
+        list.set({address, account});
     };
     switch (editMode_) {
         case EditMode::Edit:

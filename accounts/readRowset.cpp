@@ -1,10 +1,12 @@
 #include <algorithm>
 #include <functional>
+#include <iterator>
 #include <limits>
 #include <map>
 #include <optional>
 #include <utility>
 
+#include "accounts/NameSpaces.h"
 #include "accounts/Rowset.h"
 #include "accounts/XmlReader.h"
 #include "platform/number.h"
@@ -16,24 +18,25 @@ namespace {
 using Token = XmlReader::Token;
 using Row = Rowset::Row;
 
-/// What precedes the rows takes a few hundred characters for each column. The limits keep a hostile text from
-/// growing to many times its size in memory.
-constexpr std::size_t longestFrame = 1'000'000;
-constexpr std::size_t mostUndeclaredColumns = 1'000;
-
 constexpr std::wstring_view forceNull = L"rs:forcenull";
 
 class RowsetReader {
   public:
-    explicit RowsetReader(std::wstring_view xml) : xml_(xml) {}
+    RowsetReader(std::wstring_view xml, const Limits& limits)
+        : limits_(limits), xml_(xml, limits), spaces_(limits.mostNameSpaces) {}
 
     Rowset read();
 
   private:
-    void expectStart(std::wstring_view name);
+    Token next();
+    bool at(std::wstring_view element) const { return spaces_.isElement(xml_.name(), element); }
+    void expectStart(std::wstring_view element);
+    bool declaresUsual(std::wstring_view attribute) const;
     std::vector<Attribute> readAttributes();
+    Element readElement();
     Element readSchema();
-    void checkFrameLength();
+    void keep(std::size_t characters);
+    void declareUsual();
     void findColumns();
     Column columnOf(std::wstring_view attribute, std::size_t expected);
 
@@ -45,7 +48,10 @@ class RowsetReader {
     Row cellsOfRow();
     std::vector<Column> forcedNulls() const;
 
+    Limits limits_;
     XmlReader xml_;
+    NameSpaces spaces_;
+    std::size_t frameLength_ = 0;
     Rowset::Frame frame_;
     std::vector<Row> rows_;
     std::map<std::wstring, Column, std::less<>> columnsByAttribute_;
@@ -53,54 +59,92 @@ class RowsetReader {
 };
 
 Rowset RowsetReader::read() {
-    expectStart(L"xml");
+    if (next() != Token::Start || xml_.name() != L"xml") {
+        xml_.refuse("not the root of a rowset");
+    }
     frame_.rootAttributes = readAttributes();
     expectStart(L"s:Schema");
     frame_.schema = readSchema();
     findColumns();
     expectStart(L"rs:data");
     frame_.dataAttributes = readAttributes();
-    checkFrameLength();
+    declareUsual();
     readData();
-    if (xml_.next() != Token::End || xml_.next() != Token::Finished) {
+    if (next() != Token::End || next() != Token::Finished) {
         xml_.refuse("something follows the data");
     }
     return {std::move(frame_), std::move(rows_)};
 }
 
-void RowsetReader::expectStart(std::wstring_view name) {
-    if (xml_.next() != Token::Start || xml_.name() != name) {
+Token RowsetReader::next() {
+    const Token token = xml_.next();
+    if (token == Token::Start) {
+        spaces_.open(xml_);
+    } else if (token == Token::End) {
+        spaces_.close();
+    }
+    return token;
+}
+
+void RowsetReader::expectStart(std::wstring_view element) {
+    if (next() != Token::Start || !at(element)) {
         xml_.refuse("not the element that a rowset has here");
     }
 }
 
+/// Whether the attribute declares one of a rowset's own name spaces.
+bool RowsetReader::declaresUsual(std::wstring_view attribute) const {
+    return NameSpaces::isDeclaration(attribute) && !spaces_.declared(attribute).empty();
+}
+
+/// Without the declarations of a rowset's own name spaces, which will stand in the root, as usual.
 std::vector<Attribute> RowsetReader::readAttributes() {
-    checkFrameLength();
     std::vector<Attribute> attributes;
     attributes.reserve(xml_.attributes().size());
     for (const XmlReader::Attribute& attribute : xml_.attributes()) {
-        attributes.push_back({std::wstring(attribute.name), xml_.decoded(attribute)});
+        if (!declaresUsual(attribute.name)) {
+            attributes.push_back({spaces_.usualAttribute(attribute.name), xml_.decoded(attribute)});
+            keep(attributes.back().name.size() + attributes.back().value.size());
+        }
     }
     return attributes;
 }
 
-void RowsetReader::checkFrameLength() {
-    if (xml_.position() > longestFrame) {
-        xml_.refuse("no rows within reasonable reach");
+/// Each element and attribute counts as a few characters more, since even a short one takes room in memory.
+void RowsetReader::keep(std::size_t characters) {
+    frameLength_ += characters + 4;
+    if (frameLength_ > limits_.longestFrame) {
+        xml_.refuse("too much before the rows");
     }
+}
+
+/// In the root and in the order of the components, wherever the text has declared them, if at all.
+void RowsetReader::declareUsual() {
+    std::vector<Attribute> attributes;
+    for (const NameSpaces::Usual& usual : spaces_.usual()) {
+        attributes.push_back({std::wstring(L"xmlns:").append(usual.prefix), usual.nameSpace});
+    }
+    std::ranges::move(frame_.rootAttributes, std::back_inserter(attributes));
+    frame_.rootAttributes = std::move(attributes);
+}
+
+Element RowsetReader::readElement() {
+    Element element{spaces_.usualElement(xml_.name()), readAttributes(), {}};
+    keep(element.name.size());
+    return element;
 }
 
 /// Reads the element that has just started, with all that is in it.
 Element RowsetReader::readSchema() {
-    Element schema{std::wstring(xml_.name()), readAttributes(), {}};
+    Element schema = readElement();
     // While an element is open its parent takes no other child, so the pointers stay good.
     std::vector<Element*> open{&schema};
     while (!open.empty()) {
-        if (xml_.next() == Token::End) {
+        if (next() == Token::End) {
             open.pop_back();
         } else {
             std::vector<Element>& siblings = open.back()->children;
-            siblings.push_back({std::wstring(xml_.name()), readAttributes(), {}});
+            siblings.push_back(readElement());
             open.push_back(&siblings.back());
         }
     }
@@ -145,7 +189,7 @@ Column RowsetReader::columnOf(std::wstring_view attribute, std::size_t expected)
     if (const auto found = columnsByAttribute_.find(attribute); found != columnsByAttribute_.end()) {
         return found->second;
     }
-    if (frame_.columns.size() - declaredColumns_ == mostUndeclaredColumns) {
+    if (frame_.columns.size() - declaredColumns_ == limits_.mostUndeclaredColumns) {
         xml_.refuse("too many columns");
     }
     const auto column = static_cast<Column>(frame_.columns.size());
@@ -156,14 +200,14 @@ Column RowsetReader::columnOf(std::wstring_view attribute, std::size_t expected)
 }
 
 void RowsetReader::readData() {
-    while (xml_.next() == Token::Start) {
-        if (xml_.name() == L"z:row") {
+    while (next() == Token::Start) {
+        if (at(L"z:row")) {
             rows_.push_back(readRow());
-        } else if (xml_.name() == L"rs:insert") {
+        } else if (at(L"rs:insert")) {
             std::ranges::move(readRows(), std::back_inserter(rows_));
-        } else if (xml_.name() == L"rs:update") {
+        } else if (at(L"rs:update")) {
             readUpdate();
-        } else if (xml_.name() == L"rs:delete") {
+        } else if (at(L"rs:delete")) {
             readRows();  // They stand nowhere else.
         } else {
             xml_.refuse("an unknown element among the rows");
@@ -176,19 +220,28 @@ Row RowsetReader::cellsOfRow() {
     Row row;
     row.reserve(xml_.attributes().size());
     for (const XmlReader::Attribute& attribute : xml_.attributes()) {
-        if (attribute.name != forceNull) {
-            row.push_back({columnOf(attribute.name, row.size()), xml_.decoded(attribute)});
+        const std::wstring_view name = attribute.name;
+        if (name.find(L':') == std::wstring_view::npos && name != L"xmlns") {  // As good as always.
+            row.push_back({columnOf(name, row.size()), xml_.decoded(attribute)});
+        } else if (!declaresUsual(name) && !spaces_.isAttribute(name, forceNull)) {
+            row.push_back({columnOf(spaces_.usualAttribute(name), row.size()), xml_.decoded(attribute)});
         }
     }
     if (!std::ranges::is_sorted(row, {}, &Rowset::Cell::column)) {
         std::ranges::sort(row, {}, &Rowset::Cell::column);
+    }
+    if (std::ranges::adjacent_find(row, {}, &Rowset::Cell::column) != row.end()) {
+        xml_.refuse("an attribute given twice");  // Under two prefixes of one name space.
     }
     return row;
 }
 
 /// The columns of the row that has just started which are null by name.
 std::vector<Column> RowsetReader::forcedNulls() const {
-    const auto forced = std::ranges::find(xml_.attributes(), forceNull, &XmlReader::Attribute::name);
+    const auto forced =
+        std::ranges::find_if(xml_.attributes(), [this](const XmlReader::Attribute& attribute) {
+            return spaces_.isAttribute(attribute.name, forceNull);
+        });
     if (forced == xml_.attributes().end()) {
         return {};
     }
@@ -210,7 +263,7 @@ std::vector<Column> RowsetReader::forcedNulls() const {
 /// Reads the row that has just started to its end.
 Row RowsetReader::readRow() {
     Row row = cellsOfRow();
-    if (xml_.next() != Token::End) {
+    if (next() != Token::End) {
         xml_.refuse("a row within a row");
     }
     return row;
@@ -233,8 +286,8 @@ Row RowsetReader::updated(Row original) {
 /// The rows up to the end of the element that has just started.
 std::vector<Row> RowsetReader::readRows() {
     std::vector<Row> rows;
-    while (xml_.next() == Token::Start) {
-        if (xml_.name() != L"z:row") {
+    while (next() == Token::Start) {
+        if (!at(L"z:row")) {
             xml_.refuse("not a row");
         }
         rows.push_back(readRow());
@@ -244,8 +297,8 @@ std::vector<Row> RowsetReader::readRows() {
 
 /// Each original is followed by a row with what has changed in it.
 void RowsetReader::readUpdate() {
-    while (xml_.next() == Token::Start) {
-        if (xml_.name() != L"rs:original") {
+    while (next() == Token::Start) {
+        if (!at(L"rs:original")) {
             xml_.refuse("a change without its original");
         }
         for (Row& original : readRows()) {
@@ -257,8 +310,8 @@ void RowsetReader::readUpdate() {
 
 }  // namespace
 
-Rowset readRowset(std::wstring_view xml) {
-    return RowsetReader(xml).read();
+Rowset readRowset(std::wstring_view xml, const Limits& limits) {
+    return RowsetReader(xml, limits).read();
 }
 
 }  // namespace rowset

@@ -1,6 +1,9 @@
 #include <cstddef>
+#include <stdexcept>
 
 #include "accounts/Rowset.h"
+#include "accounts/XmlReader.h"
+#include "accounts/characters.h"
 
 namespace rowset {
 
@@ -22,23 +25,10 @@ std::size_t bytesOf(wchar_t unit) {
     return point < 0x10000 ? 3 : 4;
 }
 
-std::wstring_view escaped(wchar_t character) {
-    switch (character) {
-        case L'&':
-            return L"&#x26;";
-        case L'\'':
-            return L"&#x27;";
-        case L'"':
-            return L"&#x22;";
-        case L'<':
-            return L"&#x3c;";
-        case L'>':
-            return L"&#x3e;";
-        case L'\xA0':
-            return L"&#xa0;";  // A raw one would be taken for an editor's when the list is read.
-        default:
-            return {};
-    }
+/// A raw non-breaking space would be taken for an editor's when the list is read.
+bool isReferred(wchar_t character) {
+    constexpr std::wstring_view others = L"&'\"<>\xA0";
+    return isControl(character) || others.find(character) != std::wstring_view::npos;
 }
 
 class RowsetWriter {
@@ -51,6 +41,7 @@ class RowsetWriter {
     void endLine();
     void attribute(const std::wstring& name, const std::wstring& value);
     void escape(const std::wstring& text);
+    void reference(wchar_t character);
     void startTag(const Element& element, std::size_t depth);
     void element(const Element& element, std::size_t depth);
     void root(const std::vector<Attribute>& attributes);
@@ -98,13 +89,24 @@ void RowsetWriter::attribute(const std::wstring& name, const std::wstring& value
 
 void RowsetWriter::escape(const std::wstring& text) {
     for (const wchar_t character : text) {
-        if (const std::wstring_view reference = escaped(character); !reference.empty()) {
-            raw(reference);
+        if (isReferred(character)) {
+            reference(character);
         } else {
             text_ += character;
             bytesInLine_ += bytesOf(character);
         }
     }
+}
+
+/// All of them lie below 256.
+void RowsetWriter::reference(wchar_t character) {
+    constexpr std::wstring_view digits = L"0123456789abcdef";
+    raw(L"&#x");
+    if (character >= 0x10) {
+        raw(digits.substr(static_cast<std::size_t>(character) / 0x10, 1));
+    }
+    raw(digits.substr(static_cast<std::size_t>(character) % 0x10, 1));
+    raw(L";");
 }
 
 void RowsetWriter::startTag(const Element& element, std::size_t depth) {
@@ -202,6 +204,21 @@ std::wstring RowsetWriter::write(const Rowset& rowset) {
 
 std::wstring writeRowset(const Rowset& rowset) {
     return RowsetWriter().write(rowset);
+}
+
+std::wstring writeReadable(const Rowset& rowset, const Limits& limits) {
+    std::wstring text = writeRowset(rowset);
+    const auto isReadable = [&] {
+        try {
+            return sameRows(rowset, readRowset(text, limits));
+        } catch (const NotARowset&) {
+            return false;
+        }
+    };
+    if (!isReadable()) {
+        throw std::length_error("The list would be too large to be read again.");
+    }
+    return text;
 }
 
 }  // namespace rowset

@@ -24,7 +24,7 @@ std::wstring listOf(std::int64_t count) {
     AccountRows rows(emptyList);
     for (std::int64_t number = 0; number < count; ++number) {
         rows.add();
-        rows.set(addressOf(number), number % 2 == 0 ? L"Work" : L"R&D <lab>");
+        rows.set({addressOf(number), number % 2 == 0 ? L"Work" : L"R&D <lab>"});
     }
     return rowset::writeRowset(rows.rowset());
 }

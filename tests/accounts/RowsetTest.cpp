@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 #include "accounts/XmlReader.h"
 #include "tests/accounts/listTexts.h"
 
@@ -119,10 +121,57 @@ INSTANTIATE_TEST_SUITE_P(
         ReadCase{"OnlyNonBreakingSpaces",
                  text::replaceAll(listText({{L"a@b.org", L"My Work"}}), L" ", L"\xA0"),
                  {{L"a@b.org", L"My Work"}}},
+        ReadCase{"ZeroIsNoCharacter",
+                 listText(L"<z:row strEmailAddress='a" + std::wstring(1, L'\0') + L"@b.org'/>"),
+                 {{L"a@b.org", L""}}},
         ReadCase{"SortedWithoutRegardToCase",
                  listText({{L"b@x", L"1"}, {L"C@x", L"2"}, {L"A@x", L"3"}, {L"B@X", L"4"}}),
                  {{L"A@x", L"3"}, {L"b@x", L"1"}, {L"B@X", L"4"}, {L"C@x", L"2"}}}),
     [](const auto& test) { return test.param.name; });
+
+/// The text with one prefix in the place of another, wherever names begin; an empty one has no ":".
+std::wstring renamed(std::wstring text, const std::wstring& from, const std::wstring& to) {
+    const std::wstring colon = to.empty() ? L"" : L":";
+    for (const wchar_t* before : {L"<", L"</", L" ", L"\t"}) {
+        text = text::replaceAll(text, before + from + L":", before + to + colon);
+    }
+    return text::replaceAll(text, L"xmlns:" + from + L"=", L"xmlns" + colon + to + L"=");
+}
+
+std::wstring withoutDeclarations(const std::wstring& text) {
+    return L"<xml>" + text.substr(text.find(L"<s:Schema"));
+}
+
+/// A prefix means what it is declared to mean; what is declared nowhere is understood as it usually is.
+TEST(Rowset, GoesByNameSpaces) {
+    const std::wstring usual(pendingChanges);
+    const std::wstring swapped =
+        renamed(renamed(renamed(usual, L"rs", L"other"), L"z", L"rs"), L"other", L"z");
+    const std::wstring inside = text::replaceAll(withoutDeclarations(usual), L"<rs:data",
+                                                 L"<q:data xmlns:q='urn:schemas-microsoft-com:rowset'");
+    const std::wstring cases[] = {
+        renamed(usual, L"s", L"xs"),
+        renamed(usual, L"s", L""),
+        renamed(usual, L"dt", L"types"),
+        renamed(usual, L"rs", L"R"),
+        renamed(usual, L"z", L"row"),
+        renamed(usual, L"z", L""),
+        swapped,
+        withoutDeclarations(usual),
+        text::replaceAll(inside, L"</rs:data", L"</q:data"),
+        text::replaceAll(usual, L"xmlns:rs=", L"xmlns:also='urn:schemas-microsoft-com:rowset' xmlns:rs="),
+        text::replaceAll(usual, L"<z:row strE", L"<y:row xmlns:y='#RowsetSchema' strE"),
+    };
+    for (const std::wstring& text : cases) {
+        ASSERT_NE(text, usual);
+        EXPECT_EQ(writeRowset(readRowset(text)), writeRowset(readRowset(usual))) << text::toUtf8(text);
+    }
+    EXPECT_EQ(writeRowset(readRowset(text::replaceAll(usual, L"uuid:BDC6E3F0-6DA3-11d1-A2A3-00AA00C14882",
+                                                      L"UUID:bdc6e3f0-6da3-11D1-a2a3-00aa00c14882")))
+                  .find(L"xmlns:s='UUID:bdc6e3f0"),
+              5U)
+        << "as it was declared";
+}
 
 std::wstring nested(std::size_t depth) {
     std::wstring text;
@@ -147,6 +196,20 @@ std::wstring manyColumns() {
         text += L"<z:row a" + std::to_wstring(number) + L"=''/>";
     }
     return text;
+}
+
+std::wstring manyNameSpaces() {
+    std::wstring text = L"<xml";
+    for (int number = 0; number < 9'000; ++number) {
+        text += L" xmlns:a" + std::to_wstring(number) + L"='b'";
+    }
+    return text + std::wstring(emptyList).substr(4);
+}
+
+/// What precedes the rows, made longer by a value.
+std::wstring longFrame(std::size_t length, wchar_t character) {
+    return text::replaceAll(emptyList, L"rs:updatable='true'",
+                            L"rs:updatable='true' later='" + std::wstring(length, character) + L"'");
 }
 
 TEST(Rowset, RefusesWhatIsNone) {
@@ -198,6 +261,18 @@ TEST(Rowset, RefusesWhatIsNone) {
         listText(manyAttributes()),
         listText(manyColumns()),
         nested(100'000),
+        text::replaceAll(emptyList, L"#RowsetSchema", L"urn:other"),
+        text::replaceAll(emptyList, L"urn:schemas-microsoft-com:rowset", L"urn:other"),
+        text::replaceAll(emptyList, L"uuid:BDC6E3F0-6DA3-11d1-A2A3-00AA00C14882", L"urn:other"),
+        text::replaceAll(listText(L"<z:row/>"), L"<z:row/>", L"<z:row xmlns:z='urn:other'/>"),
+        text::replaceAll(listText(L"<z:row/>"), L"<z:row/>", L"<y:row xmlns:y='urn:other'/>"),
+        text::replaceAll(listText(L"<z:row/>"), L"<z:row/>", L"<row/>"),
+        listText(L"<z:row xmlns:q='urn:schemas-microsoft-com:rowset' q:a='' rs:a=''/>"),
+        listText(L"<z:row str\x1='Work'/>"),
+        listText(L"<z:row str\x85='Work'/>"),
+        listText(L"<z:row a" + std::wstring(1, L'\0') + L"b='Work'/>"),
+        manyNameSpaces(),
+        longFrame(1'100'000, L'x'),
     };
     for (const std::wstring& text : cases) {
         EXPECT_THROW(AccountRows{text}, NotARowset) << text::toUtf8(text.substr(0, 3000));
@@ -222,7 +297,7 @@ TEST(Rowset, KeepsEveryCharacter) {
     const auto add = [&](const std::wstring& value) {
         entries.emplace_back(std::to_wstring(100'000 + entries.size()), value);
         rows.add();
-        rows.set(entries.back().first, entries.back().second);
+        rows.set({entries.back().first, entries.back().second});
     };
     add(L"");
     add(L"  two  spaces  ");
@@ -231,6 +306,35 @@ TEST(Rowset, KeepsEveryCharacter) {
         add(std::wstring(2, character));
     }
     EXPECT_EQ(entriesOf(AccountRows(writeRowset(rows.rowset()))), entries);
+}
+
+/// XML has no other way to hold them: raw ones are spaces to other readers, or none of XML's characters.
+TEST(Rowset, WritesNoControlCharacterRaw) {
+    AccountRows rows(emptyList);
+    rows.add();
+    rows.set({L"a", L"\t\r\n\x1\x1f\x7f\x9f\xa0"});
+    const std::wstring text = writeRowset(rows.rowset());
+    EXPECT_NE(text.find(L"strAccount='&#x9;&#xd;&#xa;&#x1;&#x1f;&#x7f;&#x9f;&#xa0;'"), std::wstring::npos)
+        << text::toUtf8(text);
+}
+
+/// References take more room than what they stand for.
+TEST(Rowset, CanReadWhatItHasWritten) {
+    AccountRows rows(longFrame(170'000, L'>'));
+    rows.add();
+    rows.set({L"a@b.org", L"Work"});
+    const std::wstring text = rowset::writeReadable(rows.rowset());
+    EXPECT_GT(text.size(), 1'000'000U);
+    EXPECT_EQ(AccountRows(text).count(), 1U);
+
+    // The row has one attribute more than may be read.
+    rowset::Limits limits;
+    limits.mostAttributes = 6;
+    AccountRows wide(listText(L"<z:row a='' b='' c='' d='' e=''/>"), {.mostAttributes = 8});
+    wide.set({L"a@b.org", L"Work"});
+    EXPECT_THROW(rowset::writeReadable(wide.rowset(), limits), std::length_error);
+    limits.mostAttributes = 8;
+    EXPECT_NO_THROW(rowset::writeReadable(wide.rowset(), limits));
 }
 
 /// A line is broken before an attribute once it holds 108 bytes of UTF-8.
@@ -249,7 +353,7 @@ TEST(Rowset, BreaksLongLines) {
     for (const auto& [address, broken] : cases) {
         AccountRows rows(emptyList);
         rows.add();
-        rows.set(address, L"Work");
+        rows.set({address, L"Work"});
         const std::wstring text = writeRowset(rows.rowset());
         EXPECT_EQ(text.find(L"'\r\n\t\t strAccount='Work'/>\r\n") != std::wstring::npos, broken);
         EXPECT_EQ(text.find(L"' strAccount='Work'/>\r\n") != std::wstring::npos, !broken);
@@ -267,7 +371,7 @@ TEST(Rowset, KeepsWhatItDoesNotKnow) {
         L"<rs:data new='2'><z:row later='x' c3='2030-01-01' strAccount='Work' strEmailAddress='b@b.org'/>");
     AccountRows rows(newer);
     rows.add();
-    rows.set(L"a@b.org", L"Home");
+    rows.set({L"a@b.org", L"Home"});
     const std::wstring text = writeRowset(rows.rowset());
 
     for (const wchar_t* expected :
