@@ -63,6 +63,9 @@ void Step::run() {
         return;  // A list that cannot be read has nothing to say, and nothing can be added to it.
     }
     const basSendAcct::Membership membership = basSendAcct::ListMembership(globals_, list_, item_);
+    if (!list_.isLoaded()) {
+        return;  // Another send, inside of one of the calls, could not read it: nobody is known to be on it.
+    }
     address_ = membership.address;
     if (membership.listed) {
         useListed();

@@ -1,12 +1,9 @@
 #include "accounts/clsSendAcct.h"
 
 #include <algorithm>
-#include <optional>
 #include <utility>
 
-#include "accounts/XmlReader.h"
-#include "accounts/listMessages.h"
-#include "mail/SafeItems.h"
+#include "accounts/characters.h"
 #include "mail/errorTrap.h"
 #include "platform/number.h"
 #include "platform/text.h"
@@ -18,24 +15,13 @@ namespace {
 /// What the columns hold at most, in the units of the stored text.
 constexpr std::size_t longestValue = 255;
 
+constexpr wchar_t noCurrentRecord[] = L"Cannot go to Edit mode as there is no current record";
+
 /// The number that data-access objects give a position outside of the rows.
 constexpr std::int32_t badArgument = 3001;
 
-/// The row of `list` that is the same as the current one of `former`: in most cases at the same place.
-std::optional<std::size_t> sameRow(const AccountRows& list, const AccountRows& former) {
-    const std::size_t current = former.position();
-    const auto isSame = [&](std::size_t row) {
-        return list.address(row) == former.address(current) && list.account(row) == former.account(current);
-    };
-    if (current < list.count() && isSame(current)) {
-        return current;
-    }
-    for (std::size_t row = 0; row < list.count(); ++row) {
-        if (isSame(row)) {
-            return row;
-        }
-    }
-    return std::nullopt;
+bool hasControl(const std::wstring& value) {
+    return std::ranges::any_of(value, rowset::isControl);
 }
 
 }  // namespace
@@ -80,7 +66,7 @@ bool clsSendAcct::Edit() {
     if (hasCurrentRow()) {
         editMode_ = EditMode::Edit;
     } else {
-        fail(L"Cannot go to Edit mode as there is no current record");
+        fail(noCurrentRecord);
     }
     return true;
 }
@@ -96,18 +82,28 @@ bool clsSendAcct::Update() {
         return fail(
             L"Email Address cannot be saved because it or its account is longer than 255 characters.");
     }
-    // Copies: a question that comes up while the list is stored may lead to another send, which uses these.
-    const auto write = [address = strEmailAddress, account = strAccount](AccountRows& list) {
-        list.set({address, account});
-    };
+    if (hasControl(strEmailAddress) || hasControl(strAccount)) {
+        return fail(
+            L"Email Address cannot be saved because it or its account contains a control character, such as "
+            L"a "
+            L"tab or a line break.");
+    }
+    // Outlook may deliver another send inside of any call, which uses the current values too.
+    const AccountEntry entry{strEmailAddress, strAccount};
+    if (!store(entry)) {
+        return false;
+    }
+    strEmailAddress = entry.address;
+    strAccount = entry.account;
+    return true;
+}
+
+bool clsSendAcct::store(const AccountEntry& entry) {
     switch (editMode_) {
         case EditMode::Edit:
-            return changeCurrentRow(write);
+            return hasCurrentRow() ? change(ListChange::replacement(*list_, entry)) : fail(noCurrentRecord);
         case EditMode::Add:
-            return change([&](AccountRows& list) {
-                list.add();
-                write(list);
-            });
+            return change(ListChange::addition(entry));
         case EditMode::None:
             break;
     }
@@ -116,48 +112,7 @@ bool clsSendAcct::Update() {
 
 bool clsSendAcct::Delete() {
     ErrorReport.clear();
-    if (!hasCurrentRow()) {
-        return fail(L"No active record to delete");
-    }
-    return changeCurrentRow([](AccountRows& list) { list.remove(); });
-}
-
-bool clsSendAcct::changeCurrentRow(const std::function<void(AccountRows&)>& edit) {
-    if (!hasCurrentRow()) {
-        return fail(L"Cannot go to Edit mode as there is no current record");
-    }
-    return change([&](AccountRows& list) {
-        const auto row = sameRow(list, *list_);
-        if (!row) {
-            throw automation::Error(badArgument, listMessages::changedMeanwhile);
-        }
-        list.moveTo(*row);
-        edit(list);
-    });
-}
-
-/// Edits the list as it is stored now. Only once it is stored does it take the place of the one in memory.
-bool clsSendAcct::change(const std::function<void(AccountRows&)>& edit) {
-    try {
-        if (globals_.settingsFolder.empty() && !CreatePostrouteFolder()) {
-            return fail(listMessages::notSaved);
-        }
-        const outlook::Item item = requireItem();
-        if (!item) {
-            return fail(listMessages::folderNotFound(globals_.settingsFolder));
-        }
-        AccountRows list(redemption::SafeItem(globals_.platform.automation, item).body());
-        edit(list);
-        if (!EmailAddressMailSave(list.rowset(), globals_.settingsFolder)) {
-            return fail(listMessages::notSaved);
-        }
-        list_ = std::make_unique<AccountRows>(std::move(list));
-        return true;
-    } catch (const rowset::NotARowset&) {
-        return fail(listMessages::corrupted(globals_.settingsFolder));
-    } catch (...) {
-        return fail(basGlobals::currentError().description());
-    }
+    return hasCurrentRow() ? change(ListChange::removal(*list_)) : fail(L"No active record to delete");
 }
 
 bool clsSendAcct::fail(std::wstring report) {

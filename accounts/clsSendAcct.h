@@ -1,11 +1,12 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
-#include "accounts/AccountRows.h"
+#include "accounts/ListChange.h"
+#include "accounts/listFolder.h"
 #include "mail/Globals.h"
 #include "platform/outlook.h"
 
@@ -20,8 +21,9 @@ inline constexpr wchar_t answerCancel[] = L"CANCEL";
 ///
 /// The list is stored as text in the body of one mail item of the user's own mailbox. It is held in memory
 /// from one load to the next; a change is made to the list as it is stored at that moment, since another
-/// Outlook on the same mailbox may have changed it meanwhile, and the whole of it is written back at once. A
-/// body that is no list is never written over. No operation throws.
+/// Outlook on the same mailbox may have changed it meanwhile, and the whole of it is written back at once,
+/// unless it has been stored anew just then: the change is made again to that. A body that is no list is
+/// never written over. No operation throws.
 class clsSendAcct {
   public:
     explicit clsSendAcct(basGlobals::Globals& globals) : globals_(globals) {}
@@ -53,6 +55,7 @@ class clsSendAcct {
     bool LoadList();
 
     // The list in memory.
+    bool isLoaded() const { return list_ != nullptr; }
     /// 0 while no list is loaded.
     std::size_t count() const { return list_ ? list_->count() : 0; }
     /// Of the row below count(), without moving to it. An address or account that is null reads as empty.
@@ -100,14 +103,28 @@ class clsSendAcct {
   private:
     enum class EditMode { None, Add, Edit };
 
-    outlook::Item requireItem();
+    /// What an attempt to change the stored list has come to.
+    struct ChangeAttempt {
+        /// The list that was to be replaced.
+        std::wstring before;
+        /// The one that was written, yet stands there no more; nothing where nothing was.
+        std::optional<AccountRows> written;
+        /// Whether Outlook refused to save it, and why.
+        bool refused = false;
+        std::wstring error;
+    };
+
+    listFolder::Place requirePlace();
     outlook::Item makeItem(const outlook::Folder& folder);
-    void load(const outlook::Item& item);
-    bool change(const std::function<void(AccountRows&)>& edit);
-    bool changeCurrentRow(const std::function<void(AccountRows&)>& edit);
+    bool change(const ListChange& wanted);
+    std::optional<bool> changeOnce(const ListChange& wanted, ChangeAttempt& former);
+    bool keep(AccountRows rows);
+    bool store(const AccountEntry& entry);
     bool hasCurrentRow() const { return list_ && !list_->atEnd(); }
     void takeCurrentValues();
     bool fail(std::wstring report);
+    void showItemMissing() const;
+    void showNotSaved(const std::wstring& why) const;
     void show(const std::wstring& prompt, platform::Icon icon, const std::wstring& title) const;
 
     basGlobals::Globals& globals_;

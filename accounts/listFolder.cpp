@@ -1,6 +1,7 @@
 #include "accounts/listFolder.h"
 
 #include <array>
+#include <utility>
 
 #include "mail/errorTrap.h"
 #include "platform/text.h"
@@ -50,19 +51,30 @@ Folder searchedChild(const Folder& parent, const std::wstring& name) {
     return {};
 }
 
-outlook::Item listItem(const Folder& folder) {
+/// With what it holds. Throws automation::Error.
+Place placeOf(const Folder& folder) {
+    Place place{folder, {}, folder ? listItems(folder) : std::vector<outlook::Item>()};
+    if (!place.others.empty()) {
+        place.item = place.others.front();
+        place.others.erase(place.others.begin());
+    }
+    return place;
+}
+
+}  // namespace
+
+std::vector<outlook::Item> listItems(const Folder& folder) {
+    std::vector<outlook::Item> found;
     const auto items = folder.items();
     const std::int32_t count = items.count();
     for (std::int32_t index = 1; index <= count; ++index) {
         outlook::Item item = items.item(index);
         if (item.subject() == listSubject) {
-            return item;
+            found.push_back(std::move(item));
         }
     }
-    return {};
+    return found;
 }
-
-}  // namespace
 
 /// The folder is made under the name that the resource library gives its parent, but does not stay there: the
 /// start-up moves it once from "Tarnwell Settings" to "Corvane Settings". Taking it for missing then would
@@ -74,21 +86,20 @@ Place find(const Globals& globals) {
     const std::array<std::wstring, 3> parents{parentName(globals), newParentName, oldParentName};
     for (const std::wstring& parent : parents) {  // As a rule it is found here, with few calls.
         if (const Folder folder = childByName(childByName(root, parent), name)) {
-            if (const outlook::Item item = listItem(folder)) {
-                return {folder, item};
+            if (Place place = placeOf(folder); place.item) {
+                return place;
             }
         }
     }
     Place found;
     for (const std::wstring& candidate : parents) {
         const Folder parent = searchedChild(root, candidate);
-        const Folder folder = parent ? searchedChild(parent, name) : Folder();
-        const outlook::Item item = folder ? listItem(folder) : outlook::Item();
-        if (item || (folder && !found.folder)) {
-            found = {folder, item};
+        Place place = placeOf(parent ? searchedChild(parent, name) : Folder());
+        if (place.item) {
+            return place;
         }
-        if (item) {
-            break;
+        if (!found.folder) {
+            found = std::move(place);
         }
     }
     return found;

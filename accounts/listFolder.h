@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "mail/Globals.h"
 #include "platform/outlook.h"
@@ -20,11 +21,16 @@ struct Place {
     outlook::Folder folder;
     /// The item that holds the list; nothing when the folder has none.
     outlook::Item item;
+    /// More items of the list's subject.
+    std::vector<outlook::Item> others;
 };
 
 /// Looks for the folder in the places where it can be. Throws automation::Error when the mailbox cannot be
 /// searched: what could not be seen does not count as missing.
 Place find(const basGlobals::Globals& globals);
+
+/// The items of a folder that have the subject of the list, in their order. Throws automation::Error.
+std::vector<outlook::Item> listItems(const outlook::Folder& folder);
 
 /// Adds the folder, and its parent when that is missing too. Throws automation::Error.
 outlook::Folder make(const basGlobals::Globals& globals);

@@ -7,6 +7,14 @@ namespace listMessages {
 
 inline constexpr wchar_t notSaved[] = L"The list could not be saved. It is as it was before.";
 
+/// Saving has failed, and so has taking it back.
+inline constexpr wchar_t maybeSaved[] =
+    L"The list could not be saved, and it is not certain that the change has been taken back altogether. "
+    L"Please look at the list once Outlook can reach it again.";
+
+inline constexpr wchar_t alwaysOvertaken[] =
+    L"The list could not be saved, because it is being changed elsewhere at the same time. Please try again.";
+
 inline constexpr wchar_t changedMeanwhile[] = L"This record has been changed or deleted meanwhile.";
 
 inline std::wstring corrupted(const std::wstring& folderPath) {

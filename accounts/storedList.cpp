@@ -1,46 +1,77 @@
 #include <utility>
 
+#include "accounts/ListChange.h"
 #include "accounts/XmlReader.h"
 #include "accounts/clsSendAcct.h"
-#include "accounts/emptyList.h"
+#include "accounts/listBody.h"
 #include "accounts/listFolder.h"
 #include "accounts/listMessages.h"
-#include "mail/MapiSession.h"
 #include "mail/SafeItems.h"
 #include "mail/errorTrap.h"
 
-/// The list in the user's mailbox: the item that holds it, and its folder.
+/// The list as it is stored in the user's mailbox.
 namespace {
 
-using basGlobals::attempt;
 using basGlobals::ErrorReport;
-using basGlobals::skipErrors;
+using basGlobals::Globals;
+using listBody::Outcome;
 using platform::Icon;
 
-constexpr std::int32_t mailItem = 0;
+/// How often a change is made anew because somebody else has stored the list meanwhile.
+constexpr int mostAttempts = 5;
 
-/// Writes all of the body or none of it: an item that could not be saved would go on showing, and Outlook
-/// perhaps save later, what was only meant to be stored.
-void replaceBody(const redemption::SafeItem& item, const std::wstring& before, std::wstring_view body) {
-    try {
-        item.setBody(body);
-        item.save();
-    } catch (...) {
-        skipErrors([&] {
-            item.setBody(before);
-            item.save();
-        });
-        throw;
+redemption::SafeItem safe(const Globals& globals, const outlook::Item& item) {
+    return {globals.platform.automation, item};
+}
+
+/// What the items hold that have the subject of the list.
+struct StoredLists {
+    /// Of the first one, which is the one in use.
+    std::wstring body;
+    /// Its rows, and those of the others that it has not.
+    AccountRows rows;
+    /// Those others; an item that holds no list is none of them.
+    std::vector<outlook::Item> others;
+};
+
+StoredLists readLists(const Globals& globals, const listFolder::Place& place) {
+    const std::wstring body = safe(globals, place.item).body();
+    StoredLists lists{body, AccountRows(body), {}};
+    for (const outlook::Item& other : place.others) {
+        const std::wstring text = safe(globals, other).body();
+        try {
+            lists.rows.takeMissing(AccountRows(text));
+            lists.others.push_back(other);
+        } catch (const rowset::NotARowset&) {
+            continue;
+        }
     }
+    return lists;
+}
+
+/// Makes one item of several: two Outlooks that begin on a mailbox at the same moment each make their own.
+/// Until it is done no entry can be deleted for good, as another item may still hold it. Throws
+/// automation::Error when it cannot be done; false when somebody else was quicker.
+bool unite(const Globals& globals, const outlook::Item& first, StoredLists& lists) {
+    if (lists.others.empty()) {
+        return true;
+    }
+    std::wstring text = rowset::writeReadable(lists.rows.rowset());
+    const listBody::Result result = listBody::replace(safe(globals, first), lists.body, text);
+    if (result.outcome == Outcome::Overtaken || result.outcome == Outcome::Overwritten) {
+        return false;
+    }
+    if (result.outcome != Outcome::Stored) {
+        throw automation::Error(automation::errors::failed, result.error);
+    }
+    for (const outlook::Item& other : lists.others) {
+        other.object().call(L"Delete");
+    }
+    lists.body = std::move(text);
+    return true;
 }
 
 }  // namespace
-
-void clsSendAcct::Initialise() {
-    if (const outlook::Folder folder = GetDefaultFolder()) {
-        globals_.settingsFolder = listFolder::pathOf(globals_, folder);
-    }
-}
 
 bool clsSendAcct::LoadList() {
     return !globals_.settingsFolder.empty() && EmailAddressListMailOpen(globals_.settingsFolder);
@@ -49,13 +80,15 @@ bool clsSendAcct::LoadList() {
 bool clsSendAcct::EmailAddressListMailOpen(const std::wstring& folderPath) {
     list_.reset();
     const auto open = [&] {
-        const listFolder::Place place = listFolder::find(globals_);
+        const listFolder::Place place = requirePlace();
         if (!place.folder) {
             show(listMessages::folderNotFound(folderPath), Icon::Critical, globals_.product.title);
             return false;
         }
         try {
-            load(place.item ? place.item : makeItem(place.folder));
+            StoredLists lists = readLists(globals_, place);
+            basGlobals::skipErrors([&] { unite(globals_, place.item, lists); });
+            list_ = std::make_unique<AccountRows>(std::move(lists.rows));
             return true;
         } catch (const rowset::NotARowset&) {
             show(listMessages::corrupted(folderPath), Icon::Information, L"Veltro");
@@ -66,101 +99,103 @@ bool clsSendAcct::EmailAddressListMailOpen(const std::wstring& folderPath) {
                                   false);
 }
 
-void clsSendAcct::load(const outlook::Item& item) {
-    list_ = std::make_unique<AccountRows>(redemption::SafeItem(globals_.platform.automation, item).body());
-}
-
 bool clsSendAcct::EmailAddressMailSave(const rowset::Rowset& rows, const std::wstring& folderPath) {
     try {
-        const outlook::Item item = requireItem();
+        const std::wstring text = rowset::writeReadable(rows);
+        const outlook::Item item = requirePlace().item;
         if (!item) {
-            show(L"Unable to find mail item that is used to save e-mail addresses", Icon::Critical,
-                 L"Error: ProjectListMailSave - " + globals_.product.title);
+            showItemMissing();
             return false;
         }
-        const redemption::SafeItem safe(globals_.platform.automation, item);
-        const std::wstring before = safe.body();
+        const redemption::SafeItem mail = safe(globals_, item);
+        const std::wstring before = mail.body();
         static_cast<void>(AccountRows(before));  // What is no list may be something the user can still mend.
-        replaceBody(safe, before, rowset::writeRowset(rows));
-        return true;
+        const listBody::Result result = listBody::replace(mail, before, text);
+        if (result.outcome == Outcome::Stored) {
+            return true;
+        }
+        showNotSaved(result.error.empty() ? listMessages::alwaysOvertaken : result.error);
     } catch (const rowset::NotARowset&) {
         show(listMessages::corrupted(folderPath), Icon::Information, L"Veltro");
     } catch (...) {
-        show(L"Error:EmailAddressMailSave - " + basGlobals::currentError().description(), Icon::Critical,
-             globals_.product.title);
+        showNotSaved(basGlobals::currentError().description());
     }
     return false;
 }
 
-outlook::Item clsSendAcct::EmailAddressListMailGet() {
-    return basGlobals::trapErrors(globals_, ErrorReport::usual(L"clsSendAcct.EmailAddressListMailGet"),
-                                  [&] { return requireItem(); }, {});
-}
-
-/// Nothing without a folder. Throws automation::Error.
-outlook::Item clsSendAcct::requireItem() {
-    const listFolder::Place place = listFolder::find(globals_);
-    return place.item || !place.folder ? place.item : makeItem(place.folder);
-}
-
-outlook::Item clsSendAcct::EmailAddressListMailMake(const outlook::Folder& folder) {
-    return basGlobals::trapErrors(globals_, ErrorReport::usual(L"clsSendAcct.EmailAddressListMailMake"),
-                                  [&] { return makeItem(folder); }, {});
-}
-
-outlook::Item clsSendAcct::makeItem(const outlook::Folder& folder) {
-    const outlook::Item draft(globals_.outlook.object().call(L"CreateItem", mailItem).toObject());
+/// Makes the change to the list as it is stored now. Only once it is stored does it take the place of the one
+/// in memory.
+bool clsSendAcct::change(const ListChange& wanted) {
+    ChangeAttempt attempt;
     try {
-        draft.setSubject(listFolder::listSubject);
-        const redemption::SafeItem safe(globals_.platform.automation, draft);
-        safe.setBody(emptyList);
-        if (!globals_.googleApps) {  // Its connector would carry the draft to the server before it is moved.
-            safe.save();
+        if (globals_.settingsFolder.empty() && !CreatePostrouteFolder()) {
+            return fail(listMessages::notSaved);
         }
-        outlook::Item item(draft.object().call(L"Move", folder.object()).toObject());
-        MarkMailAsRead(item);
-        return item;
+        for (int number = 0; number < mostAttempts; ++number) {
+            if (const auto done = changeOnce(wanted, attempt)) {
+                return *done;
+            }
+        }
+        return fail(attempt.written ? listMessages::maybeSaved : listMessages::alwaysOvertaken);
+    } catch (const rowset::NotARowset&) {
+        return fail(listMessages::corrupted(globals_.settingsFolder));
     } catch (...) {
-        skipErrors([&] { draft.object().call(L"Delete"); });  // It may lie among the user's drafts.
-        throw;
+        return fail(attempt.written ? listMessages::maybeSaved : basGlobals::currentError().description());
     }
 }
 
-/// So that the folder shows no unread count; one that stays is not worth a message.
-void clsSendAcct::MarkMailAsRead(const outlook::Item& item) {
-    skipErrors([&] {
-        const redemption::MapiCleanUp cleanUp(globals_.platform.automation);
-        const redemption::Session session(globals_);
-        const outlook::Folder folder(item.object().get(L"Parent").toObject());
-        session.message(item.entryId(), folder.storeId()).put(L"UnRead", false);
-    });
-}
-
-bool clsSendAcct::CreatePostrouteFolder(Asked asked) {
-    try {
-        outlook::Folder folder = listFolder::find(globals_).folder;
-        const bool existed = static_cast<bool>(folder);
-        if (!existed) {
-            folder = listFolder::make(globals_);
-        }
-        const std::wstring path = globals_.settingsFolder = listFolder::pathOf(globals_, folder);
-        const std::wstring& title = globals_.product.title;
-        if (!existed) {
-            show(title + L" has created the following folder in Outlook for you:\r\n" + path +
-                     L"\r\n\r\nThis folder is used to save your " + title +
-                     L" Settings.\r\nPlease do not delete or change the folder or the e-mails in it.",
-                 Icon::Information, title);
-        } else if (asked == Asked::ByUser) {
-            show(L"The folder " + path + L" is there already.", Icon::Information,
-                 L"Folder already exists - Veltro");
-        }
-        return true;
-    } catch (...) {
-        show(L"Unable to create the folder.", Icon::Critical, globals_.product.title);
-        return false;
+/// Nothing when it is to be tried again with what is stored then. The items are found anew each time: what
+/// another Outlook has stored shows in those that have been opened since.
+std::optional<bool> clsSendAcct::changeOnce(const ListChange& wanted, ChangeAttempt& former) {
+    const listFolder::Place place = requirePlace();
+    if (!place.item) {
+        showItemMissing();
+        return fail(listMessages::notSaved);
     }
+    StoredLists lists = readLists(globals_, place);
+    if (former.written && wanted.isIn(lists.rows, *former.written)) {
+        return keep(std::move(lists.rows));
+    }
+    if (former.refused && listBody::holdSameList(lists.body, former.before)) {
+        showNotSaved(former.error);
+        return fail(listMessages::notSaved);
+    }
+    if (!unite(globals_, place.item, lists)) {
+        return std::nullopt;
+    }
+    if (!wanted.applyTo(lists.rows)) {
+        return fail(listMessages::changedMeanwhile);
+    }
+    const std::wstring text = rowset::writeReadable(lists.rows.rowset());
+    const listBody::Result result = listBody::replace(safe(globals_, place.item), lists.body, text);
+    former = {std::move(lists.body), std::nullopt, result.outcome == Outcome::Refused, result.error};
+    switch (result.outcome) {
+        case Outcome::Stored:
+            return keep(std::move(lists.rows));
+        case Outcome::Overwritten:
+            former.written = std::move(lists.rows);
+            break;
+        case Outcome::Uncertain:
+            showNotSaved(result.error);
+            return fail(listMessages::maybeSaved);
+        case Outcome::Overtaken:
+        case Outcome::Refused:
+            break;
+    }
+    return std::nullopt;
 }
 
-outlook::Folder clsSendAcct::GetDefaultFolder() {
-    return attempt([&] { return listFolder::find(globals_).folder; }).value_or(outlook::Folder());
+bool clsSendAcct::keep(AccountRows rows) {
+    list_ = std::make_unique<AccountRows>(std::move(rows));
+    ErrorReport.clear();
+    return true;
+}
+
+void clsSendAcct::showItemMissing() const {
+    show(L"Unable to find mail item that is used to save e-mail addresses", Icon::Critical,
+         L"Error: ProjectListMailSave - " + globals_.product.title);
+}
+
+void clsSendAcct::showNotSaved(const std::wstring& why) const {
+    show(L"Error:EmailAddressMailSave - " + why, Icon::Critical, globals_.product.title);
 }

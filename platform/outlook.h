@@ -27,6 +27,7 @@ inline constexpr std::int32_t distributionList = 69;
 namespace folderId {
 inline constexpr std::int32_t outbox = 4;
 inline constexpr std::int32_t inbox = 6;
+inline constexpr std::int32_t drafts = 16;
 }  // namespace folderId
 
 /// EditorType of an item window. From version 12 on it is Word in every window.

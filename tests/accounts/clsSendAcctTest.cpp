@@ -212,6 +212,16 @@ TEST(StoredList, SaysWhyItCannotBeChanged) {
     EXPECT_FALSE(world.add(L"   ", L"Work"));
     EXPECT_EQ(world.list.ErrorReport, L"Email Address cannot be saved because it has not been entered.");
     EXPECT_FALSE(world.add(std::wstring(256, L'a'), L"Work"));
+    for (const wchar_t control : {L'\t', L'\n', L'\x1', L'\x7F', L'\x85'}) {
+        for (const Entries::value_type& entry : {Entries::value_type(std::wstring(L"a") + control, L"Work"),
+                                                 {L"a", std::wstring(L"W") + control}}) {
+            EXPECT_FALSE(world.add(entry.first, entry.second));
+            EXPECT_EQ(
+                world.list.ErrorReport,
+                L"Email Address cannot be saved because it or its account contains a control character, "
+                L"such as a tab or a line break.");
+        }
+    }
     EXPECT_TRUE(world.add(std::wstring(255, L'a'), L"Work"));
     EXPECT_TRUE(world.list.ErrorReport.empty());
 }
@@ -256,6 +266,34 @@ TEST(ListFolder, IsMadeAndToldOf) {
     EXPECT_FALSE(refused.list.CreatePostrouteFolder());
     ASSERT_EQ(refused.log.messages.size(), 1U);
     EXPECT_EQ(refused.log.messages[0].text, L"Unable to create the folder.");
+}
+
+/// Nor with a row that grows beyond what can be read.
+TEST(StoredList, IsNotSavedAsWhatCannotBeReadAgain) {
+    std::wstring columns;
+    std::wstring row = L"<z:row";
+    for (int number = 0; number < 9'999; ++number) {
+        const std::wstring name = L"c" + std::to_wstring(number);
+        columns += L"<s:AttributeType name='" + name + L"' rs:number='9'/>";
+        row += L" " + name + L"=''";
+    }
+    const std::wstring body = text::replaceAll(listText(row + L"/>"), L"<s:extends", columns + L"<s:extends");
+    AccountsWorld world(profileWith(body));
+    ASSERT_EQ(world.list.count(), 1U);
+    EXPECT_FALSE(world.change(1, L"ann@example.org", L"Work"));
+    EXPECT_EQ(world.list.ErrorReport, L"The list would be too large to be read again.");
+    EXPECT_EQ(world.storedBody(), body);
+}
+
+TEST(ListFolder, IsMissedWhenTheListIsToBeSaved) {
+    AccountsWorld world(twoEntries, {L"Error: ProjectListMailSave - Veltro=OK"});
+    world.list.GetDefaultFolder().remove();
+    EXPECT_FALSE(world.add(L"cy@example.org", L"Work"));
+    ASSERT_EQ(world.log.messages.size(), 1U);
+    EXPECT_EQ(world.log.messages[0].title, L"Error: ProjectListMailSave - Veltro");
+    EXPECT_EQ(world.log.messages[0].style.icon, platform::Icon::Critical);
+    EXPECT_EQ(world.log.messages[0].text, L"Unable to find mail item that is used to save e-mail addresses");
+    EXPECT_EQ(world.list.ErrorReport, L"The list could not be saved. It is as it was before.");
 }
 
 TEST(ListFolder, IsMissedOnceItWasKnown) {

@@ -254,6 +254,27 @@ TEST(Overlap, OutlookReleasedMeanwhileEndsTheStepAndStoresNothing) {
     }
 }
 
+/// Nobody is offered to be added again because another send, inside of a call, could not read the list.
+TEST(Overlap, AListThatCannotBeReadInsideOfACallOffersNobody) {
+    bool happened = true;
+    for (std::size_t call = 1; happened; ++call) {
+        OverlapWorld world(profileOf(listed), {ok});
+        world.settings.write(L"DoNotShowSelect", L"1");
+        happened = false;
+        world.outlook.duringCall(call, [&] {
+            happened = true;
+            if (const auto opened = world.here.sendAccounts) {
+                world.outlook.failCall(1);
+                opened->LoadList();
+                world.outlook.failCall(0);
+            }
+        });
+        const Sent sent = world.send(bob);
+        EXPECT_TRUE(sent == fromHome || sent == fromWork) << "call " << call;
+        world.outlook.duringCall(0, nullptr);
+    }
+}
+
 TEST(Overlap, ChangesOfAnotherOutlookCountAtTheNextSend) {
     OverlapWorld world(profileOf(listed), {});
     world.settings.write(L"DoNotShowSelect", L"1");

@@ -325,6 +325,29 @@ TEST(AccountListWindow, TakesEntriesInOneVisitAfterTheOther) {
     EXPECT_EQ(body(bench), written({bob, {L"cy@x.org", none}, {L"dan@x.org", none}, {L"ann@x.org", none}}));
 }
 
+/// Outlook delivers a send of another window inside of one of the calls, which loads the list.
+TEST(AccountListWindow, ChangesTheChosenEntryWhateverIsSentMeanwhile) {
+    const struct {
+        Answers answers;
+        Entries stored;
+    } cases[] = {{{chosen(bobLine, L"cmdDelete"), yes, closeList}, {ann, cy}},
+                 {{chosen(bobLine, L"cmdEdit"), toHome, closeList}, {ann, {L"bob@x.org", L"Home"}, cy}}};
+    for (const auto& [answers, stored] : cases) {
+        bool sent = true;
+        for (std::size_t call = 1; sent; call += 3) {
+            Bench bench(given(listText(three), answers));
+            sent = false;
+            bench.outlook().duringCall(call, [&] {
+                EXPECT_EQ(bench.send(plainMail()).state, host::SendState::Sent);
+                sent = true;
+            });
+            openList(bench);
+            bench.outlook().duringCall(0, nullptr);
+            EXPECT_EQ(body(bench), written(stored)) << "call " << call;
+        }
+    }
+}
+
 TEST(AccountListWindow, HoldsHundreds) {
     Entries many;
     for (int number = 1; number <= 300; ++number) {

@@ -1,0 +1,151 @@
+#include "accounts/XmlReader.h"
+#include "accounts/clsSendAcct.h"
+#include "accounts/emptyList.h"
+#include "accounts/listFolder.h"
+#include "mail/MapiSession.h"
+#include "mail/SafeItems.h"
+#include "mail/errorTrap.h"
+
+/// The item that holds the list, and its folder.
+namespace {
+
+using basGlobals::attempt;
+using basGlobals::ErrorReport;
+using basGlobals::Globals;
+using basGlobals::skipErrors;
+using platform::Icon;
+
+constexpr std::int32_t mailItem = 0;
+
+bool holdsList(const Globals& globals, const outlook::Item& item) {
+    return skipErrors([&] { AccountRows(redemption::SafeItem(globals.platform.automation, item).body()); });
+}
+
+/// An item of the list's that was made, but could be neither moved to its folder nor deleted: it lies among
+/// the user's drafts, of which one may have the same subject.
+outlook::Item leftDraft(const Globals& globals) {
+    const auto search = [&]() -> outlook::Item {
+        const outlook::Folder drafts =
+            globals.outlook.mapiNameSpace().defaultFolder(outlook::folderId::drafts);
+        for (const outlook::Item& item : listFolder::listItems(drafts)) {
+            if (holdsList(globals, item)) {
+                return item;
+            }
+        }
+        return {};
+    };
+    return attempt(search).value_or(outlook::Item());
+}
+
+outlook::Item moved(const outlook::Item& draft, const outlook::Folder& folder) {
+    return outlook::Item(draft.object().call(L"Move", folder.object()).toObject());
+}
+
+/// A new item with an empty list, in the folder.
+outlook::Item newItem(const Globals& globals, const outlook::Folder& folder) {
+    const outlook::Item draft(globals.outlook.object().call(L"CreateItem", mailItem).toObject());
+    try {
+        draft.setSubject(listFolder::listSubject);
+        const redemption::SafeItem safe(globals.platform.automation, draft);
+        safe.setBody(emptyList);
+        if (!globals.googleApps) {  // Its connector would carry the draft to the server before it is moved.
+            safe.save();
+        }
+        return moved(draft, folder);
+    } catch (...) {
+        skipErrors([&] { draft.object().call(L"Delete"); });  // It may lie among the user's drafts.
+        throw;
+    }
+}
+
+/// `made`: whether it had to be. Throws automation::Error when it cannot be.
+outlook::Folder requireFolder(const Globals& globals, bool& made) {
+    outlook::Folder folder = listFolder::find(globals).folder;
+    if (folder) {
+        return folder;
+    }
+    try {
+        folder = listFolder::make(globals);
+        made = true;
+        return folder;
+    } catch (...) {
+        folder = listFolder::find(globals).folder;  // A send in another window may have made it meanwhile.
+        if (!folder) {
+            throw;
+        }
+        return folder;
+    }
+}
+
+}  // namespace
+
+void clsSendAcct::Initialise() {
+    if (const outlook::Folder folder = GetDefaultFolder()) {
+        globals_.settingsFolder = listFolder::pathOf(globals_, folder);
+    }
+}
+
+outlook::Item clsSendAcct::EmailAddressListMailGet() {
+    return basGlobals::trapErrors(globals_, ErrorReport::usual(L"clsSendAcct.EmailAddressListMailGet"),
+                                  [&] { return requirePlace().item; }, {});
+}
+
+/// Without an item only where there is no folder. Throws automation::Error.
+listFolder::Place clsSendAcct::requirePlace() {
+    listFolder::Place place = listFolder::find(globals_);
+    if (place.item || !place.folder) {
+        return place;
+    }
+    place.item = makeItem(place.folder);
+    // Meanwhile another Outlook, or a send in another window, may have made one too.
+    listFolder::Place found = listFolder::find(globals_);
+    return found.item ? found : place;
+}
+
+outlook::Item clsSendAcct::EmailAddressListMailMake(const outlook::Folder& folder) {
+    return basGlobals::trapErrors(globals_, ErrorReport::usual(L"clsSendAcct.EmailAddressListMailMake"),
+                                  [&] { return makeItem(folder); }, {});
+}
+
+outlook::Item clsSendAcct::makeItem(const outlook::Folder& folder) {
+    const outlook::Item left = leftDraft(globals_);
+    outlook::Item item = left ? moved(left, folder) : newItem(globals_, folder);
+    MarkMailAsRead(item);
+    return item;
+}
+
+/// So that the folder shows no unread count; one that stays is not worth a message.
+void clsSendAcct::MarkMailAsRead(const outlook::Item& item) {
+    skipErrors([&] {
+        const redemption::MapiCleanUp cleanUp(globals_.platform.automation);
+        const redemption::Session session(globals_);
+        const outlook::Folder folder(item.object().get(L"Parent").toObject());
+        session.message(item.entryId(), folder.storeId()).put(L"UnRead", false);
+    });
+}
+
+bool clsSendAcct::CreatePostrouteFolder(Asked asked) {
+    try {
+        bool made = false;
+        const outlook::Folder folder = requireFolder(globals_, made);
+        const std::wstring path = globals_.settingsFolder = listFolder::pathOf(globals_, folder);
+        const std::wstring& title = globals_.product.title;
+        if (made) {
+            show(title + L" has created the following folder in Outlook for you:\r\n" + path +
+                     L"\r\n\r\nThis folder is used to save your " + title +
+                     L" Settings.\r\nPlease do not delete or change the folder or the e-mails in it.",
+                 Icon::Information, title);
+        } else if (asked == Asked::ByUser) {
+            show(L"The folder " + path + L" is there already.", Icon::Information,
+                 L"Folder already exists - Veltro");
+        }
+        return true;
+    } catch (...) {
+        show(L"Unable to create the folder.", Icon::Critical, globals_.product.title);
+        return false;
+    }
+}
+
+outlook::Folder clsSendAcct::GetDefaultFolder() {
+    return attempt([&] { return listFolder::find(globals_).folder; }).value_or(outlook::Folder());
+}
