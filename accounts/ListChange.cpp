@@ -1,13 +1,11 @@
 #include "accounts/ListChange.h"
 
+#include <cstddef>
 #include <utility>
 
 namespace {
 
-std::optional<std::size_t> rowOf(const AccountRows& list, const AccountEntry& entry, std::size_t expected) {
-    if (expected < list.count() && list.holds(expected, entry)) {
-        return expected;
-    }
+std::optional<std::size_t> rowOf(const AccountRows& list, const AccountEntry& entry) {
     for (std::size_t row = 0; row < list.count(); ++row) {
         if (list.holds(row, entry)) {
             return row;
@@ -40,14 +38,13 @@ ListChange ListChange::replacement(const AccountRows& list, AccountEntry entry) 
 
 ListChange ListChange::removal(const AccountRows& list) {
     ListChange change;
-    change.row_ = list.position();
-    change.from_ = {list.address(change.row_), list.account(change.row_)};
+    change.from_ = {list.address(list.position()), list.account(list.position())};
     return change;
 }
 
 bool ListChange::applyTo(AccountRows& list) const {
     if (from_) {
-        const auto row = rowOf(list, *from_, row_);
+        const auto row = rowOf(list, *from_);
         if (!row) {
             return false;
         }

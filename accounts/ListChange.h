@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <optional>
 
 #include "accounts/AccountRows.h"
@@ -24,7 +23,5 @@ class ListChange {
     ListChange() = default;
 
     std::optional<AccountEntry> from_;
-    /// Where it stood: of several rows that are equal, and in most cases at all, the one that is meant.
-    std::size_t row_ = 0;
     std::optional<AccountEntry> to_;
 };

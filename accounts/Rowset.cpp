@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
-#include <ranges>
+#include <map>
 
 #include "platform/text.h"
 
@@ -38,17 +38,20 @@ const std::wstring& Rowset::value(std::size_t row, Column column) const {
 }
 
 bool sameRows(const Rowset& left, const Rowset& right) {
-    const auto sameRow = [&](std::size_t row) {
-        const auto isInBoth = [&](const Rowset::Cell& cell) {
-            const auto column = right.column(left.frame().columns[cell.column].column);
-            const std::wstring* value = column ? valueIn(right.rows()[row], *column) : nullptr;
-            return value && *value == cell.value;
-        };
-        return left.rows()[row].size() == right.rows()[row].size() &&
-               std::ranges::all_of(left.rows()[row], isInBoth);
+    std::map<std::wstring_view, Column> byAttribute;
+    for (const Rowset::ColumnNames& names : right.frame().columns) {
+        byAttribute.emplace(names.attribute, static_cast<Column>(byAttribute.size()));
+    }
+    const auto isIn = [&](const Rowset::Row& row, const Rowset::Cell& cell) {
+        const auto column = byAttribute.find(left.frame().columns[cell.column].attribute);
+        const std::wstring* value = column == byAttribute.end() ? nullptr : valueIn(row, column->second);
+        return value && *value == cell.value;
     };
-    return left.count() == right.count() &&
-           std::ranges::all_of(std::views::iota(std::size_t{0}, left.count()), sameRow);
+    const auto sameRow = [&](const Rowset::Row& one, const Rowset::Row& other) {
+        return one.size() == other.size() &&
+               std::ranges::all_of(one, [&](const Rowset::Cell& cell) { return isIn(other, cell); });
+    };
+    return std::ranges::equal(left.rows(), right.rows(), sameRow);
 }
 
 void Rowset::sort(Column column) {

@@ -90,6 +90,10 @@ void XmlReader::refuse(const char* reason) const {
     throw NotARowset(position_, reason);
 }
 
+bool XmlReader::isName(std::wstring_view text) {
+    return !text.empty() && std::ranges::none_of(text, endsName);
+}
+
 XmlReader::Token XmlReader::next() {
     if (std::exchange(closesItself_, false)) {
         return close();

@@ -38,6 +38,9 @@ class XmlReader {
     /// Finished. Throws NotARowset.
     Token next();
 
+    /// Whether a text could be read as a name.
+    static bool isName(std::wstring_view text);
+
     /// The element that started or ended last.
     std::wstring_view name() const { return name_; }
     /// Those of the element that started last; no name comes twice.

@@ -4,6 +4,7 @@
 #include <limits>
 #include <map>
 #include <optional>
+#include <set>
 #include <utility>
 
 #include "accounts/NameSpaces.h"
@@ -33,6 +34,7 @@ class RowsetReader {
     void expectStart(std::wstring_view element);
     bool declaresUsual(std::wstring_view attribute) const;
     std::vector<Attribute> readAttributes();
+    void checkNamesDiffer(const std::vector<Attribute>& attributes) const;
     Element readElement();
     Element readSchema();
     void keep(std::size_t characters);
@@ -107,7 +109,19 @@ std::vector<Attribute> RowsetReader::readAttributes() {
             keep(attributes.back().name.size() + attributes.back().value.size());
         }
     }
+    checkNamesDiffer(attributes);
     return attributes;
+}
+
+/// The reader has seen to it that they differ as they stand; under two prefixes of one name space they may
+/// not.
+void RowsetReader::checkNamesDiffer(const std::vector<Attribute>& attributes) const {
+    std::set<std::wstring_view> names;
+    for (const Attribute& attribute : attributes) {
+        if (!names.insert(attribute.name).second) {
+            xml_.refuse("an attribute given twice");
+        }
+    }
 }
 
 /// Each element and attribute counts as a few characters more, since even a short one takes room in memory.
@@ -157,6 +171,11 @@ double ordinalOf(const Element& column) {
         .value_or(std::numeric_limits<double>::infinity());
 }
 
+/// What a row's attribute may be called to be a column's.
+bool isColumnName(const std::wstring& name) {
+    return XmlReader::isName(name) && !NameSpaces::isDeclaration(name) && name != forceNull;
+}
+
 /// The ordinals decide the columns' order, not their places; lists are around whose columns were declared the
 /// other way round.
 void RowsetReader::findColumns() {
@@ -171,7 +190,7 @@ void RowsetReader::findColumns() {
     for (auto part = parts.begin(); part != rest; ++part) {
         const std::wstring* attribute = part->find(L"name");
         const std::wstring* column = part->find(L"rs:name");
-        if (!attribute ||
+        if (!attribute || !isColumnName(*attribute) ||
             !columnsByAttribute_.emplace(*attribute, static_cast<Column>(frame_.columns.size())).second) {
             xml_.refuse("a column without a name of its own");
         }

@@ -268,6 +268,12 @@ TEST(Rowset, RefusesWhatIsNone) {
         text::replaceAll(listText(L"<z:row/>"), L"<z:row/>", L"<y:row xmlns:y='urn:other'/>"),
         text::replaceAll(listText(L"<z:row/>"), L"<z:row/>", L"<row/>"),
         listText(L"<z:row xmlns:q='urn:schemas-microsoft-com:rowset' q:a='' rs:a=''/>"),
+        text::replaceAll(emptyList, L"id='RowsetSchema'",
+                         L"xmlns:q='urn:schemas-microsoft-com:rowset' q:id='' rs:id='' id='RowsetSchema'"),
+        text::replaceAll(emptyList, L"name='strAccount'", L"name='a b' rs:name='strAccount'"),
+        text::replaceAll(emptyList, L"name='strAccount'", L"name='' rs:name='strAccount'"),
+        text::replaceAll(emptyList, L"name='strAccount'", L"name='xmlns:a' rs:name='strAccount'"),
+        text::replaceAll(emptyList, L"name='strAccount'", L"name='rs:forcenull' rs:name='strAccount'"),
         listText(L"<z:row str\x1='Work'/>"),
         listText(L"<z:row str\x85='Work'/>"),
         listText(L"<z:row a" + std::wstring(1, L'\0') + L"b='Work'/>"),
@@ -326,6 +332,11 @@ TEST(Rowset, CanReadWhatItHasWritten) {
     const std::wstring text = rowset::writeReadable(rows.rowset());
     EXPECT_GT(text.size(), 1'000'000U);
     EXPECT_EQ(AccountRows(text).count(), 1U);
+
+    const std::wstring twin = L"<s:AttributeType name='c3' rs:name='strAccount'/><s:extends";
+    EXPECT_NO_THROW(rowset::writeReadable(
+        readRowset(text::replaceAll(listText(L"<z:row strAccount='a' c3='b'/>"), L"<s:extends", twin))))
+        << "two columns of one name";
 
     // The row has one attribute more than may be read.
     rowset::Limits limits;
