@@ -27,8 +27,7 @@ std::optional<std::wstring> machinePresetId(const Globals& globals) {
 }
 
 void copyPresets(const Globals& globals, const std::wstring& presetId) {
-    const auto presets = basRegistry::EnumerateValues(globals.platform.registry, globals.platform.desktop,
-                                                      platform::RootKey::LocalMachine, presetKey);
+    const auto presets = basRegistry::EnumerateValues(globals, platform::RootKey::LocalMachine, presetKey);
     for (const basRegistry::NamedValue& preset : presets) {
         const bool isId = text::equalsIgnoringCase(preset.name, modRegKeys::PreSetupID.key);
         if (!isId && !preset.name.empty()) {  // The key's default value has no name and is no setting.

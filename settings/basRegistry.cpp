@@ -131,16 +131,19 @@ RegistryValue ReadValue(platform::MachineRegistry& registry, platform::RootKey r
     return value;
 }
 
-std::vector<NamedValue> EnumerateValues(platform::MachineRegistry& registry, platform::Desktop& desktop,
-                                        platform::RootKey root, const std::wstring& path) {
+std::vector<NamedValue> EnumerateValues(const basGlobals::Globals& globals, platform::RootKey root,
+                                        const std::wstring& path) {
+    const auto tell = [&](const wchar_t* what) {
+        globals.platform.desktop.messageBox(what, {}, globals.product.title);
+    };
     std::unique_ptr<platform::RegistryKey> key;
-    if (registry.open(root, path, registry::readAccess, key) != registry::success) {
-        desktop.messageBox(L"Error opening key.", {}, L"Veltro");
+    if (globals.platform.registry.open(root, path, registry::readAccess, key) != registry::success) {
+        tell(L"Error opening key.");
         return {};
     }
     auto values = valuesOf(*key);
     if (key->close() != registry::success) {
-        desktop.messageBox(L"Error closing key.", {}, L"Veltro");
+        tell(L"Error closing key.");
     }
     return values;
 }

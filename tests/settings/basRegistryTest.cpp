@@ -60,7 +60,7 @@ TEST(Registry, RendersValuesAsTextOrPassesThemOver) {
         TestWorld world;
         world.registry.setValue(RootKey::LocalMachine, path, L"value", {type, bytes});
         world.registry.setText(RootKey::LocalMachine, path, L"next", L"one");
-        const auto values = EnumerateValues(world.registry, world.desktop, RootKey::LocalMachine, path);
+        const auto values = EnumerateValues(world.globals, RootKey::LocalMachine, path);
         ASSERT_EQ(values.size(), text ? 2U : 1U) << type;
         EXPECT_EQ(values.back().data, L"one") << type;
         EXPECT_EQ(values.front().data, text.value_or(L"one")) << type;
@@ -74,7 +74,7 @@ TEST(Registry, SaysThatAValueCannotBeRead) {
     world.registry.setText(RootKey::LocalMachine, path, L"second", L"two");
     world.registry.failValue(RootKey::LocalMachine, path, L"second", 1234);
     try {
-        EnumerateValues(world.registry, world.desktop, RootKey::LocalMachine, path);
+        EnumerateValues(world.globals, RootKey::LocalMachine, path);
         ADD_FAILURE() << "the second value is missing";
     } catch (const automation::Error& error) {
         EXPECT_EQ(error.number(), 1234);
@@ -82,10 +82,12 @@ TEST(Registry, SaysThatAValueCannotBeRead) {
 }
 
 TEST(Registry, SaysThatAKeyCannotBeOpened) {
-    TestWorld world({L"Veltro=OK"});
-    EXPECT_TRUE(EnumerateValues(world.registry, world.desktop, RootKey::LocalMachine, L"none").empty());
+    TestWorld world({L"Product=OK"});
+    world.globals.product.title = L"Product";
+    EXPECT_TRUE(EnumerateValues(world.globals, RootKey::LocalMachine, L"none").empty());
     ASSERT_EQ(world.log.messages.size(), 1U);
     EXPECT_EQ(world.log.messages[0].text, L"Error opening key.");
+    EXPECT_EQ(world.log.messages[0].title, L"Product");
 }
 
 }  // namespace
