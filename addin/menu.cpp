@@ -24,22 +24,31 @@ std::wstring brandCaption(const Globals& globals) {
     return globals.resourceOr(stringId::brand, L"Tarn&well");
 }
 
-/// The controls of the menu bar; nothing in a window that has none.
-Object menuBarControls(const outlook::Explorer& explorer) {
+/// Nothing in a window that has none.
+Object menuBar(const outlook::Explorer& explorer) {
     const auto bar = basGlobals::attempt([&] {
         return explorer.object().get(L"CommandBars").toObject().get(L"Item", L"Menu Bar").toObject();
     });
-    return bar && *bar ? bar->get(L"Controls").toObject() : Object();
+    return bar.value_or(Object());
+}
+
+/// Outlook's Help menu, which has another caption in each language, or nothing.
+Object helpMenu(const Object& bar, const Object& controls) {
+    constexpr std::int32_t helpMenuId = 30010;
+    const auto byId = basGlobals::attempt(
+        [&] { return bar.call(L"FindControl", modCommandBarCode::popupType, helpMenuId).toObject(); });
+    return byId && *byId ? *byId : modCommandBarCode::FindControl(controls, L"Help");
 }
 
 }  // namespace
 
 Buttons build(const Globals& globals, const outlook::Explorer& explorer, std::int32_t windowKey) {
-    const Object controls = menuBarControls(explorer);
-    if (!controls) {
+    const Object bar = menuBar(explorer);
+    if (!bar) {
         return {};
     }
-    const Object help = modCommandBarCode::FindControl(controls, L"Help");
+    const Object controls = bar.get(L"Controls").toObject();
+    const Object help = helpMenu(bar, controls);
     const auto before = help ? std::optional(help.get(L"Index").toInteger()) : std::nullopt;
     const Object brand = modCommandBarCode::FindOrAddPopup(controls, brandCaption(globals), before);
     const Object product =
@@ -50,10 +59,11 @@ Buttons build(const Globals& globals, const outlook::Explorer& explorer, std::in
 }
 
 void remove(const Globals& globals, const outlook::Explorer& explorer) {
-    const Object controls = menuBarControls(explorer);
-    const Object brand = controls ? modCommandBarCode::FindControl(controls, brandCaption(globals),
-                                                                   modCommandBarCode::popupType)
-                                  : Object();
+    const Object bar = menuBar(explorer);
+    const Object brand =
+        bar ? modCommandBarCode::FindControl(bar.get(L"Controls").toObject(), brandCaption(globals),
+                                             modCommandBarCode::popupType)
+            : Object();
     if (!brand) {
         return;
     }

@@ -84,8 +84,8 @@ std::span<const Member<CommandBarControls>> CommandBarControls::members() {
     return table_;
 }
 
-CommandBarControl::CommandBarControl(World& world, int type, std::wstring caption, bool temporary)
-    : Automated(world), type_(type), caption_(std::move(caption)), temporary_(temporary) {
+CommandBarControl::CommandBarControl(World& world, int type, std::wstring caption, bool temporary, int id)
+    : Automated(world), type_(type), caption_(std::move(caption)), temporary_(temporary), id_(id) {
     if (type_ == controlType::popup) {
         controls_ = world.make<CommandBarControls>();
     }
@@ -109,11 +109,10 @@ void CommandBarControl::press() {
 }
 
 std::shared_ptr<CommandBarControl> CommandBarControl::copy() const {
-    auto result = world().make<CommandBarControl>(type_, caption_, temporary_);
+    auto result = world().make<CommandBarControl>(type_, caption_, temporary_, id_);
     result->beginGroup_ = beginGroup_;
     result->visible_ = visible_;
     result->enabled_ = enabled_;
-    result->id_ = id_;
     result->style_ = style_;
     result->faceId_ = faceId_;
     result->tag_ = tag_;
@@ -204,10 +203,27 @@ std::span<const Member<CommandBarControl>> CommandBarControl::members() {
 
 CommandBar::CommandBar(World& world) : Automated(world), controls_(world.make<CommandBarControls>()) {}
 
+std::shared_ptr<CommandBarControl> CommandBar::find(Arguments typeAndId) const {
+    const auto matches = [&](std::size_t argument, int value) {
+        return !typeAndId.has(argument) || typeAndId[argument].toInteger() == value;
+    };
+    const auto found = std::ranges::find_if(controls_->list(), [&](const auto& control) {
+        return matches(0, control->type()) && matches(1, control->id());
+    });
+    return found == controls_->list().end() ? nullptr : *found;
+}
+
 constinit const Member<CommandBar> CommandBar::table_[] = {
     {.name = L"Name", .get = [](CommandBar& bar, Arguments) { return Value(bar.name_); }},
     {.name = L"Index", .get = [](CommandBar&, Arguments) { return Value(1); }},
     {.name = L"Controls", .get = [](CommandBar& bar, Arguments) { return Value(bar.controls_->object()); }},
+    {.name = L"FindControl",
+     .call =
+         [](CommandBar& bar, Arguments arguments) {
+             const auto found = bar.find(arguments);
+             return Value(found ? found->object() : automation::Object());
+         },
+     .most = 2},
 };
 
 std::span<const Member<CommandBar>> CommandBar::members() {
@@ -221,8 +237,19 @@ CommandBars::CommandBars(World& world, const CommandBars* model)
         menus.copyFrom(*model->menuBar_->controls());
         return;
     }
-    for (const wchar_t* caption : {L"&File", L"&Edit", L"&View", L"&Go", L"&Tools", L"&Actions", L"&Help"}) {
-        menus.insert(world.make<CommandBarControl>(controlType::popup, caption, false), menus.list().size());
+    struct Menu {
+        const wchar_t* caption;
+        int id = 1;
+    };
+    for (const Menu& menu : {Menu{L"&File", 30002},
+                             {L"&Edit", 30003},
+                             {L"&View", 30004},
+                             {L"&Go"},
+                             {L"&Tools", 30007},
+                             {L"&Actions"},
+                             {L"&Help", 30010}}) {
+        menus.insert(world.make<CommandBarControl>(controlType::popup, menu.caption, false, menu.id),
+                     menus.list().size());
     }
 }
 

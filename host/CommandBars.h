@@ -23,7 +23,8 @@ class CommandBarControl : public Automated<CommandBarControl> {
     static constexpr std::wstring_view defaultName = L"Caption";
     static std::span<const Member<CommandBarControl>> members();
 
-    CommandBarControl(World& world, int type, std::wstring caption, bool temporary);
+    /// `id` tells what Office's own controls are in any language; all others have 1.
+    CommandBarControl(World& world, int type, std::wstring caption, bool temporary, int id = 1);
 
     std::wstring className() const override {
         return type_ == controlType::popup ? L"CommandBarPopup" : L"CommandBarButton";
@@ -32,6 +33,7 @@ class CommandBarControl : public Automated<CommandBarControl> {
     EventSource* eventSource() override { return type_ == controlType::button ? &events_ : nullptr; }
 
     int type() const noexcept { return type_; }
+    int id() const noexcept { return id_; }
     const std::wstring& caption() const noexcept { return caption_; }
     const std::shared_ptr<CommandBarControls>& controls() const noexcept { return controls_; }
     /// True for a button that a user can press.
@@ -54,7 +56,7 @@ class CommandBarControl : public Automated<CommandBarControl> {
     bool beginGroup_ = false;
     bool visible_ = true;
     bool enabled_ = true;
-    int id_ = 1;
+    int id_;
     int style_ = 0;
     int faceId_ = 0;
     std::wstring tag_;
@@ -96,6 +98,8 @@ class CommandBar : public Automated<CommandBar> {
     static std::span<const Member<CommandBar>> members();
 
     explicit CommandBar(World& world);
+    /// The first control of a type and with an id, where they are given.
+    std::shared_ptr<CommandBarControl> find(Arguments typeAndId) const;
 
     std::wstring className() const override { return L"CommandBar"; }
     const std::wstring& name() const noexcept { return name_; }

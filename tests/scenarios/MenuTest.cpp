@@ -167,6 +167,30 @@ INSTANTIATE_TEST_SUITE_P(
                  {L"Veltro"},
                  {L"&Help", L"Zoo"},
                  {}},
+        MenuCase{"HelpInGerman",
+                 [](const Object& bar) { bar.get(L"Item", L"Help").toObject().put(L"Caption", L"&?"); },
+                 {L"Tarn&well", L"&?"},
+                 {L"Veltro"},
+                 {L"&?"},
+                 {}},
+        MenuCase{"AnotherHelpInFront",
+                 [](const Object& bar) {
+                     bar.get(L"Item", L"Help").toObject().put(L"Caption", L"&?");
+                     addControl(bar, popup, L"Help");
+                 },
+                 {L"Tarn&well", L"&?", L"Help"},
+                 {L"Veltro"},
+                 {L"&?", L"Help"},
+                 {}},
+        MenuCase{"HelpOfAnotherMaker",
+                 [](const Object& bar) {
+                     bar.get(L"Item", L"Help").toObject().call(L"Delete");
+                     addControl(bar, popup, L"Help");
+                 },
+                 {L"Tarn&well", L"Help"},
+                 {L"Veltro"},
+                 {L"Help"},
+                 {}},
         MenuCase{"NoHelp",
                  [](const Object& bar) { bar.get(L"Item", L"Help").toObject().call(L"Delete"); },
                  {L"Tarn&well"},
