@@ -111,11 +111,11 @@ bool Connect::takeHoldOfOutlook() {
                 });
             });
     });
+    skipErrors([&] { globals_.progId = addInInst_.get(L"ProgId").toText(); });
     if (hasNoWindow()) {
         return false;
     }
     skipErrors([&] { setExplorer(colExpl_.item(1)); });
-    skipErrors([&] { globals_.progId = addInInst_.get(L"ProgId").toText(); });
     skipErrors([&] { initialiseOutAddIn(); });
     skipErrors([&] { globals_.googleApps = basGlobals::GoogleAppConnected(globals_); });
     return true;

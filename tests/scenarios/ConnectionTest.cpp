@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "tests/scenarios/Bench.h"
 
 namespace {
@@ -72,6 +74,16 @@ TEST(Connection, WithoutRedemptionOnlyTheAccountStepHoldsTheMail) {
         if (held) {
             EXPECT_TRUE(bench.prompts()[2].text.starts_with(L"Error Number : 429\r\nError Description : "));
         }
+    }
+}
+
+TEST(Connection, KnowsItsOwnNameHoweverOutlookStarts) {
+    for (const int explorers : {1, 0}) {
+        Bench bench({.profile = startedWith(explorers, 0), .connected = false});
+        bench.outlook().meter()->record(true);
+        bench.connect();
+        const auto& calls = bench.outlook().meter()->log();
+        EXPECT_NE(std::ranges::find(calls, L"COMAddIn.ProgId"), calls.end()) << explorers << " explorers";
     }
 }
 
