@@ -30,8 +30,10 @@ void delaySending(Globals& globals, const outlook::Item& item, bool& cancel) {
     if (!basWordMail::editsInWord(globals)) {
         basVeltro::vtDelayEmailSending(globals, item, cancel);
     } else if (basGlobals::OutlookMajorVersion(globals) != L"9") {
-        basGlobals::skipErrors(
-            [&] { basWordMail::runMacro(globals, L"vtDelayEmailSendingWord", item, cancel); });
+        basGlobals::skipErrors([&] {
+            basWordMail::runMacro(globals, globals.outlook.activeInspector(), L"vtDelayEmailSendingWord",
+                                  item, cancel);
+        });
     }
 }
 

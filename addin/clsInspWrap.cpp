@@ -83,12 +83,15 @@ void clsInspWrap::m_ObjMail_Send(bool& cancel) {
 }
 
 void clsInspWrap::checkSubject(bool& cancel) {
-    if (!basWordMail::editsInWord(globals_)) {
+    // Of this window, not the active one: to a program that sends, none may be active.
+    const auto inWord = basGlobals::attempt([&] { return basWordMail::editsInWord(globals_, inspector_); });
+    if (!inWord.value_or(false)) {
         basVeltro::vtEmptySubjectCheck(globals_, mailItem_, cancel);
     } else if (basGlobals::OutlookMajorVersion(globals_) != L"9") {
         // A Word without the template leaves the question unasked.
-        basGlobals::skipErrors(
-            [&] { basWordMail::runMacro(globals_, L"vtEmptySubjectCheckWord", mailItem_, cancel); });
+        basGlobals::skipErrors([&] {
+            basWordMail::runMacro(globals_, inspector_, L"vtEmptySubjectCheckWord", mailItem_, cancel);
+        });
     }
 }
 

@@ -30,7 +30,8 @@ Value close(Inspector& inspector, Arguments arguments) {
     if (mode < 0 || mode > 2) {
         raise::operationFailed();
     }
-    inspector.world().windows().closeInspector(inspector.self<Inspector>(), mode == saveChanges);
+    inspector.world().windows().closeInspector(inspector.self<Inspector>(),
+                                               mode == saveChanges ? SaveAnswer::Yes : SaveAnswer::No);
     return {};
 }
 
@@ -55,8 +56,8 @@ void Inspector::closed() {
 }
 
 int Inspector::editorType() const {
-    return world().majorVersion() >= 12 ? static_cast<int>(Editor::Word)
-                                        : static_cast<int>(world().profile().editor);
+    const Editor below12 = item_->isMail() ? world().profile().editor : Editor::RichText;
+    return static_cast<int>(world().majorVersion() >= 12 ? Editor::Word : below12);
 }
 
 Value Inspector::wordEditor() {

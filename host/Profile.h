@@ -40,7 +40,7 @@ struct Store {
     bool readOnly = false;
 };
 
-/// The editor of item windows below version 12; later versions answer Word whatever this says.
+/// The editor of mail windows below version 12; later versions answer Word whatever this says.
 enum class Editor { Text = 1, Html = 2, RichText = 3, Word = 4 };
 
 /// An item that a folder holds when Outlook starts.

@@ -5,23 +5,39 @@
 
 namespace basWordMail {
 
-bool editsInWord(const basGlobals::Globals& globals) {
-    // From version 12 on Word edits every mail, but inside Outlook's own window.
-    return basGlobals::OutlookMajorNumber(globals) < 12 &&
-           globals.outlook.activeInspector().editorType() == outlook::editorWord;
-}
+namespace {
 
-automation::Object activeWord(const basGlobals::Globals& globals) {
+/// The Word that edits the item of the window.
+automation::Object wordOf(const basGlobals::Globals& globals, const outlook::Inspector& inspector) {
     const automation::Object safe =
         globals.platform.automation.createObject(redemption::progId::safeInspector);
-    safe.put(L"Item", globals.outlook.activeInspector().object());
+    safe.put(L"Item", inspector.object());
     return safe.get(L"WordEditor").toObject().get(L"Application").toObject();
 }
 
-void runMacro(const basGlobals::Globals& globals, std::wstring_view macro, const outlook::Item& item,
-              bool& cancel) {
+/// From version 12 on Word edits every mail, but inside Outlook's own window.
+bool hasWordWindows(const basGlobals::Globals& globals) {
+    return basGlobals::OutlookMajorNumber(globals) < 12;
+}
+
+}  // namespace
+
+bool editsInWord(const basGlobals::Globals& globals, const outlook::Inspector& inspector) {
+    return hasWordWindows(globals) && inspector.editorType() == outlook::editorWord;
+}
+
+bool editsInWord(const basGlobals::Globals& globals) {
+    return hasWordWindows(globals) && globals.outlook.activeInspector().editorType() == outlook::editorWord;
+}
+
+automation::Object activeWord(const basGlobals::Globals& globals) {
+    return wordOf(globals, globals.outlook.activeInspector());
+}
+
+void runMacro(const basGlobals::Globals& globals, const outlook::Inspector& inspector,
+              std::wstring_view macro, const outlook::Item& item, bool& cancel) {
     automation::Value cancelled = cancel;
-    activeWord(globals).call(L"Run", macro, item.object(), automation::Value::reference(cancelled));
+    wordOf(globals, inspector).call(L"Run", macro, item.object(), automation::Value::reference(cancelled));
     cancel = cancelled.toBool();
 }
 
