@@ -13,11 +13,12 @@ class WindowWrappers;
 /// Watches one main window and the mail selected in it.
 class ExplorerWrap : public std::enable_shared_from_this<ExplorerWrap> {
   public:
-    ExplorerWrap(basGlobals::Globals& globals, WindowWrappers& wrappers, std::int32_t key)
-        : globals_(globals), wrappers_(wrappers), key_(key) {}
+    ExplorerWrap(basGlobals::Globals& globals, WindowWrappers& wrappers)
+        : globals_(globals), wrappers_(wrappers) {}
 
     std::int32_t Key() const { return key_; }
     const outlook::Explorer& Explorer() const { return explorer_; }
+    void setKey(std::int32_t key) { key_ = key; }
     void setExplorer(const outlook::Explorer& explorer);
     /// Lets the window go: no event reaches the wrapper any more, even while something holds it.
     void release();
@@ -45,7 +46,7 @@ class ExplorerWrap : public std::enable_shared_from_this<ExplorerWrap> {
 
     basGlobals::Globals& globals_;
     WindowWrappers& wrappers_;
-    std::int32_t key_;
+    std::int32_t key_ = 0;
     outlook::Explorer explorer_;
     outlook::Item mailItem_;
     automation::Subscription explorerEvents_;

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <deque>
 #include <memory>
+#include <set>
 #include <string>
 
 #include "addin/WrapperCollection.h"
@@ -11,7 +13,7 @@ class ExplorerWrap;
 class clsInspWrap;
 
 /// One wrapper for each open main window (explorer) and item window (inspector). A wrapper lives until its
-/// window closes; the collection holds the last reference.
+/// window closes, or nothing can come of that window any more; the last reference to it is held here.
 class WindowWrappers {
   public:
     explicit WindowWrappers(basGlobals::Globals& globals) : globals_(globals) {}
@@ -25,13 +27,28 @@ class WindowWrappers {
                          std::int32_t itemClass);
     void KillInsp(std::int32_t key, std::shared_ptr<clsInspWrap>& wrapper);
 
+    /// The wrapper's item closes, and its window is about to: takes the wrapper from the collection, but
+    /// keeps it while the window may stay open all the same. Throws as KillInsp does.
+    void setAside(const std::shared_ptr<clsInspWrap>& wrapper);
+    /// The window stays open: puts a wrapper that was set aside into the collection, under a new key.
+    void takeBack(const std::shared_ptr<clsInspWrap>& wrapper);
+    /// The window has closed. Throws as KillInsp does.
+    void letGo(const std::shared_ptr<clsInspWrap>& wrapper);
+    /// True when a wrapper, be it one that is set aside, watches this item window.
+    bool watches(const outlook::Inspector& inspector) const;
+
     const WrapperCollection<ExplorerWrap>& explorers() const { return explorers_; }
     const WrapperCollection<clsInspWrap>& inspectors() const { return inspectors_; }
 
     void release();
 
   private:
+    void letGoOfAbandoned();
+
     basGlobals::Globals& globals_;
     WrapperCollection<ExplorerWrap> explorers_;
     WrapperCollection<clsInspWrap> inspectors_;
+    std::set<std::shared_ptr<clsInspWrap>> aside_;
+    /// Wrappers of windows that may never tell of their closing: they were not shown yet, or are set aside.
+    std::deque<std::weak_ptr<clsInspWrap>> uncertain_;
 };

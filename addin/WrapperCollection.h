@@ -16,11 +16,11 @@ class WrapperCollection {
     std::int32_t nextKey() const { return nextKey_; }
     std::size_t count() const { return wrappers_.size(); }
 
-    /// Adds the wrapper under the next key. Returns the key as text.
+    /// Adds the wrapper under the next key, which becomes its own. Returns the key as text.
     std::wstring add(std::shared_ptr<Wrapper> wrapper) {
-        const std::wstring key = std::to_wstring(nextKey_);
+        wrapper->setKey(nextKey_);
+        const std::wstring key = std::to_wstring(nextKey_++);
         wrappers_.emplace(key, std::move(wrapper));
-        ++nextKey_;
         return key;
     }
 

@@ -17,7 +17,7 @@ void clsInspWrap::setInspector(const outlook::Inspector& inspector) {
 }
 
 void clsInspWrap::setMailItem(const outlook::Item& item) {
-    mailItem_ = item;
+    item_ = item;
     mailEvents_ = automation::subscribe(item.object(), events::item, sink(&clsInspWrap::onMailEvent));
 }
 
@@ -31,7 +31,9 @@ automation::EventSink clsInspWrap::sink(void (clsInspWrap::*handler)(std::int32_
 }
 
 void clsInspWrap::onInspectorEvent(std::int32_t event, std::span<automation::Value>) {
-    if (event == events::inspectorClose) {
+    if (event == events::inspectorActivate) {
+        activated();
+    } else if (event == events::inspectorClose) {
         close();
     }
 }
@@ -46,7 +48,7 @@ void clsInspWrap::onMailEvent(std::int32_t event, std::span<automation::Value> a
             break;
         }
         case events::itemClose:
-            close();
+            itemCloses();
             break;
         default:
             onAnswered(event, arguments);
@@ -56,28 +58,29 @@ void clsInspWrap::onMailEvent(std::int32_t event, std::span<automation::Value> a
 
 /// Only for the window in front: the item may be selected in a main window that handles it.
 void clsInspWrap::onAnswered(std::int32_t event, std::span<automation::Value> arguments) {
-    if (!replyEvents::isAnswer(event)) {
-        return;
-    }
-    bool inFront = false;
-    basGlobals::skipErrors([&] {
-        const outlook::Inspector active = globals_.outlook.activeInspector();
-        active.currentItem().entryId();  // Fails without a window, and for an item that is gone.
-        inFront = active.object() == inspector_.object();
-    });
-    if (inFront) {
-        replyEvents::handle(globals_, mailItem_, event, arguments);
+    if (replyEvents::isAnswer(event) && isActiveInspector()) {
+        replyEvents::handle(globals_, item_, event, arguments);
     }
 }
 
+bool clsInspWrap::isActiveInspector() const {
+    const auto same = [&] {
+        const outlook::Inspector active = globals_.outlook.activeInspector();
+        active.currentItem().entryId();  // Fails without a window, and for an item that is gone.
+        return active.object() == inspector_.object();
+    };
+    return basGlobals::attempt(same).value_or(false);
+}
+
 void clsInspWrap::m_ObjMail_Send(bool& cancel) {
+    sending_ = true;
     basGlobals::trapErrors(globals_, basGlobals::ErrorReport::check(L"m_ObjMail_Send"), [&] {
-        if (basGlobals::itemUnreadable(mailItem_)) {
+        if (basGlobals::itemUnreadable(item_)) {
             return;
         }
         checkSubject(cancel);
         if (!cancel) {
-            basVeltro::vtAttachMissingCheck(globals_, mailItem_, cancel);
+            basVeltro::vtAttachMissingCheck(globals_, item_, cancel);
         }
     });
 }
@@ -86,21 +89,38 @@ void clsInspWrap::checkSubject(bool& cancel) {
     // Of this window, not the active one: to a program that sends, none may be active.
     const auto inWord = basGlobals::attempt([&] { return basWordMail::editsInWord(globals_, inspector_); });
     if (!inWord.value_or(false)) {
-        basVeltro::vtEmptySubjectCheck(globals_, mailItem_, cancel);
+        basVeltro::vtEmptySubjectCheck(globals_, item_, cancel);
     } else if (basGlobals::OutlookMajorVersion(globals_) != L"9") {
         // A Word without the template leaves the question unasked.
-        basGlobals::skipErrors([&] {
-            basWordMail::runMacro(globals_, inspector_, L"vtEmptySubjectCheckWord", mailItem_, cancel);
-        });
+        basGlobals::skipErrors(
+            [&] { basWordMail::runMacro(globals_, inspector_, L"vtEmptySubjectCheckWord", item_, cancel); });
     }
 }
 
-void clsInspWrap::close() {
-    basGlobals::trapErrors(globals_, basGlobals::ErrorReport::usual(L"clsInspWrap.Close"), [&] {
-        auto self = shared_from_this();
-        wrappers_.KillInsp(key_, self);
+bool clsInspWrap::isAbandoned() const {
+    const bool reachable = basGlobals::skipErrors([&] {
+        inspector_.currentItem();  // Fails for a window that has closed.
+        item_.entryId();
     });
-    release();  // Outlook closes the item first and its window after it: one of the two is enough.
+    // A received mail counts as sent, too; what matters is whether it went out from this window.
+    const auto sent = [&] { return sending_ && item_.sent(); };
+    return !reachable || basGlobals::attempt(sent).value_or(false);
+}
+
+void clsInspWrap::activated() {
+    shown_ = true;
+    wrappers_.takeBack(shared_from_this());
+}
+
+void clsInspWrap::itemCloses() {
+    basGlobals::trapErrors(globals_, basGlobals::ErrorReport::usual(L"clsInspWrap.Close"),
+                           [&] { wrappers_.setAside(shared_from_this()); });
+}
+
+void clsInspWrap::close() {
+    basGlobals::trapErrors(globals_, basGlobals::ErrorReport::usual(L"clsInspWrap.Close"),
+                           [&] { wrappers_.letGo(shared_from_this()); });
+    release();
 }
 
 void clsInspWrap::release() {

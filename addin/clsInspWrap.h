@@ -9,20 +9,32 @@
 
 class WindowWrappers;
 
-/// Watches one item window and its item. At most one of the items is set, by the item's class.
+/// Watches one item window and its item; of the item's properties the one of its class is set.
+///
+/// Outlook tells of the closing of an item before it asks whether to save the changes, and other add-ins may
+/// refuse the closing, too. So the wrapper goes on listening after its item's Close until its window's.
 class clsInspWrap : public std::enable_shared_from_this<clsInspWrap> {
   public:
-    clsInspWrap(basGlobals::Globals& globals, WindowWrappers& wrappers, std::int32_t key)
-        : globals_(globals), wrappers_(wrappers), key_(key) {}
+    clsInspWrap(basGlobals::Globals& globals, WindowWrappers& wrappers)
+        : globals_(globals), wrappers_(wrappers) {}
 
     std::int32_t Key() const { return key_; }
+    void setKey(std::int32_t key) { key_ = key; }
     const outlook::Inspector& Inspector() const { return inspector_; }
-    const outlook::Item& MailItem() const { return mailItem_; }
 
     void setInspector(const outlook::Inspector& inspector);
     void setMailItem(const outlook::Item& item);
-    void setContactItem(const outlook::Item& item) { contactItem_ = item; }
-    void setPostItem(const outlook::Item& item) { postItem_ = item; }
+    void setContactItem(const outlook::Item& item) { item_ = item; }
+    void setPostItem(const outlook::Item& item) { item_ = item; }
+    void setTaskItem(const outlook::Item& item) { item_ = item; }
+    /// An item of a class that has no property of its own.
+    void setOtherItem(const outlook::Item& item) { item_ = item; }
+
+    /// True once the window was on the screen: such a window tells when it closes.
+    bool wasShown() const { return shown_; }
+    /// True when nothing can come of the window any more: it cannot be reached, or its item was moved,
+    /// deleted or sent.
+    bool isAbandoned() const;
     /// No event reaches the wrapper any more, even while something holds it.
     void release();
 
@@ -33,15 +45,18 @@ class clsInspWrap : public std::enable_shared_from_this<clsInspWrap> {
     void m_ObjMail_Send(bool& cancel);
     void checkSubject(bool& cancel);
     void onAnswered(std::int32_t event, std::span<automation::Value> arguments);
+    bool isActiveInspector() const;
+    void activated();
+    void itemCloses();
     void close();
 
     basGlobals::Globals& globals_;
     WindowWrappers& wrappers_;
-    std::int32_t key_;
+    std::int32_t key_ = 0;
     outlook::Inspector inspector_;
-    outlook::Item mailItem_;
-    outlook::Item contactItem_;
-    outlook::Item postItem_;
+    outlook::Item item_;
+    bool shown_ = false;
+    bool sending_ = false;
     automation::Subscription inspectorEvents_;
     automation::Subscription mailEvents_;
 };

@@ -230,8 +230,21 @@ std::shared_ptr<Item> Item::moveTo(Folder& target) {
     target.take(moved);
     if (const auto inspector = world().windows().inspectorOf(*this)) {
         inspector->setItem(moved);
+    } else if (const auto hidden = hiddenInspector.lock()) {
+        hidden->setItem(moved);
+        moved->hiddenInspector = hidden;
     }
     return moved;
+}
+
+std::shared_ptr<Item> Item::putInto(Folder& target) {
+    auto keep = self<Item>();
+    if (const auto from = folder()) {
+        from->release(*this);
+    }
+    content_.saved = true;
+    target.take(keep);
+    return keep;
 }
 
 void Item::remove() {

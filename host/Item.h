@@ -109,6 +109,8 @@ class Item : public Automated<Item> {
     void opened();
     /// Puts the content into another folder as a new item and leaves this one unusable.
     std::shared_ptr<Item> moveTo(Folder& target);
+    /// Puts the item itself into another folder.
+    std::shared_ptr<Item> putInto(Folder& target);
     /// Moves the item to the Deleted Items, or throws an unsaved one away; its window closes.
     void remove();
     /// The item's folder is gone, and the item with it.

@@ -98,9 +98,9 @@ Value sendItem(Item& item, Arguments) {
 
 Value closeItem(Item& item, Arguments arguments) {
     constexpr int saveChanges = 0;
-    const bool save = arguments[0].toInteger() == saveChanges;
+    const SaveAnswer answer = arguments[0].toInteger() == saveChanges ? SaveAnswer::Yes : SaveAnswer::No;
     if (const auto inspector = item.world().windows().inspectorOf(item)) {
-        item.world().windows().closeInspector(inspector, save);
+        item.world().windows().closeInspector(inspector, answer);
     }
     return {};
 }

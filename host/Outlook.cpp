@@ -71,7 +71,16 @@ void Outlook::closeExplorer(const Object& explorer) {
 }
 
 void Outlook::closeInspector(const Object& inspector, bool save) {
-    world_->windows().closeInspector(handle<Inspector>(*world_, inspector), save);
+    world_->windows().closeInspector(handle<Inspector>(*world_, inspector),
+                                     save ? SaveAnswer::Yes : SaveAnswer::No);
+}
+
+void Outlook::cancelClosing(const Object& inspector) {
+    const auto window = handle<Inspector>(*world_, inspector);
+    if (window->item()->content().saved) {
+        raise::operationFailed();  // Nobody asks.
+    }
+    world_->windows().closeInspector(window, SaveAnswer::Cancel);
 }
 
 void Outlook::activate(const Object& window) {
@@ -232,15 +241,14 @@ ReplyOutcome Outlook::answer(ReplyKind kind, const Object& item) {
     if (const auto open = windows.inspectorOf(*answered)) {
         windows.activate(open);
     } else {
-        const auto shows = [&](const auto& explorer) {
-            const auto selection = explorer->selection();
+        const auto explorer = windows.topExplorer([&](const Explorer& window) {
+            const auto selection = window.selection();
             return !selection.empty() && selection.front() == answered;
-        };
-        const auto explorer = std::ranges::find_if(windows.explorers(), shows);
-        if (explorer == windows.explorers().end()) {
+        });
+        if (!explorer) {
             raise::operationFailed();  // No window has a button for it.
         }
-        windows.activate(*explorer);
+        windows.activate(explorer);
     }
     const auto before = windows.inspectors();
     ReplyOutcome outcome;

@@ -113,8 +113,11 @@ class Outlook {
     // Windows. The window on top is the active one.
     automation::Object openExplorer();
     void closeExplorer(const automation::Object& explorer);
-    /// Raises the item's Close and the inspector's Deactivate and Close. `save` first saves the item.
+    /// Raises the item's Close and the inspector's Deactivate and Close. `save` saves the item in between.
     void closeInspector(const automation::Object& inspector, bool save = false);
+    /// Closes the window of a changed item and presses Cancel when asked whether to save: after the item's
+    /// Close everything stays as it was, and no event tells so.
+    void cancelClosing(const automation::Object& inspector);
     void activate(const automation::Object& window);
     /// Selects items in an explorer, after its folder where that changes. SelectionChange comes twice.
     void select(const automation::Object& explorer, const std::vector<automation::Object>& items);
@@ -155,7 +158,7 @@ class Outlook {
     SendOutcome send(const automation::Object& inspector);
     /// A program's .Send: no window is closed that is not the item's.
     SendOutcome sendByProgram(const automation::Object& item);
-    /// Presses the button in the item's window when it is open, else in the explorer that shows it.
+    /// Presses the button in the item's window when it is open, else in the topmost explorer that shows it.
     ReplyOutcome reply(const automation::Object& item);
     ReplyOutcome replyAll(const automation::Object& item);
     ReplyOutcome forward(const automation::Object& item);

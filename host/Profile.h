@@ -72,6 +72,8 @@ struct Profile {
     /// Windows open when Outlook starts.
     int explorers = 1;
     int inspectors = 0;
+    /// A sent item goes on as the object that it was. Otherwise every call to that object fails.
+    bool sentItemsStay = false;
     bool redemptionRegistered = true;
     bool wordRegistered = true;
 };

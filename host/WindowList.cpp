@@ -18,10 +18,10 @@ constexpr std::int32_t activated = 0xF001;
 constexpr std::int32_t deactivated = 0xF006;
 constexpr std::int32_t closed = 0xF008;
 
-template <class T>
-std::shared_ptr<T> topmost(const std::vector<std::shared_ptr<HostObject>>& order) {
+template <class T, class Predicate>
+std::shared_ptr<T> topmost(const std::vector<std::shared_ptr<HostObject>>& order, const Predicate& wanted) {
     for (const auto& window : std::views::reverse(order)) {
-        if (auto found = std::dynamic_pointer_cast<T>(window)) {
+        if (auto found = std::dynamic_pointer_cast<T>(window); found && wanted(*found)) {
             return found;
         }
     }
@@ -63,11 +63,15 @@ std::shared_ptr<HostObject> WindowList::top() const {
 }
 
 std::shared_ptr<Explorer> WindowList::topExplorer() const {
-    return topmost<Explorer>(order_);
+    return topExplorer([](const Explorer&) { return true; });
+}
+
+std::shared_ptr<Explorer> WindowList::topExplorer(const std::function<bool(const Explorer&)>& wanted) const {
+    return topmost<Explorer>(order_, wanted);
 }
 
 std::shared_ptr<Inspector> WindowList::topInspector() const {
-    return topmost<Inspector>(order_);
+    return topmost<Inspector>(order_, [](const Inspector&) { return true; });
 }
 
 std::shared_ptr<Inspector> WindowList::inspectorOf(const Item& item) const {
@@ -158,17 +162,17 @@ void WindowList::close(const std::shared_ptr<HostObject>& window) {
     }
 }
 
-bool WindowList::closeInspector(const std::shared_ptr<Inspector>& inspector, bool save) {
+bool WindowList::closeInspector(const std::shared_ptr<Inspector>& inspector, SaveAnswer answer) {
     if (std::ranges::find(asked_, inspector.get()) != asked_.end()) {
         return true;
     }
     const Listed asked(asked_, static_cast<const HostObject*>(inspector.get()));
     const auto item = inspector->item();
-    if (save) {
-        item->save();
-    }
-    if (world_.raiseCancellable(*item->eventSource(), L"Close", 0xF004)) {
+    if (world_.raiseCancellable(*item->eventSource(), L"Close", 0xF004) || answer == SaveAnswer::Cancel) {
         return false;
+    }
+    if (answer == SaveAnswer::Yes && !item->gone()) {
+        item->save();
     }
     if (std::ranges::find(inspectors_, inspector) != inspectors_.end()) {
         close(inspector);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -13,6 +14,9 @@ class Inspector;
 class Inspectors;
 class Item;
 class World;
+
+/// What the user answers when a closing window asks whether to save the changes.
+enum class SaveAnswer { No, Yes, Cancel };
 
 /// The open windows, in the order in which they were opened and in the order in which they lie on the screen.
 class WindowList {
@@ -28,6 +32,8 @@ class WindowList {
     /// The topmost window, or of its kind; nothing when there is none.
     std::shared_ptr<HostObject> top() const;
     std::shared_ptr<Explorer> topExplorer() const;
+    /// The topmost explorer of those that `wanted` accepts.
+    std::shared_ptr<Explorer> topExplorer(const std::function<bool(const Explorer&)>& wanted) const;
     std::shared_ptr<Inspector> topInspector() const;
     /// The inspector that shows the item, or nothing.
     std::shared_ptr<Inspector> inspectorOf(const Item& item) const;
@@ -42,8 +48,9 @@ class WindowList {
     void activate(const std::shared_ptr<HostObject>& window);
     /// Deactivate and Close, then Activate of the window below. The inspector's item is not asked.
     void close(const std::shared_ptr<HostObject>& window);
-    /// Item Close first, which can be cancelled; true when the window has closed.
-    bool closeInspector(const std::shared_ptr<Inspector>& inspector, bool save);
+    /// Item Close first, which can be cancelled; only then is the user asked. True when the window has
+    /// closed.
+    bool closeInspector(const std::shared_ptr<Inspector>& inspector, SaveAnswer answer);
 
   private:
     void deactivate(const HostObject& window);

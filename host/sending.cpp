@@ -32,7 +32,7 @@ SendOutcome deliver(World& world, const std::shared_ptr<Item>& item) {
     }
     const auto folder =
         world.mailbox().defaultFolder(waits ? defaultFolder::outbox : defaultFolder::sentMail);
-    const auto sent = item->moveTo(*folder);
+    const auto sent = world.profile().sentItemsStay ? item->putInto(*folder) : item->moveTo(*folder);
     return {waits ? SendState::Deferred : SendState::Sent, sent->object(), sent->view(), {}};
 }
 

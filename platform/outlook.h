@@ -52,6 +52,7 @@ inline constexpr std::int32_t newExplorer = 0xF001;
 inline constexpr std::int32_t newInspector = 0xF001;
 inline constexpr std::int32_t explorerSelectionChange = 0xF007;
 inline constexpr std::int32_t explorerClose = 0xF008;
+inline constexpr std::int32_t inspectorActivate = 0xF001;
 inline constexpr std::int32_t inspectorClose = 0xF008;
 inline constexpr std::int32_t itemClose = 0xF004;
 inline constexpr std::int32_t itemSend = 0xF005;
@@ -90,6 +91,8 @@ class Item : public Front {
     std::int32_t itemClass() const { return object_.get(L"Class").toInteger(); }
     /// Empty for an item that was never saved; fails for one that was moved or deleted.
     std::wstring entryId() const { return object_.get(L"EntryID").toText(); }
+    /// Of a mail, also of one that was received.
+    bool sent() const { return object_.get(L"Sent").toBool(); }
     std::wstring subject() const { return object_.get(L"Subject").toText(); }
     void setSubject(const std::wstring& subject) const { object_.put(L"Subject", subject); }
     void display() const { object_.call(L"Display"); }

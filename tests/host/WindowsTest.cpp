@@ -95,6 +95,24 @@ TEST(HostWindowsTest, ClosingAnItemCanBeRefused) {
     log.endAll();
 }
 
+TEST(HostWindowsTest, TheUserIsAskedAboutChangesAfterTheItemsClose) {
+    host::Outlook outlook({});
+    const Object inspector = outlook.openNewMail(mailTo(L"bob@example.com"));
+    EventLog log;
+    log.watch(inspector, outlook::events::inspector, L"inspector");
+    log.watch(outlook.itemOf(inspector), outlook::events::item, L"item");
+    outlook.cancelClosing(inspector);
+    EXPECT_EQ(log.lines(), Lines{L"item Close"});
+    EXPECT_EQ(outlook.inspectors(), std::vector<Object>{inspector});
+    log.clear();
+    outlook.closeInspector(inspector, true);
+    EXPECT_EQ(log.lines(),
+              (Lines{L"item Close", L"item Write", L"inspector Deactivate", L"inspector Close"}));
+    const Object saved = outlook.openItem(outlook.itemsIn(L"Drafts").at(0));
+    EXPECT_NE(errorOf([&] { outlook.cancelClosing(saved); }), 0) << "nothing to ask about";
+    log.endAll();
+}
+
 TEST(HostWindowsTest, TheTopmostWindowsAreTheActiveOnes) {
     host::Outlook outlook({});
     const Object application = outlook.application();

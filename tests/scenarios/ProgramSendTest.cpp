@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "tests/scenarios/Bench.h"
 
@@ -20,8 +21,63 @@ Object newMailOfProgram(Bench& bench, const std::wstring& subject, const std::ws
     return mail;
 }
 
-/// To a program that sends, no window is active: which editor the mail has is
-/// known from its own.
+/// A window that was never shown tells of no closing.
+TEST(HiddenWindows, AreLetGoOnceTheirMailIsSent) {
+    for (const bool sentItemsStay : {false, true}) {
+        Given setup;
+        setup.profile.sentItemsStay = sentItemsStay;
+        Bench bench(setup);
+        constexpr std::size_t sends = 100;
+        const auto sendAll = [&] {
+            for (std::size_t count = 0; count < sends; ++count) {
+                newMailOfProgram(bench, L"Budget", L"Hello").call(L"Send");
+            }
+        };
+        sendAll();
+        const std::size_t before = bench.outlook().liveObjects();
+        sendAll();
+        EXPECT_EQ(bench.outlook().liveObjects(), before + sends) << "more than the sent items";
+        EXPECT_EQ(bench.outlook().itemsIn(L"Sent Items").size(), 2 * sends);
+    }
+}
+
+TEST(HiddenWindows, AreLetGoHoweverLateTheirMailIsSent) {
+    Bench bench;
+    const auto sendAtOnce = [&](std::size_t count) {
+        for (std::size_t mail = 0; mail < count; ++mail) {
+            newMailOfProgram(bench, L"Budget", L"Hello").call(L"Send");
+        }
+    };
+    sendAtOnce(1);
+    const std::size_t before = bench.outlook().liveObjects();
+    std::vector<Object> waiting;
+    for (std::size_t mail = 0; mail < 20; ++mail) {
+        waiting.push_back(newMailOfProgram(bench, L"Budget", L"Hello"));
+    }
+    for (const Object& mail : std::exchange(waiting, {})) {
+        mail.call(L"Send");
+    }
+    sendAtOnce(40);
+    EXPECT_EQ(bench.outlook().liveObjects(), before + 60) << "more than the sent items";
+}
+
+TEST(HiddenWindows, AreGuardedHoweverManyThereAre) {
+    constexpr std::size_t mails = 30;
+    Bench bench({.answers = std::vector<std::wstring>(mails + 1, L"Attachment(s) missing=No")});
+    const Object shown = bench.outlook().openNewMail(plainMail(L"Budget", L"See attached."));
+    bench.outlook().cancelClosing(shown);
+    std::vector<Object> hidden;
+    for (std::size_t count = 0; count < mails; ++count) {
+        hidden.push_back(newMailOfProgram(bench, L"Budget", L"See attached."));
+    }
+    for (const Object& mail : hidden) {
+        EXPECT_THROW(mail.call(L"Send"), automation::Error);
+    }
+    EXPECT_EQ(bench.outlook().send(shown).state, SendState::Cancelled);
+    EXPECT_EQ(bench.prompts().size(), mails + 1);
+}
+
+/// To a program that sends, no window is active: which editor the mail has is known from its own.
 TEST(ProgramsSend, IsCheckedByItsOwnEditor) {
     for (const wchar_t* version : {L"9.0.0.2711", L"11.0.0.5510", L"14.0.0.4760"}) {
         Given setup{.answers = {L"frmNoSubject=cmdOK", L"Attachment(s) missing=No"}};
