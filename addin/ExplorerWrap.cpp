@@ -12,15 +12,6 @@ namespace {
 
 namespace events = outlook::events;
 
-/// Selecting while a window closes fails in ways that mean nothing to the user.
-bool isHarmless(const automation::Error& error) {
-    return error.description() ==
-               L"The Explorer has been closed and cannot be used for further operations. Review your code "
-               L"and "
-               L"restart Outlook." ||
-           error.description() == L"The operation failed.";
-}
-
 }  // namespace
 
 void ExplorerWrap::setExplorer(const outlook::Explorer& explorer) {
@@ -82,10 +73,9 @@ void ExplorerWrap::onExplorerEvent(std::int32_t event) {
 }
 
 void ExplorerWrap::m_objExpl_SelectionChange() {
+    const std::size_t change = ++changes_;
     try {
-        if (!showsOutbox()) {
-            watch(selectedMail());
-        }
+        watch(showsOutbox() ? outlook::Item() : selectedMail(), change);
     } catch (...) {
         const automation::Error error = basGlobals::currentError();
         if (!isHarmless(error)) {
@@ -95,11 +85,23 @@ void ExplorerWrap::m_objExpl_SelectionChange() {
     }
 }
 
-void ExplorerWrap::watch(const outlook::Item& item) {
-    itemEvents_.end();
-    mailItem_ = item;
+/// Selecting while a window closes fails in ways that mean nothing to the user. Outlook words them in the
+/// user's language, and its number for a closed window differs between versions.
+bool ExplorerWrap::isHarmless(const automation::Error& error) const {
+    return error.number() == automation::errors::failed ||
+           error.description() ==
+               L"The Explorer has been closed and cannot be used for further operations. Review your code "
+               L"and "
+               L"restart Outlook." ||
+           error.description() == L"The operation failed." ||
+           !basGlobals::skipErrors([&] { explorer_.caption(); });
+}
+
+/// Outlook's calls let events in: what is no longer the latest change must not take the place of the latest.
+void ExplorerWrap::watch(const outlook::Item& item, std::size_t change) {
+    automation::Subscription subscription;
     if (item) {
-        itemEvents_ = automation::subscribe(
+        subscription = automation::subscribe(
             item.object(), events::item,
             [self = weak_from_this()](std::int32_t event, std::span<automation::Value> arguments) {
                 if (const auto wrapper = self.lock()) {  // Held: a check may close or change the selection.
@@ -107,24 +109,49 @@ void ExplorerWrap::watch(const outlook::Item& item) {
                 }
             });
     }
+    if (change == changes_) {
+        mailItem_ = item;
+        itemEvents_ = std::move(subscription);
+    }
 }
 
 void ExplorerWrap::onItemEvent(std::int32_t event, std::span<automation::Value> arguments) {
     const outlook::Item item = mailItem_;
-    if (replyEvents::isAnswer(event) && !isOpenInActiveInspector()) {
+    if (replyEvents::isAnswer(event) && !isLeftToInspector() && !isLeftToOtherExplorer()) {
         replyEvents::handle(globals_, item, event, arguments);
     }
 }
 
-/// Then the inspector's wrapper handles the event. Compared by id, as one item comes in different objects and
-/// many share a subject.
-bool ExplorerWrap::isOpenInActiveInspector() const {
-    bool same = false;
-    basGlobals::skipErrors([&] {
-        const outlook::Inspector inspector = globals_.outlook.activeInspector();
-        same = inspector && inspector.currentItem().entryId() == mailItem_.entryId();
+/// True when the mail is open in the active item window and that window has a wrapper, which then handles the
+/// event. Windows from before the connection have none.
+bool ExplorerWrap::isLeftToInspector() const {
+    const auto left = [&] {
+        const outlook::Inspector active = globals_.outlook.activeInspector();
+        return active && watchesSame(active.currentItem()) && wrappers_.watches(active);
+    };
+    return basGlobals::attempt(left).value_or(false);
+}
+
+/// The mail may be selected in several main windows, each of which hears that it is answered: the active one
+/// handles it, or the oldest of them when the active one shows something else. Where that cannot be told the
+/// check is made: once too often is better than never.
+bool ExplorerWrap::isLeftToOtherExplorer() const {
+    const auto active = basGlobals::attempt([&] { return globals_.outlook.activeExplorer().object(); });
+    if (!active || *active == explorer_.object()) {
+        return false;
+    }
+    bool left = false;
+    wrappers_.explorers().forEach([&](const ExplorerWrap& other) {
+        const bool goesFirst = other.key_ < key_ || other.explorer_.object() == *active;
+        const auto same = [&] { return other.watchesSame(mailItem_); };
+        left = left || (goesFirst && basGlobals::attempt(same).value_or(false));
     });
-    return same;
+    return left;
+}
+
+/// Compared by id, as one item comes in different objects and many share a subject. Throws automation::Error.
+bool ExplorerWrap::watchesSame(const outlook::Item& item) const {
+    return mailItem_ && item.entryId() == mailItem_.entryId();
 }
 
 /// Touching an item in the Outbox would keep Outlook from sending it.
@@ -152,7 +179,7 @@ void ExplorerWrap::m_objExpl_Close() {
 
 void ExplorerWrap::release() {
     explorerEvents_.end();
-    watch({});
+    watch({}, ++changes_);
     accountListEvents_.end();
     buttons_ = {};
     explorer_ = {};

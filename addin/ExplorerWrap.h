@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <span>
@@ -17,8 +18,8 @@ class ExplorerWrap : public std::enable_shared_from_this<ExplorerWrap> {
         : globals_(globals), wrappers_(wrappers) {}
 
     std::int32_t Key() const { return key_; }
-    const outlook::Explorer& Explorer() const { return explorer_; }
     void setKey(std::int32_t key) { key_ = key; }
+    const outlook::Explorer& Explorer() const { return explorer_; }
     void setExplorer(const outlook::Explorer& explorer);
     /// Lets the window go: no event reaches the wrapper any more, even while something holds it.
     void release();
@@ -36,9 +37,12 @@ class ExplorerWrap : public std::enable_shared_from_this<ExplorerWrap> {
   private:
     void onExplorerEvent(std::int32_t event);
     void m_objExpl_SelectionChange();
-    void watch(const outlook::Item& item);
+    void watch(const outlook::Item& item, std::size_t change);
     void onItemEvent(std::int32_t event, std::span<automation::Value> arguments);
-    bool isOpenInActiveInspector() const;
+    bool isLeftToInspector() const;
+    bool isLeftToOtherExplorer() const;
+    bool watchesSame(const outlook::Item& item) const;
+    bool isHarmless(const automation::Error& error) const;
     void m_objExpl_Close();
     void gcmdTWl_Veltro_List_Click();
     bool showsOutbox() const;
@@ -49,6 +53,8 @@ class ExplorerWrap : public std::enable_shared_from_this<ExplorerWrap> {
     std::int32_t key_ = 0;
     outlook::Explorer explorer_;
     outlook::Item mailItem_;
+    /// Counts the changes of the selection.
+    std::size_t changes_ = 0;
     automation::Subscription explorerEvents_;
     automation::Subscription itemEvents_;
     menu::Buttons buttons_;

@@ -17,8 +17,6 @@ void checkSubject(Globals& globals, const outlook::Item& answered, const outlook
     basVeltro::vtRemoveSpamMarks(globals, response);
 }
 
-}  // namespace
-
 void reply(Globals& globals, const outlook::Item& answered, const outlook::Item& response, bool& cancel) {
     checkSubject(globals, answered, response);
     basVeltro::AnsweredMail mail(globals, answered);
@@ -26,9 +24,6 @@ void reply(Globals& globals, const outlook::Item& answered, const outlook::Item&
 }
 
 void replyAll(Globals& globals, const outlook::Item& answered, const outlook::Item& response, bool& cancel) {
-    if (cancel) {
-        return;
-    }
     checkSubject(globals, answered, response);
     basVeltro::AnsweredMail mail(globals, answered);
     basVeltro::vtReplyAllCheck(globals, mail, response, cancel);
@@ -38,11 +33,11 @@ void replyAll(Globals& globals, const outlook::Item& answered, const outlook::It
 }
 
 void forward(Globals& globals, const outlook::Item& /*forwarded*/, const outlook::Item& response,
-             bool& cancel) {
-    if (!cancel) {
-        basVeltro::vtRemoveSpamMarks(globals, response);
-    }
+             bool& /*cancel*/) {
+    basVeltro::vtRemoveSpamMarks(globals, response);
 }
+
+}  // namespace
 
 bool isAnswer(std::int32_t event) {
     namespace events = outlook::events;
@@ -58,7 +53,7 @@ void handle(Globals& globals, const outlook::Item& item, std::int32_t event,
     basGlobals::skipErrors([&] {
         const outlook::Item response(eventArguments::at(arguments, 0).toObject());
         eventArguments::Cancel cancel(eventArguments::at(arguments, 1));
-        if (!response) {
+        if (!response || cancel.flag()) {
             return;
         }
         const auto handler = event == events::itemReply      ? reply

@@ -135,6 +135,7 @@ class NameSpace : public Front {
 class Explorer : public Front {
   public:
     using Front::Front;
+    std::wstring caption() const { return object_.get(L"Caption").toText(); }
     Folder currentFolder() const { return Folder(object_.get(L"CurrentFolder").toObject()); }
     Collection<Item> selection() const { return Collection<Item>(object_.get(L"Selection").toObject()); }
 };

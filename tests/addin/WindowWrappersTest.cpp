@@ -208,6 +208,39 @@ TEST(WindowWrappers, CostTheSameHoweverManyWindowsAreOpen) {
     wrappers.release();
 }
 
+TEST(ExplorerWrap, KeepsQuietAboutWindowsThatCloseInAnyLanguage) {
+    constexpr std::int32_t other = -1234;
+    const struct {
+        std::int32_t number;
+        const wchar_t* description;
+        bool closed;
+        bool reported;
+    } cases[] = {
+        {automation::errors::failed, L"Der Vorgang ist fehlgeschlagen.", false, false},
+        {other, L"The operation failed.", false, false},
+        {other,
+         L"The Explorer has been closed and cannot be used for further operations. Review your code and "
+         L"restart Outlook.",
+         false, false},
+        {other, L"Der Explorer wurde geschlossen.", true, false},
+        {other, L"The store is offline.", false, true},
+    };
+    for (const auto& given : cases) {
+        TestWorld world({L"Veltro=OK"});
+        WindowWrappers wrappers(world.globals);
+        const auto explorer =
+            std::make_shared<BrokenWindow>(automation::Error(given.number, given.description), given.closed);
+        const auto wrapper = std::make_shared<ExplorerWrap>(world.globals, wrappers);
+        wrapper->setExplorer(outlook::Explorer(automation::Object(explorer)));
+        explorer->select();
+        ASSERT_EQ(world.log.messages.size(), given.reported ? 1U : 0U);
+        if (given.reported) {
+            EXPECT_EQ(world.log.messages[0].text,
+                      L"m_objExpl_SelectionChange - Error -1234: The store is offline.");
+        }
+    }
+}
+
 TEST(ExplorerWrap, WatchesTheSelectedMailOutsideTheOutbox) {
     TestWorld world;
     WindowWrappers wrappers(world.globals);
@@ -226,9 +259,33 @@ TEST(ExplorerWrap, WatchesTheSelectedMailOutsideTheOutbox) {
     EXPECT_TRUE(wrapper->watchedItem().object() == first);
     world.outlook.select(window, {person});
     EXPECT_FALSE(wrapper->watchedItem());
+    world.outlook.select(window, {second});
+    EXPECT_TRUE(wrapper->watchedItem().object() == second);
     world.outlook.select(window, {waiting});
     EXPECT_FALSE(wrapper->watchedItem());
     EXPECT_TRUE(world.log.messages.empty());
+}
+
+TEST(ExplorerWrap, WatchesTheLatestSelectionWhenOneComesInsideAnother) {
+    bool inside = true;
+    for (std::size_t call = 1; inside; ++call) {
+        TestWorld world;
+        WindowWrappers wrappers(world.globals);
+        const auto window = world.outlook.openExplorer();
+        const auto wrapper = std::make_shared<ExplorerWrap>(world.globals, wrappers);
+        wrapper->setExplorer(outlook::Explorer(window));
+        const auto first = world.outlook.receive({});
+        const auto second = world.outlook.receive({});
+        inside = false;
+        world.outlook.meter()->duringCall(call, [&] {
+            inside = true;
+            world.outlook.select(window, {second});
+        });
+        world.outlook.select(window, {first});
+        world.outlook.meter()->duringCall(0, nullptr);
+        const outlook::Item selected = outlook::Explorer(window).selection().item(1);
+        EXPECT_TRUE(wrapper->watchedItem().object() == selected.object()) << "call " << call;
+    }
 }
 
 }  // namespace
