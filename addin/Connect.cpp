@@ -1,8 +1,11 @@
 #include "addin/Connect.h"
 
+#include <utility>
+
 #include "accounts/basSendAcct.h"
 #include "addin/basPreInitializeSetup.h"
 #include "addin/eventArguments.h"
+#include "addin/missingLibrary.h"
 #include "addin/settingsFolder.h"
 #include "mail/ProfileAddresses.h"
 #include "mail/basGlobals.h"
@@ -51,6 +54,7 @@ void Connect::OnConnection(const automation::Object& application, int /*connectM
     application_ = outlook::Application(application);
     addInInst_ = addInInst;
     StartingUp startingUp(globals_.startingUp);
+    libraryLookedFor_ = false;
 
     openResourceLibrary();
     readProductTexts();
@@ -59,11 +63,22 @@ void Connect::OnConnection(const automation::Object& application, int /*connectM
         startingUp.leaveSet();
         return;
     }
+    lookForLibrary();
     if (wrapOpenExplorers()) {
         settingsFolder::moveToCurrentPlace(globals_);
-        basSendAcct::OpenList(globals_)->LoadList();
+        const auto list = basSendAcct::OpenList(globals_);
+        if (!globals_.redemptionMissing) {
+            list->LoadList();
+        }
     }
     refreshEmailList();
+}
+
+/// Once, and with a window: an Outlook that a program has started without one must not wait for an answer.
+void Connect::lookForLibrary() {
+    if (!std::exchange(libraryLookedFor_, true)) {
+        missingLibrary::lookFor(globals_);
+    }
 }
 
 void Connect::openResourceLibrary() {
@@ -143,7 +158,7 @@ bool Connect::wrapOpenExplorers() {
 }
 
 void Connect::refreshEmailList() {
-    if (!modRegKeys::UseOutlookSettings.read(globals_)) {
+    if (globals_.redemptionMissing || !modRegKeys::UseOutlookSettings.read(globals_)) {
         return;
     }
     // A profile that could not be read must not empty the list.

@@ -48,6 +48,7 @@ class Connect {
     void colExpl_NewExplorer(const outlook::Explorer& explorer);
     void colInsp_NewInspector(const outlook::Inspector& inspector);
     void ensureOutAddIn();
+    void lookForLibrary();
 
     AlertingDesktop desktop_;
     /// The world with that desktop.
@@ -58,6 +59,7 @@ class Connect {
     outlook::Application application_;
     automation::Object addInInst_;
     std::shared_ptr<OutAddIn> outAddIn_;
+    bool libraryLookedFor_ = false;
 
     outlook::Explorer objExpl_;
     automation::Subscription objExplEvents_;

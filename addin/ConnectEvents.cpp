@@ -89,6 +89,7 @@ void Connect::colInsp_NewInspector(const outlook::Inspector& inspector) {
     if (isWrapped(itemClass)) {
         wrappers_.AddInsp(inspector, item, itemClass);
     }
+    lookForLibrary();
 }
 
 void Connect::ensureOutAddIn() {

@@ -3,6 +3,7 @@
 #include "accounts/basSendAcct.h"
 #include "accounts/frmEmailAddress.h"
 #include "addin/WindowWrappers.h"
+#include "addin/missingLibrary.h"
 #include "addin/replyEvents.h"
 #include "mail/basGlobals.h"
 #include "mail/errorTrap.h"
@@ -51,6 +52,10 @@ void ExplorerWrap::gcmdTWl_Veltro_List_Click() {
                 L"Account Sentry is only supported in Outlook 2003 and above.",
                 {platform::Buttons::Ok, platform::Icon::Information},
                 prompts::titled(globals_, L"Account Sentry"));
+            return;
+        }
+        if (globals_.redemptionMissing) {
+            missingLibrary::tell(globals_);
             return;
         }
         const auto list = basSendAcct::OpenList(globals_);

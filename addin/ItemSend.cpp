@@ -23,6 +23,12 @@ bool hasWindow(Globals& globals) {
     });
 }
 
+/// Without the library that reads items there is nothing to ask by: the mail leaves.
+bool canReadItems(const Globals& globals) {
+    return basGlobals::skipErrors(
+        [&] { globals.platform.automation.createObject(redemption::progId::safeInspector); });
+}
+
 void delaySending(Globals& globals, const outlook::Item& item, bool& cancel) {
     if (basGlobals::itemUnreadable(item)) {
         return;
@@ -44,7 +50,8 @@ void OutAddIn::objOutlook_ItemSend(const outlook::Item& item, bool& cancel) {
         return;
     }
     const auto list = basSendAcct::OpenList(globals_);
-    if (!list->CreatePostrouteFolder() || item.itemClass() != outlook::itemClass::mail || cancel) {
+    if (!list->CreatePostrouteFolder() || item.itemClass() != outlook::itemClass::mail ||
+        !canReadItems(globals_) || cancel) {
         return;
     }
     basVeltro::confirmSend(globals_, item, cancel);

@@ -79,7 +79,7 @@ void clsInspWrap::m_ObjMail_Send(bool& cancel) {
             return;
         }
         checkSubject(cancel);
-        if (!cancel) {
+        if (!cancel && !globals_.redemptionMissing) {
             basVeltro::vtAttachMissingCheck(globals_, item_, cancel);
         }
     });

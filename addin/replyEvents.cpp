@@ -13,18 +13,26 @@ namespace {
 using basGlobals::Globals;
 
 void checkSubject(Globals& globals, const outlook::Item& answered, const outlook::Item& response) {
-    basVeltro::vtOldSubject(globals, answered, response);
+    if (!globals.redemptionMissing) {
+        basVeltro::vtOldSubject(globals, answered, response);
+    }
     basVeltro::vtRemoveSpamMarks(globals, response);
 }
 
 void reply(Globals& globals, const outlook::Item& answered, const outlook::Item& response, bool& cancel) {
     checkSubject(globals, answered, response);
+    if (globals.redemptionMissing) {
+        return;
+    }
     basVeltro::AnsweredMail mail(globals, answered);
     basVeltro::vtReplyCheck(globals, mail, response, cancel);
 }
 
 void replyAll(Globals& globals, const outlook::Item& answered, const outlook::Item& response, bool& cancel) {
     checkSubject(globals, answered, response);
+    if (globals.redemptionMissing) {
+        return;
+    }
     basVeltro::AnsweredMail mail(globals, answered);
     basVeltro::vtReplyAllCheck(globals, mail, response, cancel);
     if (!cancel) {

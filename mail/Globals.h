@@ -46,6 +46,9 @@ struct Globals {
     /// The list of preferred accounts; nothing until it is first opened, and after the last window has
     /// closed.
     std::shared_ptr<clsSendAcct> sendAccounts;
+    /// The Redemption library, which reads mails, cannot be had. The user was told at the start, so that what
+    /// needs it is left out without a word.
+    bool redemptionMissing = false;
     /// True when one of the profile's stores is a Google Apps store.
     bool googleApps = false;
     /// From the first step of the start-up to its last; stays set when Outlook started without a window.
