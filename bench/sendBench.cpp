@@ -1,7 +1,7 @@
 #include <benchmark/benchmark.h>
 
 #include "bench/BenchWorld.h"
-#include "host/SettingsFolder.h"
+#include "program/SettingsFolder.h"
 
 namespace {
 
@@ -17,7 +17,8 @@ host::Message smallMail() {
 host::Profile profileWithList() {
     host::Profile profile;
     profile.accounts.push_back({.name = L"Home", .address = L"me@example.net"});
-    profile.messages = {{host::settingsFolder, host::preferredAccountsItem({{L"bob@example.org", L"Home"}})}};
+    profile.messages = {
+        {host::settingsFolder, program::preferredAccountsItem({{L"bob@example.org", L"Home"}})}};
     return profile;
 }
 

@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "host/Answers.h"
 #include "host/Outlook.h"
 #include "mail/Globals.h"
 #include "platform/native/FakeRegistry.h"
@@ -14,6 +13,7 @@
 #include "platform/native/MemorySettingsStore.h"
 #include "platform/native/ScriptedDesktop.h"
 #include "platform/native/SystemClock.h"
+#include "program/Answers.h"
 
 /// A native world around a simulated Outlook, for rules that are tested without a whole send.
 class TestWorld {
@@ -65,7 +65,7 @@ class TestWorld {
     static platform::AnswerList parsed(const std::vector<std::wstring>& answers) {
         std::vector<platform::PromptAnswer> list;
         for (const std::wstring& answer : answers) {
-            list.push_back(host::parseAnswer(answer));
+            list.push_back(program::parseAnswer(answer));
         }
         return platform::AnswerList(std::move(list));
     }

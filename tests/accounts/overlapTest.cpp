@@ -57,7 +57,7 @@ class OverlapWorld : public AccountsWorld, private platform::PromptObserver {
     static platform::AnswerList parsed(const std::vector<std::wstring>& answers) {
         std::vector<platform::PromptAnswer> parsedAnswers;
         for (const std::wstring& answer : answers) {
-            parsedAnswers.push_back(host::parseAnswer(answer));
+            parsedAnswers.push_back(program::parseAnswer(answer));
         }
         return platform::AnswerList(std::move(parsedAnswers));
     }

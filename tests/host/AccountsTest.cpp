@@ -4,7 +4,7 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
-#include "host/Session.h"
+#include "program/Session.h"
 #include "tests/host/EventLog.h"
 #include "tests/host/stamps.h"
 
@@ -281,18 +281,18 @@ TEST_F(HostAccountsTest, AReadOnlyStoreRefusesToSaveAStampedItem) {
 }
 
 struct Run {
-    host::ExitStatus status = host::ExitStatus::BadInput;
+    program::ExitStatus status = program::ExitStatus::BadInput;
     std::vector<json> events{};
 };
 
 /// A whole run; `prepare` does what an add-in does when it is connected.
-Run run(const host::CommandLine& line, const std::vector<host::MessageFile>& messages,
+Run run(const program::CommandLine& line, const std::vector<program::MessageFile>& messages,
         const std::function<automation::Subscription(host::Outlook&)>& prepare) {
     std::ostringstream output;
-    host::Report report(output, host::Report::Format::Json);
+    program::Report report(output, program::Report::Format::Json);
     host::Outlook outlook(line.profile());
     const auto token = prepare(outlook);
-    host::Session session(line, outlook, report, [] { return false; });
+    program::Session session(line, outlook, report, [] { return false; });
     Run result{.status = session.run(messages)};
     session.quit();
     std::istringstream lines(output.str());
@@ -303,7 +303,7 @@ Run run(const host::CommandLine& line, const std::vector<host::MessageFile>& mes
 }
 
 TEST(HostAccountsInRunsTest, TheSentEventTellsTheAccountThatTheMailLeftWith) {
-    const auto line = host::parseCommandLine(
+    const auto line = program::parseCommandLine(
         {L"send", L"x", L"--account", L"Work=me@example.org", L"--account", L"Caf\u00e9=me@cafe.example"});
     auto chosen = mailTo(L"bob@example.com", L"Chosen");
     chosen.account = L"Caf\u00e9";
@@ -326,7 +326,7 @@ TEST(HostAccountsInRunsTest, TheSentEventTellsTheAccountThatTheMailLeftWith) {
                                                  }
                                              });
             });
-    EXPECT_EQ(result.status, host::ExitStatus::Done);
+    EXPECT_EQ(result.status, program::ExitStatus::Done);
     ASSERT_EQ(result.events.size(), 3U);
     const char* const expected[] = {"Work", "Caf\u00e9", "Caf\u00e9"};
     for (std::size_t i = 0; i < 3; ++i) {
@@ -336,9 +336,9 @@ TEST(HostAccountsInRunsTest, TheSentEventTellsTheAccountThatTheMailLeftWith) {
 }
 
 TEST(HostAccountsInRunsTest, TheListOpensFromTheMenuOrIsSaidToBeMissing) {
-    const auto line = host::parseCommandLine({L"list"});
+    const auto line = program::parseCommandLine({L"list"});
     const auto without = run(line, {}, [](host::Outlook&) { return automation::Subscription(); });
-    EXPECT_EQ(without.status, host::ExitStatus::Cancelled);
+    EXPECT_EQ(without.status, program::ExitStatus::Cancelled);
     ASSERT_EQ(without.events.size(), 1U);
     EXPECT_EQ(without.events[0]["event"], "error");
     EXPECT_EQ(without.events[0]["text"],
@@ -355,14 +355,14 @@ TEST(HostAccountsInRunsTest, TheListOpensFromTheMenuOrIsSaidToBeMissing) {
         return automation::subscribe(control, outlook::events::commandBarButton,
                                      [&pressed](std::int32_t, std::span<Value>) { ++pressed; });
     });
-    EXPECT_EQ(with.status, host::ExitStatus::Done);
+    EXPECT_EQ(with.status, program::ExitStatus::Done);
     EXPECT_TRUE(with.events.empty());
     EXPECT_EQ(pressed, 1);
 }
 
 TEST(HostAccountsInRunsTest, AListOnTheCommandLineIsInTheSettingsFolder) {
-    const auto line =
-        host::parseCommandLine({L"list", L"--list", L"ann@example.org=Work", L"--list", L"bob@example.org="});
+    const auto line = program::parseCommandLine(
+        {L"list", L"--list", L"ann@example.org=Work", L"--list", L"bob@example.org="});
     const host::Outlook outlook(line.profile());
     const auto items = outlook.itemsIn(L"Corvane Settings\\Veltro");
     ASSERT_EQ(items.size(), 1U);

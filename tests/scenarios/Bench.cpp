@@ -5,15 +5,15 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "host/Answers.h"
 #include "platform/text.h"
+#include "program/Answers.h"
 
 namespace {
 
 platform::AnswerList parsed(const std::vector<std::wstring>& answers) {
     std::vector<platform::PromptAnswer> list;
     for (const std::wstring& answer : answers) {
-        list.push_back(host::parseAnswer(answer));
+        list.push_back(program::parseAnswer(answer));
     }
     return platform::AnswerList(std::move(list));
 }

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "host/SettingsFolder.h"
+#include "program/SettingsFolder.h"
 #include "tests/accounts/listTexts.h"
 #include "tests/scenarios/Bench.h"
 
@@ -14,7 +14,7 @@ constexpr wchar_t newFolder[] = L"Corvane Settings\\Veltro";
 host::Message listItem(const std::wstring& subject) {
     host::Message message;
     message.subject = subject;
-    message.body = host::preferredAccountsItem({}).body;
+    message.body = program::preferredAccountsItem({}).body;
     return message;
 }
 

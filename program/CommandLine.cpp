@@ -1,0 +1,221 @@
+#include "program/CommandLine.h"
+
+#include <algorithm>
+#include <functional>
+#include <map>
+
+#include "platform/text.h"
+#include "program/Answers.h"
+#include "program/SettingsFolder.h"
+
+namespace program {
+
+namespace {
+
+constexpr char usageText[] =
+    R"(veltro-host: a simulated Outlook that e-mail can be tried out in
+
+  veltro-host send MESSAGE...          open each message as a new mail and press Send
+  veltro-host reply MESSAGE...         select each message in the Inbox and press Reply
+  veltro-host reply-all MESSAGE...     ... Reply to All
+  veltro-host forward MESSAGE...       ... Forward
+  veltro-host list                     open the list of preferred sending accounts from the menu
+  veltro-host import MESSAGE.eml...    write the messages as JSON, which the other commands read too
+
+  --outlook VERSION        the version that Outlook tells; 14.0.0.4760 unless given
+  --editor html|word       the e-mail editor of item windows; html unless given
+  --account NAME=ADDRESS   an account of the profile, repeatable; the first is the default account
+  --set KEY=VALUE          a setting for this run, repeatable
+  --settings FILE          keep the settings in this file; otherwise they live for the run
+  --list ADDRESS=ACCOUNT   an entry of the list of preferred accounts, repeatable; they take the place of a list
+                           that --folder has kept
+  --folder FILE            keep subject and text of the settings folder's items, the list among them, in this
+                           file; otherwise they live for the run
+  --bcc-me                 the received message reached the user blind (reply commands)
+  --first-run              a profile on which the add-in never ran
+  --answer 'WHERE=WHAT'    an answer to a prompt, repeatable, used in order. WHERE is the start of a message
+                           box's title, or a form's name; WHAT is Yes, No, OK or Cancel, or for a form
+                           control=value and finally the button, parted by "; " (";;" is a plain ";")
+  --json                   one JSON object a line instead of text
+
+Exit status: 0 all sent or opened, 1 something was cancelled, 2 bad arguments or unreadable file,
+3 a prompt found no answer.
+)";
+
+std::string quoted(std::wstring_view text) {
+    return "\"" + text::toUtf8(text) + "\"";
+}
+
+/// The texts before and after the first "=".
+std::pair<std::wstring, std::wstring> parsePair(const std::string& option, const std::string& form,
+                                                const std::wstring& value) {
+    const auto cut = value.find(L'=');
+    if (cut == std::wstring::npos || cut == 0) {
+        throw UsageError(option + " needs " + form + ", not " + quoted(value));
+    }
+    return {value.substr(0, cut), value.substr(cut + 1)};
+}
+
+void addAccount(CommandLine& line, const std::wstring& value) {
+    auto [name, address] = parsePair("--account", "NAME=ADDRESS", value);
+    const auto at = address.find(L'@');
+    if (at == std::wstring::npos || at == 0 || at + 1 == address.size()) {
+        throw UsageError("--account needs an e-mail address, not " + quoted(address));
+    }
+    const bool known = std::ranges::any_of(line.accounts, [&name = name](const host::Account& account) {
+        return text::equalsIgnoringCase(account.name, name);
+    });
+    if (known) {
+        throw UsageError("--account: there are two accounts named " + quoted(name));
+    }
+    line.accounts.push_back({.name = name, .address = address});
+}
+
+void setVersion(CommandLine& line, const std::wstring& value) {
+    const bool digits =
+        std::ranges::all_of(value, [](wchar_t c) { return c == L'.' || (c >= L'0' && c <= L'9'); });
+    if (value.empty() || value.front() == L'.' || !digits) {
+        throw UsageError("--outlook needs a version such as 14.0.0.4760, not " + quoted(value));
+    }
+    line.outlookVersion = value;
+}
+
+void setEditor(CommandLine& line, const std::wstring& value) {
+    if (value != L"html" && value != L"word") {
+        throw UsageError("--editor needs html or word, not " + quoted(value));
+    }
+    line.editor = value == L"word" ? host::Editor::Word : host::Editor::Html;
+}
+
+void addAnswer(CommandLine& line, const std::wstring& value) {
+    try {
+        line.answers.push_back(parseAnswer(value));
+    } catch (const std::invalid_argument& error) {
+        throw UsageError(error.what());
+    }
+}
+
+struct Option {
+    bool takesValue = true;
+    std::function<void(CommandLine&, const std::wstring&)> apply;
+};
+
+std::map<std::wstring, Option> makeOptions() {
+    return {
+        {L"--outlook", {true, setVersion}},
+        {L"--editor", {true, setEditor}},
+        {L"--account", {true, addAccount}},
+        {L"--set",
+         {true,
+          [](CommandLine& line, const std::wstring& value) {
+              line.settings.push_back(parsePair("--set", "KEY=VALUE", value));
+          }}},
+        {L"--settings",
+         {true, [](CommandLine& line, const std::wstring& value) { line.settingsFile = value; }}},
+        {L"--list",
+         {true,
+          [](CommandLine& line, const std::wstring& value) {
+              line.preferredAccounts.push_back(parsePair("--list", "ADDRESS=ACCOUNT", value));
+          }}},
+        {L"--folder", {true, [](CommandLine& line, const std::wstring& value) { line.folderFile = value; }}},
+        {L"--answer", {true, addAnswer}},
+        {L"--bcc-me", {false, [](CommandLine& line, const std::wstring&) { line.bccMe = true; }}},
+        {L"--first-run", {false, [](CommandLine& line, const std::wstring&) { line.firstRun = true; }}},
+        {L"--json", {false, [](CommandLine& line, const std::wstring&) { line.json = true; }}},
+        {L"--help", {false, [](CommandLine& line, const std::wstring&) { line.command = Command::Help; }}},
+    };
+}
+
+Command parseCommand(const std::wstring& word) {
+    static const std::map<std::wstring, Command> commands{
+        {L"send", Command::Send},       {L"reply", Command::Reply}, {L"reply-all", Command::ReplyAll},
+        {L"forward", Command::Forward}, {L"list", Command::List},   {L"import", Command::Import},
+        {L"help", Command::Help},
+    };
+    const auto found = commands.find(word);
+    if (found == commands.end()) {
+        throw UsageError("unknown command " + quoted(word) + "; try --help");
+    }
+    return found->second;
+}
+
+void checkTogether(const CommandLine& line) {
+    const bool answering = line.command == Command::Reply || line.command == Command::ReplyAll ||
+                           line.command == Command::Forward;
+    if (line.bccMe && !answering) {
+        throw UsageError("--bcc-me goes with reply, reply-all and forward only");
+    }
+    if (line.firstRun && !line.preferredAccounts.empty()) {
+        throw UsageError("--list goes not with --first-run: such a profile has no list");
+    }
+    const bool takesFiles = answering || line.command == Command::Send || line.command == Command::Import;
+    if (takesFiles && line.files.empty()) {
+        throw UsageError("no message file given; try --help");
+    }
+    if (line.command == Command::List && !line.files.empty()) {
+        throw UsageError("list takes no message file");
+    }
+}
+
+}  // namespace
+
+CommandLine parseCommandLine(const std::vector<std::wstring>& arguments) {
+    CommandLine line;
+    const auto options = makeOptions();
+    std::vector<std::wstring> words;
+    bool optionsEnded = false;
+    for (std::size_t index = 0; index < arguments.size(); ++index) {
+        const std::wstring& argument = arguments[index];
+        if (optionsEnded || !argument.starts_with(L"-") || argument == L"-") {
+            words.push_back(argument);
+            continue;
+        }
+        if (argument == L"--") {
+            optionsEnded = true;
+            continue;
+        }
+        const auto cut = argument.find(L'=');
+        const std::wstring name = argument.substr(0, cut);
+        const auto found = options.find(name == L"-h" ? L"--help" : name);
+        if (found == options.end()) {
+            throw UsageError("unknown option " + quoted(name) + "; try --help");
+        }
+        const Option& option = found->second;
+        if (!option.takesValue && cut != std::wstring::npos) {
+            throw UsageError(text::toUtf8(name) + " takes no value");
+        }
+        if (option.takesValue && cut == std::wstring::npos && ++index == arguments.size()) {
+            throw UsageError(text::toUtf8(name) + " needs a value");
+        }
+        option.apply(line, cut == std::wstring::npos ? arguments[index] : argument.substr(cut + 1));
+    }
+    if (!words.empty() && line.command != Command::Help) {
+        line.command = parseCommand(words.front());
+        line.files.assign(words.begin() + 1, words.end());
+    }
+    checkTogether(line);
+    if (line.accounts.empty()) {
+        line.accounts = host::Profile().accounts;
+    }
+    return line;
+}
+
+host::Profile CommandLine::profile() const {
+    host::Profile profile;
+    profile.version = outlookVersion;
+    profile.accounts = accounts;
+    profile.editor = editor;
+    if (firstRun) {
+        profile.folders.clear();
+    }
+    if (!preferredAccounts.empty()) {
+        profile.messages.push_back({host::settingsFolder, preferredAccountsItem(preferredAccounts)});
+    }
+    return profile;
+}
+
+const char* usage() {
+    return usageText;
+}
+
+}  // namespace program

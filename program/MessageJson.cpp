@@ -1,0 +1,274 @@
+#include "program/MessageJson.h"
+
+#include <cstdint>
+#include <stdexcept>
+
+#include "host/LocalTime.h"
+#include "platform/text.h"
+
+namespace program {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+constexpr char utf16[] = "utf16";
+/// Distribution lists hold lists; nobody nests them deeper.
+constexpr int deepestMembers = 16;
+
+bool isHigh(std::uint32_t unit) {
+    return unit >= 0xD800 && unit < 0xDC00;
+}
+bool isLow(std::uint32_t unit) {
+    return unit >= 0xDC00 && unit < 0xE000;
+}
+
+std::vector<std::uint32_t> toUnits(const std::wstring& text) {
+    std::vector<std::uint32_t> units;
+    for (const wchar_t character : text) {
+        const auto point = static_cast<std::uint32_t>(character);
+        if (point < 0x10000) {
+            units.push_back(point);
+        } else {
+            units.push_back(0xD800 + ((point - 0x10000) >> 10));
+            units.push_back(0xDC00 + ((point - 0x10000) & 0x3FF));
+        }
+    }
+    return units;
+}
+
+bool hasLoneSurrogate(const std::wstring& text) {
+    bool high = false;
+    for (const wchar_t character : text) {
+        const auto unit = static_cast<std::uint32_t>(character);
+        if (high != isLow(unit)) {
+            return true;
+        }
+        high = isHigh(unit);
+    }
+    return high;
+}
+
+std::wstring fromUnits(const Json& units) {
+    std::wstring text;
+    for (std::size_t index = 0; index < units.size(); ++index) {
+        auto unit = units[index].get<std::uint16_t>();
+        const std::uint16_t next = index + 1 < units.size() ? units[index + 1].get<std::uint16_t>() : 0;
+        if (sizeof(wchar_t) > 2 && isHigh(unit) && isLow(next)) {
+            text += static_cast<wchar_t>(0x10000 + ((unit - 0xD800) << 10) + (next - 0xDC00));
+            ++index;
+        } else {
+            text += static_cast<wchar_t>(unit);
+        }
+    }
+    return text;
+}
+
+Json texts(const std::vector<std::wstring>& values) {
+    Json array = Json::array();
+    for (const std::wstring& value : values) {
+        array.push_back(textToJson(value));
+    }
+    return array;
+}
+
+Json toJson(const host::Address& address);
+
+Json toJson(const std::vector<host::Address>& addresses) {
+    Json array = Json::array();
+    for (const host::Address& address : addresses) {
+        array.push_back(toJson(address));
+    }
+    return array;
+}
+
+Json toJson(const host::Address& address) {
+    Json json{{"name", textToJson(address.name)}, {"address", textToJson(address.address)}};
+    if (address.type != L"SMTP") {
+        json["type"] = textToJson(address.type);
+    }
+    if (!address.proxies.empty()) {
+        json["proxies"] = texts(address.proxies);
+    }
+    if (!address.smtpAddress.empty()) {
+        json["smtpAddress"] = textToJson(address.smtpAddress);
+    }
+    if (!address.members.empty()) {
+        json["members"] = toJson(address.members);
+    }
+    if (address.distributionList) {
+        json["distributionList"] = true;
+    }
+    if (!address.resolvable) {
+        json["resolvable"] = false;
+    }
+    return json;
+}
+
+Json toJson(const std::optional<automation::Date>& date) {
+    return date ? Json(host::toIsoTime(*date)) : Json(nullptr);
+}
+
+Json toJson(const MessageFile& file) {
+    const host::Message& message = file.message;
+    Json json{{"file", textToJson(text::fromUtf8(file.name))}};
+    if (message.itemClass != host::itemClass::mail) {
+        json["class"] = message.itemClass;
+    }
+    if (message.from) {
+        json["from"] = toJson(*message.from);
+    }
+    if (message.onBehalfOf) {
+        json["onBehalfOf"] = toJson(*message.onBehalfOf);
+    }
+    json["to"] = toJson(message.to);
+    json["cc"] = toJson(message.cc);
+    json["bcc"] = toJson(message.bcc);
+    json["replyTo"] = toJson(message.replyTo);
+    json["subject"] = textToJson(message.subject);
+    json["body"] = textToJson(message.body);
+    json["html"] = textToJson(message.html);
+    json["attachments"] = Json::array();
+    for (const auto& [fileName, contentId] : message.attachments) {
+        json["attachments"].push_back(
+            {{"fileName", textToJson(fileName)}, {"contentId", textToJson(contentId)}});
+    }
+    json["deliveryTime"] = toJson(message.deliveryTime);
+    json["deferredDeliveryTime"] = toJson(message.deferredDeliveryTime);
+    json["account"] = textToJson(message.account);
+    return json;
+}
+
+/// Null when the object has no such member, or a null one.
+const Json* member(const Json& object, const char* name) {
+    if (!object.is_object()) {
+        throw std::runtime_error("an object was expected");
+    }
+    const auto found = object.find(name);
+    return found == object.end() || found->is_null() ? nullptr : &*found;
+}
+
+std::wstring textOf(const Json& object, const char* name) {
+    const Json* json = member(object, name);
+    return json ? textFromJson(*json) : std::wstring();
+}
+
+/// The elements of an array member, each read by `read`.
+template <class Read>
+auto listOf(const Json& object, const char* name, Read read) {
+    std::vector<decltype(read(object))> list;
+    if (const Json* json = member(object, name)) {
+        if (!json->is_array()) {
+            throw std::runtime_error(std::string(name) + " is no list");
+        }
+        for (const Json& element : *json) {
+            list.push_back(read(element));
+        }
+    }
+    return list;
+}
+
+host::Address addressFrom(const Json& json, int depth = 0) {
+    if (depth > deepestMembers) {
+        throw std::runtime_error("distribution lists are nested too deeply");
+    }
+    host::Address address{.name = textOf(json, "name"), .address = textOf(json, "address")};
+    if (const Json* type = member(json, "type")) {
+        address.type = textFromJson(*type);
+    }
+    address.proxies = listOf(json, "proxies", textFromJson);
+    address.smtpAddress = textOf(json, "smtpAddress");
+    address.members =
+        listOf(json, "members", [depth](const Json& entry) { return addressFrom(entry, depth + 1); });
+    address.distributionList = json.value("distributionList", false);
+    address.resolvable = json.value("resolvable", true);
+    return address;
+}
+
+std::vector<host::Address> addressesOf(const Json& object, const char* name) {
+    return listOf(object, name, [](const Json& json) { return addressFrom(json); });
+}
+
+std::optional<host::Address> addressOf(const Json& object, const char* name) {
+    const Json* json = member(object, name);
+    return json ? std::optional(addressFrom(*json)) : std::nullopt;
+}
+
+std::optional<automation::Date> dateOf(const Json& object, const char* name) {
+    const Json* json = member(object, name);
+    if (!json) {
+        return std::nullopt;
+    }
+    const auto date = host::parseIsoTime(json->get<std::string>());
+    if (!date) {
+        throw std::runtime_error(std::string(name) + " is no time such as 2024-05-01T09:30:00");
+    }
+    return date;
+}
+
+MessageFile messageFrom(const Json& json) {
+    host::Message message;
+    message.itemClass = json.value("class", host::itemClass::mail);
+    message.from = addressOf(json, "from");
+    message.onBehalfOf = addressOf(json, "onBehalfOf");
+    message.to = addressesOf(json, "to");
+    message.cc = addressesOf(json, "cc");
+    message.bcc = addressesOf(json, "bcc");
+    message.replyTo = addressesOf(json, "replyTo");
+    message.subject = textOf(json, "subject");
+    message.body = textOf(json, "body");
+    message.html = textOf(json, "html");
+    message.attachments = listOf(json, "attachments", [](const Json& entry) {
+        return host::Attachment{textOf(entry, "fileName"), textOf(entry, "contentId")};
+    });
+    message.deliveryTime = dateOf(json, "deliveryTime");
+    message.deferredDeliveryTime = dateOf(json, "deferredDeliveryTime");
+    message.account = textOf(json, "account");
+    return {text::toUtf8(textOf(json, "file")), message};
+}
+
+}  // namespace
+
+nlohmann::ordered_json textToJson(const std::wstring& text) {
+    if (hasLoneSurrogate(text)) {
+        return {{utf16, toUnits(text)}};
+    }
+    return text::toUtf8(text);
+}
+
+std::wstring textFromJson(const nlohmann::ordered_json& json) {
+    if (json.is_string()) {
+        return text::fromUtf8(json.get_ref<const std::string&>());
+    }
+    const Json* units = json.is_object() ? member(json, utf16) : nullptr;
+    if (!units || !units->is_array()) {
+        throw std::runtime_error("a text was expected, not " + json.dump().substr(0, 40));
+    }
+    return fromUnits(*units);
+}
+
+std::string toJson(const std::vector<MessageFile>& messages) {
+    Json array = Json::array();
+    for (const MessageFile& file : messages) {
+        array.push_back(toJson(file));
+    }
+    return array.dump(1);
+}
+
+std::vector<MessageFile> parseMessages(const std::string& json) {
+    std::vector<MessageFile> messages;
+    try {
+        const Json array = Json::parse(json);
+        if (!array.is_array()) {
+            throw std::runtime_error("a list of messages was expected");
+        }
+        for (const Json& element : array) {
+            messages.push_back(messageFrom(element));
+        }
+    } catch (const Json::exception& error) {
+        throw std::runtime_error(error.what());
+    }
+    return messages;
+}
+
+}  // namespace program

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include "host/Outlook.h"
+#include "platform/SettingsStore.h"
+#include "platform/automation.h"
+#include "program/CommandLine.h"
+#include "program/MessageJson.h"
+#include "program/Report.h"
+
+namespace program {
+
+enum class ExitStatus { Done = 0, Cancelled = 1, BadInput = 2, UnansweredPrompt = 3 };
+
+/// Makes the settings those of a profile on which the add-in ran before, or never ran, and adds those of the
+/// command line. Throws std::runtime_error when the store cannot be read or written.
+void prepareSettings(const CommandLine& line, platform::SettingsStore& settings);
+
+/// The user of one run: sends or answers messages in an Outlook whose add-in is connected. Nothing is sent
+/// any more once a prompt has found no answer.
+class Session {
+  public:
+    /// `promptUnanswered` tells whether a prompt has found no answer. Made after the add-in is connected, so
+    /// that the last word on a send is the session's.
+    Session(const CommandLine& line, host::Outlook& outlook, Report& report,
+            std::function<bool()> promptUnanswered);
+
+    /// Carries out the command of the command line; `messages` are those of its files.
+    ExitStatus run(const std::vector<MessageFile>& messages);
+    /// Closes all windows and ends Outlook, as a user does.
+    void quit();
+
+  private:
+    /// False when something was cancelled.
+    bool send(const MessageFile& file);
+    bool answer(host::ReplyKind kind, const MessageFile& file);
+    ExitStatus openList();
+    ExitStatus ended(bool cancelled) const;
+    automation::Object opened(const host::ReplyOutcome& outcome) const;
+    void reportErrors();
+
+    const CommandLine& line_;
+    host::Outlook& outlook_;
+    Report& report_;
+    std::function<bool()> promptUnanswered_;
+    automation::Subscription veto_;
+    std::size_t errorsReported_ = 0;
+};
+
+}  // namespace program

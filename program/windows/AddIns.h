@@ -1,0 +1,30 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "host/Outlook.h"
+#include "platform/windows/AddInLoader.h"
+#include "platform/windows/Exporter.h"
+#include "program/Report.h"
+
+namespace program::windows {
+
+/// The machine's registered add-ins, connected to a simulated Outlook as Outlook connects them. What an
+/// add-in fails at is reported and not raised: Outlook goes on without it.
+class AddIns {
+  public:
+    AddIns(const std::vector<platform::windows::RegisteredAddIn>& registered, host::Outlook& outlook,
+           platform::windows::Exporter& exporter, Report& report);
+    AddIns(const AddIns&) = delete;
+    AddIns& operator=(const AddIns&) = delete;
+
+    bool any() const { return !loaded_.empty(); }
+    void disconnect();
+
+  private:
+    Report& report_;
+    std::vector<std::unique_ptr<platform::windows::LoadedAddIn>> loaded_;
+};
+
+}  // namespace program::windows

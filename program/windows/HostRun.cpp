@@ -1,0 +1,58 @@
+#include "program/windows/HostRun.h"
+
+#include <stdexcept>
+
+#include "platform/windows/RegistrySettingsStore.h"
+#include "program/MessageFiles.h"
+#include "program/Session.h"
+#include "program/SettingsFolder.h"
+
+namespace program::windows {
+
+HostRun::HostRun(const CommandLine& line)
+    : line_(line),
+      // Where the add-ins of the present user are registered is out of sight once the user is replaced.
+      registered_(platform::windows::registeredAddIns()),
+      outlook_(prepareProfile(line), [this] { return clock_.now(); }),
+      exporter_(platform::windows::Exporter::make(liveObjects_)),
+      server_(outlook_, exporter_) {
+    platform::windows::RegistrySettingsStore settings;
+    if (line.settingsFile) {
+        settingsFile_.emplace(pathOf(*line.settingsFile));
+        for (const auto& [key, value] : settingsFile_->all()) {
+            settings.write(key, value);
+        }
+    }
+    prepareSettings(line, settings);
+    keepState();
+}
+
+void HostRun::connect(Report& report) {
+    if (registered_.empty()) {
+        throw std::runtime_error("no add-in is registered with Outlook on this machine");
+    }
+    addIns_ = std::make_unique<AddIns>(registered_, outlook_, *exporter_, report);
+    if (!addIns_->any()) {
+        throw std::runtime_error("no add-in could be loaded");
+    }
+}
+
+void HostRun::disconnect() {
+    if (addIns_) {
+        addIns_->disconnect();
+    }
+}
+
+void HostRun::keepState() {
+    keepSettingsFolder(line_, outlook_);
+    if (!settingsFile_) {
+        return;
+    }
+    for (const auto& [key, value] : host::windows::PrivateUser::settings()) {
+        if (settingsFile_->read(key) != value) {
+            settingsFile_->write(key, value);
+        }
+    }
+}
+
+}  // namespace program::windows

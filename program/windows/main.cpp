@@ -1,0 +1,166 @@
+/// The simulated Outlook on Windows: loads the add-in that is registered on this machine, as Outlook does.
+/// Started without a command it shows a window.
+
+#include <windows.h>
+
+#include <fcntl.h>
+#include <io.h>
+#include <objbase.h>
+#include <shellapi.h>
+
+#include <cwchar>
+#include <iostream>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/windows/MainWindow.h"
+#include "platform/text.h"
+#include "platform/windows/DialogRobot.h"
+#include "program/MessageFiles.h"
+#include "program/Session.h"
+#include "program/windows/HostRun.h"
+#include "program/windows/sampleMail.h"
+
+namespace {
+
+using program::CommandLine;
+using program::ExitStatus;
+
+/// The main thread's single-threaded apartment.
+class Apartment {
+  public:
+    Apartment() { CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED); }
+    Apartment(const Apartment&) = delete;
+    Apartment& operator=(const Apartment&) = delete;
+    ~Apartment() { CoUninitialize(); }
+};
+
+ExitStatus complain(const std::string& why) {
+    std::cerr << "veltro-host: " << why << std::endl;
+    return ExitStatus::BadInput;
+}
+
+std::vector<std::wstring> commandLineWords() {
+    int count = 0;
+    LPWSTR* words = CommandLineToArgvW(GetCommandLineW(), &count);
+    std::vector<std::wstring> result;
+    for (int index = 1; index < count; ++index) {
+        result.emplace_back(words[index]);
+    }
+    LocalFree(words);
+    return result;
+}
+
+bool startedAtConsole() {
+    DWORD mode = 0;
+    return GetConsoleMode(GetStdHandle(STD_INPUT_HANDLE), &mode) != 0;
+}
+
+/// Milliseconds for which each dialog stays up before it is answered from the command line: time to see it,
+/// or to take a picture of it. The environment variable VELTRO_HOST_PAUSE says how many.
+DWORD pauseBeforeAnswer() {
+    constexpr DWORD room = 12;
+    wchar_t number[room] = L"";
+    // A number that does not fit leaves the buffer in no known state.
+    const DWORD length = GetEnvironmentVariableW(L"VELTRO_HOST_PAUSE", number, room);
+    return length < room ? static_cast<DWORD>(std::wcstoul(number, nullptr, 10)) : 0;
+}
+
+/// Answers the dialogs from the command line, and reports them.
+platform::windows::DialogRobot::Answers scripted(platform::AnswerList& answers, program::Report& report) {
+    return {[&](const platform::MessagePrompt& prompt) {
+                Sleep(pauseBeforeAnswer());
+                const auto answer = answers.take(prompt);
+                report.message(prompt, answer);
+                return answer;
+            },
+            [&](const platform::FormPrompt& prompt) {
+                Sleep(pauseBeforeAnswer());
+                const auto answer = answers.take(prompt);
+                report.form(prompt, answer);
+                return answer;
+            }};
+}
+
+ExitStatus runCommand(const CommandLine& line) {
+    const auto messages = program::readMessages(line.files, nullptr);
+    const bool person = line.answers.empty() && startedAtConsole();
+    program::Report report(std::cout,
+                           line.json ? program::Report::Format::Json : program::Report::Format::Text, person);
+    program::windows::HostRun host(line);
+    platform::AnswerList answers(line.answers);
+    std::optional<platform::windows::DialogRobot> robot;
+    if (!person) {
+        robot.emplace(scripted(answers, report));
+    }
+    const auto unanswered = [&robot] { return robot && robot->unanswered().has_value(); };
+    host.connect(report);
+    program::Session session(line, host.outlook(), report, unanswered);
+    const ExitStatus status = session.run(messages);
+    session.quit();
+    host.disconnect();
+    host.keepState();
+    if (unanswered()) {
+        complain(text::toUtf8(*robot->unanswered()));
+        return ExitStatus::UnansweredPrompt;
+    }
+    return status;
+}
+
+ExitStatus runWindow(const CommandLine& line) {
+    DWORD console = 0;
+    if (GetConsoleProcessList(&console, 1) == 1) {
+        FreeConsole();  // Windows made it for this program alone.
+    }
+    program::Report report(std::cout, program::Report::Format::Text, true);
+    program::windows::HostRun host(line);
+    for (const host::Message& message :
+         program::windows::sampleMail(line.accounts.front().address, host.now())) {
+        host.outlook().receive(message);
+    }
+    host.connect(report);
+    {
+        const host::windows::MainWindow window(host.outlook());
+        host::windows::runMessageLoop();
+    }
+    program::Session(line, host.outlook(), report, [] { return false; }).quit();
+    host.disconnect();
+    host.keepState();
+    return ExitStatus::Done;
+}
+
+ExitStatus obey(const CommandLine& line) {
+    switch (line.command) {
+        case program::Command::None:
+            return runWindow(line);
+        case program::Command::Help:
+            std::cout << program::usage();
+            return ExitStatus::Done;
+        case program::Command::Import:
+            return complain(
+                "import is for the developer's own machine; it gives JSON, which can be read here");
+        default:
+            return runCommand(line);
+    }
+}
+
+}  // namespace
+
+int main() {
+    // The same bytes as on every other machine.
+    _setmode(_fileno(stdout), _O_BINARY);
+    _setmode(_fileno(stderr), _O_BINARY);
+    SetConsoleOutputCP(CP_UTF8);
+    ExitStatus status = ExitStatus::BadInput;
+    try {
+        const Apartment apartment;
+        status = obey(program::parseCommandLine(commandLineWords()));
+    } catch (const automation::Error& error) {
+        complain(text::toUtf8(error.description()));
+    } catch (const std::exception& error) {
+        complain(error.what());
+    }
+    std::cout.flush();
+    return static_cast<int>(status);
+}

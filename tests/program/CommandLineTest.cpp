@@ -1,0 +1,74 @@
+#include "program/CommandLine.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using program::Command;
+using program::parseCommandLine;
+using Words = std::vector<std::wstring>;
+
+TEST(CommandLine, DescribesTheProfileThatItAsksFor) {
+    const auto plain = parseCommandLine({L"send", L"a.eml", L"b.eml"});
+    EXPECT_EQ(plain.command, Command::Send);
+    EXPECT_EQ(plain.files, (Words{L"a.eml", L"b.eml"}));
+    EXPECT_EQ(plain.profile().version, L"14.0.0.4760");
+    ASSERT_EQ(plain.profile().accounts.size(), 1U);
+    EXPECT_EQ(plain.profile().accounts[0].name, L"Work");
+    EXPECT_EQ(plain.profile().accounts[0].address, L"me@example.org");
+    EXPECT_FALSE(plain.profile().folders.empty());
+
+    const auto full = parseCommandLine(
+        {L"--account", L"Home=me@home.example", L"reply-all", L"--account", L"Work=me@work.example",
+         L"--outlook=11.0.5510", L"--editor", L"word", L"--bcc-me", L"--folder", L"kept.json", L"--first-run",
+         L"--set", L"OldEmailDays=7", L"--set", L"DomainName=a=b", L"--json", L"--", L"-odd.eml"});
+    EXPECT_EQ(full.command, Command::ReplyAll);
+    EXPECT_EQ(full.files, Words{L"-odd.eml"});
+    EXPECT_EQ(full.profile().version, L"11.0.5510");
+    EXPECT_EQ(full.profile().editor, host::Editor::Word);
+    ASSERT_EQ(full.profile().accounts.size(), 2U);
+    EXPECT_EQ(full.profile().accounts[0].name, L"Home");
+    EXPECT_TRUE(full.profile().folders.empty());
+    EXPECT_EQ(full.folderFile, L"kept.json");
+    EXPECT_TRUE(full.bccMe && full.firstRun && full.json);
+    ASSERT_EQ(full.settings.size(), 2U);
+    EXPECT_EQ(full.settings[1], (std::pair<std::wstring, std::wstring>(L"DomainName", L"a=b")));
+}
+
+TEST(CommandLine, SaysInOneLineWhatIsWrong) {
+    struct Case {
+        Words words;
+        const char* told;
+    };
+    const Case cases[] = {
+        {{L"fly", L"a.eml"}, "fly"},
+        {{L"send"}, "file"},
+        {{L"send", L"a.eml", L"--colour"}, "--colour"},
+        {{L"send", L"a.eml", L"--set"}, "--set"},
+        {{L"send", L"a.eml", L"--set", L"OldEmailDays"}, "OldEmailDays"},
+        {{L"send", L"a.eml", L"--set", L"=7"}, "--set"},
+        {{L"send", L"a.eml", L"--account", L"Work"}, "--account"},
+        {{L"send", L"a.eml", L"--account", L"Work=nobody"}, "nobody"},
+        {{L"send", L"a.eml", L"--account", L"A=a@x.org", L"--account", L"a=b@x.org"}, "two accounts"},
+        {{L"send", L"a.eml", L"--outlook", L"new"}, "--outlook"},
+        {{L"send", L"a.eml", L"--editor", L"vi"}, "--editor"},
+        {{L"send", L"a.eml", L"--answer", L"Yes"}, "WHERE=WHAT"},
+        {{L"send", L"a.eml", L"--bcc-me"}, "--bcc-me"},
+        {{L"send", L"a.eml", L"--json=yes"}, "--json"},
+        {{L"send", L"a.eml", L"--list", L"Work"}, "--list"},
+        {{L"list", L"a.eml"}, "no message file"},
+        {{L"list", L"--first-run", L"--list", L"a@x.org=Work"}, "--first-run"},
+    };
+    for (const Case& test : cases) {
+        try {
+            parseCommandLine(test.words);
+            ADD_FAILURE() << "accepted, though " << test.told;
+        } catch (const program::UsageError& error) {
+            const std::string told = error.what();
+            EXPECT_NE(told.find(test.told), std::string::npos) << told;
+            EXPECT_EQ(told.find('\n'), std::string::npos) << told;
+        }
+    }
+}
+
+}  // namespace

@@ -1,0 +1,68 @@
+#include "program/MessageJson.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+#include "host/LocalTime.h"
+
+namespace {
+
+std::wstring emoji() {
+    return sizeof(wchar_t) == 2 ? std::wstring{static_cast<wchar_t>(0xD83D), static_cast<wchar_t>(0xDE00)}
+                                : std::wstring(1, static_cast<wchar_t>(0x1F600));
+}
+
+TEST(MessageJson, KeepsEverythingThatAMessageHolds) {
+    host::Message message;
+    message.itemClass = host::itemClass::post;
+    message.from = host::Address{.name = L"Ann \"A\" Archer", .address = L"ann@example.com"};
+    message.onBehalfOf = host::Address{.name = L"Chief", .address = L"chief@example.com"};
+    message.to = {{.name = L"Staff",
+                   .address = L"/o=x/cn=staff",
+                   .type = L"EX",
+                   .proxies = {L"SMTP:staff@example.org"},
+                   .smtpAddress = L"staff@example.org",
+                   .members = {{.name = L"Bo", .address = L"bo@example.org"}},
+                   .distributionList = true,
+                   .resolvable = false}};
+    message.subject = L"a\\b \u20AC " + emoji() + std::wstring(1, L'\0') + L"end";
+    message.body = std::wstring(L"lone ") + static_cast<wchar_t>(0xDC00) + static_cast<wchar_t>(0xD800) +
+                   L"\r\nline " + emoji();
+    message.html = L"<p>";
+    message.attachments = {{.fileName = L"a.pdf", .contentId = L"x@y"}};
+    message.deliveryTime = host::toDate({2024, 2, 29, 23, 59, 58});
+    message.account = L"Work";
+
+    const auto json = program::toJson({{"folder/a.eml", message}});
+    const auto read = program::parseMessages(json);
+    ASSERT_EQ(read.size(), 1U);
+    EXPECT_EQ(read[0].name, "folder/a.eml");
+    const host::Message& again = read[0].message;
+    EXPECT_EQ(again.itemClass, message.itemClass);
+    EXPECT_EQ(again.from->name, message.from->name);
+    EXPECT_EQ(again.onBehalfOf->address, message.onBehalfOf->address);
+    ASSERT_EQ(again.to.size(), 1U);
+    EXPECT_EQ(again.to[0].type, L"EX");
+    EXPECT_EQ(again.to[0].proxies, message.to[0].proxies);
+    EXPECT_EQ(again.to[0].members.at(0).address, L"bo@example.org");
+    EXPECT_TRUE(again.to[0].distributionList);
+    EXPECT_FALSE(again.to[0].resolvable);
+    EXPECT_EQ(again.subject, message.subject);
+    EXPECT_EQ(again.body, message.body);
+    EXPECT_EQ(again.attachments.at(0).contentId, L"x@y");
+    EXPECT_EQ(host::toIsoTime(*again.deliveryTime), "2024-02-29T23:59:58");
+    EXPECT_FALSE(again.deferredDeliveryTime);
+    EXPECT_EQ(program::toJson(read), json);
+}
+
+TEST(MessageJson, RefusesWhatIsNoMessage) {
+    for (const char* json :
+         {"", "[", "{}", "[1]", "[{\"subject\": 5}]", "[{\"to\": {}}]", "[{\"to\": [\"ann\"]}]",
+          "[{\"subject\": {\"utf16\": [\"a\"]}}]", "[{\"deliveryTime\": \"yesterday\"}]",
+          "[{\"deliveryTime\": \"2023-02-29T00:00:00\"}]"}) {
+        EXPECT_THROW(program::parseMessages(json), std::runtime_error) << json;
+    }
+}
+
+}  // namespace
