@@ -28,12 +28,16 @@ std::wstring hexadecimal(std::uint32_t number, std::size_t digits) {
     return result;
 }
 
+/// The number before the first "."; versions that are none become the nearest.
+int majorOf(const std::wstring& version) {
+    constexpr double latest = 9999;
+    return static_cast<int>(std::clamp(number::leading(text::before(version, L'.')), 0.0, latest));
+}
+
 }  // namespace
 
 World::World(Profile profile, std::function<automation::Date()> now)
-    : profile_(std::move(profile)),
-      majorVersion_(static_cast<int>(number::leading(text::before(profile_.version, L'.')))),
-      now_(std::move(now)) {
+    : profile_(std::move(profile)), majorVersion_(majorOf(profile_.version)), now_(std::move(now)) {
     if (profile_.stores.empty()) {  // Outlook does not start without one.
         profile_.stores.emplace_back();
     }

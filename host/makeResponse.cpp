@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cmath>
+#include <unordered_set>
 
 #include "host/Item.h"
 #include "host/World.h"
@@ -49,32 +50,40 @@ std::wstring asHtml(std::wstring_view lines) {
     return text::replaceAll(result, L"\r\n", L"<br>\r\n");
 }
 
-void addOnce(RecipientList& list, const Address& address, int type) {
-    const bool known = std::ranges::any_of(list, [&](const auto& recipient) {
-        return text::equalsIgnoringCase(recipient->address.address, address.address);
-    });
-    if (!known) {
-        list.push_back(std::make_shared<RecipientData>(RecipientData{type, address, address.resolvable}));
+/// Recipients of whom each address comes once, letter case ignored.
+class DistinctRecipients {
+  public:
+    void add(const Address& address, int type) {
+        if (known_.insert(text::upper(address.address)).second) {
+            list_.push_back(
+                std::make_shared<RecipientData>(RecipientData{type, address, address.resolvable}));
+        }
     }
-}
+    RecipientList take() && { return std::move(list_); }
+    bool empty() const { return list_.empty(); }
+
+  private:
+    RecipientList list_;
+    std::unordered_set<std::wstring> known_;
+};
 
 RecipientList recipientsOfReply(const ItemContent& answered, bool all) {
-    RecipientList list;
+    DistinctRecipients list;
     for (const auto& recipient : answered.replyTo) {
-        addOnce(list, recipient->address, 1);
+        list.add(recipient->address, 1);
     }
     const auto& from = answered.onBehalfOf ? answered.onBehalfOf : answered.sender;
     if (list.empty() && from) {
-        addOnce(list, *from, 1);
+        list.add(*from, 1);
     }
     for (const int type : {1, 2}) {
         for (const auto& recipient : answered.recipients) {
             if (all && recipient->type == type) {
-                addOnce(list, recipient->address, type);
+                list.add(recipient->address, type);
             }
         }
     }
-    return list;
+    return std::move(list).take();
 }
 
 }  // namespace
