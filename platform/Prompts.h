@@ -25,6 +25,8 @@ struct ControlState {
     std::wstring value;
     bool enabled = true;
     bool visible = true;
+    /// A text box or a list, which an answer can fill in even when it shows nothing yet.
+    bool fillable = false;
 };
 
 /// A form as it stood when it asked for an answer; the controls in tab order.
@@ -63,6 +65,8 @@ class AnswerList {
     /// Nothing when no answer fits. An answer that the box has no button for does not fit.
     std::optional<Answer> take(const MessagePrompt& prompt);
     std::optional<FormAnswer> take(const FormPrompt& prompt);
+    /// Those that no prompt has taken yet.
+    const std::vector<PromptAnswer>& unused() const { return answers_; }
 
   private:
     std::vector<PromptAnswer> answers_;

@@ -26,6 +26,11 @@ std::wstring lines(const Rows& rows, Text text) {
 
 }  // namespace
 
+bool isFillable(Kind kind) {
+    return kind == Kind::TextBox || kind == Kind::ListBox || kind == Kind::ComboBox ||
+           kind == Kind::CheckList;
+}
+
 Control::Control(Form& form, std::wstring name, Kind kind, Place place, std::wstring caption)
     : form_(form), name_(std::move(name)), kind_(kind), place_(place), caption_(std::move(caption)) {
     form_.controls_.push_back(this);

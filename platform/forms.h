@@ -21,6 +21,9 @@ struct Place {
     int height = 0;
 };
 
+/// True for text boxes and lists.
+bool isFillable(Kind kind);
+
 class Control;
 class Form;
 

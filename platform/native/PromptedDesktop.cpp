@@ -42,8 +42,8 @@ forms::Control* findControl(const forms::Form& form, std::wstring_view name) {
 FormPrompt describe(const forms::Form& form) {
     FormPrompt prompt{form.name(), form.caption(), {}};
     for (const forms::Control* control : form.controls()) {
-        prompt.controls.push_back(
-            {control->name(), control->caption(), control->value(), control->enabled(), control->visible()});
+        prompt.controls.push_back({control->name(), control->caption(), control->value(), control->enabled(),
+                                   control->visible(), forms::isFillable(control->kind())});
     }
     return prompt;
 }
@@ -65,6 +65,7 @@ Answer PromptedDesktop::messageBox(const std::wstring& prompt, MessageStyle styl
 void PromptedDesktop::beep() {
     if (!unanswered_) {
         observer_.beep();
+        sound();
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/Desktop.h"
 #include "platform/Prompts.h"
@@ -28,8 +29,12 @@ class PromptedDesktop : public Desktop {
 
     /// Which prompt found no answer, and why, in words for the user; nothing as long as all found one.
     const std::optional<std::wstring>& unanswered() const { return unanswered_; }
+    /// Answers given beforehand that no prompt has taken.
+    virtual std::vector<PromptAnswer> unusedAnswers() const { return {}; }
 
   protected:
+    /// Sounds the alert, where there is somebody to hear it.
+    virtual void sound() {}
     /// Nothing when there is no answer.
     virtual std::optional<Answer> ask(const MessagePrompt& prompt) = 0;
     virtual std::optional<FormAnswer> ask(const FormPrompt& prompt, const forms::Form& form) = 0;

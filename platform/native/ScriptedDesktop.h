@@ -12,6 +12,8 @@ class ScriptedDesktop : public PromptedDesktop {
     ScriptedDesktop(AnswerList answers, PromptObserver& observer)
         : PromptedDesktop(observer), answers_(std::move(answers)) {}
 
+    std::vector<PromptAnswer> unusedAnswers() const override { return answers_.unused(); }
+
   protected:
     std::optional<Answer> ask(const MessagePrompt& prompt) override { return answers_.take(prompt); }
     std::optional<FormAnswer> ask(const FormPrompt& prompt, const forms::Form&) override {

@@ -8,6 +8,7 @@
 #include "platform/forms.h"
 #include "platform/native/accessKeys.h"
 #include "platform/number.h"
+#include "platform/terminalText.h"
 #include "platform/text.h"
 
 namespace platform::native {
@@ -64,8 +65,11 @@ std::wstring drawing(const forms::Control& control) {
     switch (control.kind()) {
         case forms::Kind::Label:
             return caption;
-        case forms::Kind::Button:
-            return L"[ " + caption + L" ]";
+        case forms::Kind::Button: {
+            const bool isDefault =
+                static_cast<const forms::Button&>(control).role() == forms::Button::Role::Default;
+            return L"[ " + caption + L" ]" + (isDefault ? L" (Enter)" : L"");
+        }
         case forms::Kind::CheckBox:
             return (control.value() == L"1"   ? L"[x] "
                     : control.value() == L"2" ? L"[-] "
@@ -188,14 +192,6 @@ std::string draw(const forms::Form& form) {
 
 }  // namespace
 
-std::string terminalText(std::wstring_view text) {
-    std::wstring shown = text::replaceAll(text, text::lineBreak, L"\n");
-    std::ranges::replace_if(
-        shown, [](wchar_t c) { return c != L'\n' && c != L'\t' && (c < L' ' || (c >= 0x7F && c < 0xA0)); },
-        L'?');
-    return text::toUtf8(shown);
-}
-
 std::optional<std::wstring> TerminalDesktop::readLine(std::wstring_view question) {
     output_ << text::toUtf8(question) << std::flush;
     std::string line;
@@ -206,15 +202,20 @@ std::optional<std::wstring> TerminalDesktop::readLine(std::wstring_view question
     return text::fromUtf8(line);
 }
 
+void TerminalDesktop::sound() {
+    output_ << '\a' << std::flush;
+}
+
 std::optional<Answer> TerminalDesktop::ask(const MessagePrompt& prompt) {
     const auto answers = answersOf(prompt.style.buttons);
     std::wstring question;
     for (const Answer answer : answers) {
-        question += (question.empty() ? L"[" : L"  [") + std::wstring(nameOf(answer)) + L"]";
+        question += (question.empty() ? L"[" : L"  [") + std::wstring(nameOf(answer)) +
+                    (answer == answers.front() ? L"] (Enter)" : L"]");
     }
     output_ << '\n'
             << rule << '\n'
-            << terminalText(prompt.title) << '\n'
+            << terminalLine(prompt.title) << '\n'
             << rule << '\n'
             << wrapped(terminalText(prompt.text)) << "\n\n";
     for (;;) {
@@ -238,7 +239,7 @@ std::optional<Answer> TerminalDesktop::ask(const MessagePrompt& prompt) {
 std::optional<FormAnswer> TerminalDesktop::ask(const FormPrompt& prompt, const forms::Form& form) {
     output_ << '\n'
             << rule << '\n'
-            << terminalText(prompt.caption) << '\n'
+            << terminalLine(prompt.caption) << '\n'
             << rule << '\n'
             << draw(form) << '\n';
     for (;;) {

@@ -15,6 +15,7 @@ class TerminalDesktop : public PromptedDesktop {
         : PromptedDesktop(observer), input_(input), output_(output) {}
 
   protected:
+    void sound() override;
     std::optional<Answer> ask(const MessagePrompt& prompt) override;
     std::optional<FormAnswer> ask(const FormPrompt& prompt, const forms::Form& form) override;
 
@@ -27,9 +28,5 @@ class TerminalDesktop : public PromptedDesktop {
     std::istream& input_;
     std::ostream& output_;
 };
-
-/// The text as a terminal may show it: line breaks as the terminal's own, other control characters, which
-/// could drive the terminal, as "?".
-std::string terminalText(std::wstring_view text);
 
 }  // namespace platform::native

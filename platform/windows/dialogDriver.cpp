@@ -118,6 +118,7 @@ ControlState describeControl(HWND control) {
     state.enabled = IsWindowEnabled(control);
     state.visible = isShown(control);
     const auto kind = attachedKind(control).value_or(forms::Kind::Label);
+    state.fillable = forms::isFillable(kind);
     switch (kind) {
         case forms::Kind::TextBox:
             state.value = windowText(control);

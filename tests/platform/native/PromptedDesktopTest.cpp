@@ -108,6 +108,9 @@ TEST(ScriptedDesktop, TakesTheFirstUnusedAnswerThatFits) {
     EXPECT_EQ(desktop.messageBox(L"", {Buttons::YesNo}, L"A"), Answer::Yes);
     EXPECT_EQ(desktop.messageBox(L"", {Buttons::Ok}, L"A"), Answer::Ok);
     EXPECT_FALSE(desktop.unanswered());
+    const auto unused = desktop.unusedAnswers();
+    ASSERT_EQ(unused.size(), 1U);
+    EXPECT_EQ(unused[0].where, L"B");
 }
 
 TEST(ScriptedDesktop, AnswersNothingAnyMoreOnceAPromptFoundNoAnswer) {
@@ -187,6 +190,8 @@ TEST(TerminalDesktop, ShowsTheFormReadablyAndNothingThatDrivesTheTerminal) {
     std::istringstream input("y\n");
     std::ostringstream output;
     platform::native::TerminalDesktop desktop(input, output, log);
+    desktop.beep();
+    EXPECT_EQ(output.str(), "\a");
     EXPECT_EQ(desktop.messageBox(L"Send \x1B[2J\x9B it?\r\n\r\nReally?", {Buttons::YesNo}, L"Sure"),
               Answer::Yes);
     frmName form(desktop);
@@ -197,8 +202,8 @@ TEST(TerminalDesktop, ShowsTheFormReadablyAndNothingThatDrivesTheTerminal) {
     const std::string shown = output.str();
     EXPECT_EQ(shown.find('\x1B'), std::string::npos);
     EXPECT_EQ(shown.find('\r'), std::string::npos);
-    for (const char* part : {"Send ?[2J? it?\n\nReally?", "[Yes]  [No]", "Your name", "Name:   1 [Ann]\n",
-                             "2 [x] with a title", "3 [ OK ]   4 [ Cancel ]"}) {
+    for (const char* part : {"Send ?[2J? it?\n\nReally?", "[Yes] (Enter)  [No] ? ", "Your name",
+                             "Name:   1 [Ann]\n", "2 [x] with a title", "3 [ OK ] (Enter)   4 [ Cancel ]"}) {
         EXPECT_NE(shown.find(part), std::string::npos) << part << "\n" << shown;
     }
 }

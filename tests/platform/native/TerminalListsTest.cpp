@@ -100,7 +100,7 @@ TEST(TerminalDesktop, ShowsListsEntryByEntry) {
         "    [x] 1 Ann & Bob\n"
         "    [ ] 2 Cleo\n"
         "    [x] 3 Tom\n"
-        "6 [ OK ]\n";
+        "6 [ OK ] (Enter)\n";
     EXPECT_NE(output.str().find(expected), std::string::npos) << output.str();
 }
 
