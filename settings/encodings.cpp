@@ -40,49 +40,64 @@ std::wstring wholeText(double value) {
 
 }  // namespace
 
-bool TextFlag::read(const Globals& globals) const {
-    const std::wstring value = stored(globals, key, L"");
-    if (value == L"True") {
+bool TextFlag::decode(std::wstring_view stored) const {
+    if (stored == L"True") {
         return true;
     }
-    return value == L"False" ? false : fallback;
+    return stored == L"False" ? false : fallback;
+}
+
+bool TextFlag::read(const Globals& globals) const {
+    return decode(stored(globals, key, L""));
 }
 
 void TextFlag::write(const Globals& globals, int state) const {
     store(globals, key, state == 1 ? L"True" : L"False");
 }
 
-std::int16_t NumberFlag::read(const Globals& globals) const {
-    const std::wstring value = storedTrimmed(globals, key);
+std::int16_t NumberFlag::decode(std::wstring_view stored) const {
+    const std::wstring_view value = text::trim(stored);
     if (value == keyNotInReg) {
         return fallback;
     }
     return value == L"0" ? 0 : 1;
 }
 
+std::int16_t NumberFlag::read(const Globals& globals) const {
+    return decode(stored(globals, key, keyNotInReg));
+}
+
 void NumberFlag::write(const Globals& globals, std::int16_t value) const {
     store(globals, key, std::to_wstring(value));
 }
 
-std::int16_t Choice::read(const Globals& globals) const {
-    const std::wstring value = storedTrimmed(globals, key);
+std::int16_t Choice::decode(std::wstring_view stored) {
+    const std::wstring_view value = text::trim(stored);
     if (value == L"1") {
         return 1;
     }
     return value == L"2" ? 2 : 0;
 }
 
+std::int16_t Choice::read(const Globals& globals) const {
+    return decode(stored(globals, key, keyNotInReg));
+}
+
 void Choice::write(const Globals& globals, std::int16_t value) const {
     store(globals, key, std::to_wstring(value));
 }
 
-std::wstring WholeNumber::read(const Globals& globals) const {
-    const auto value = number::parse(storedTrimmed(globals, key));
+std::wstring WholeNumber::decode(std::wstring_view stored) const {
+    const auto value = number::parse(text::trim(stored));
     if (!value || !std::isfinite(*value)) {
         return fallback;
     }
     const double whole = std::floor(*value);
     return whole < 1 ? fallback : wholeText(whole);
+}
+
+std::wstring WholeNumber::read(const Globals& globals) const {
+    return decode(stored(globals, key, keyNotInReg));
 }
 
 void WholeNumber::write(const Globals& globals, std::wstring_view value) const {

@@ -7,7 +7,7 @@
 #include "mail/Globals.h"
 
 /// The ways in which settings are kept as texts. A read that fails gives the default, a write that fails
-/// changes nothing; neither throws.
+/// changes nothing; neither throws. What a stored text reads as can be asked without a store: decode().
 namespace modRegKeys {
 
 /// "True" or "False", letter case counting. Anything else reads as the default.
@@ -15,6 +15,7 @@ struct TextFlag {
     const wchar_t* key;
     bool fallback;
 
+    bool decode(std::wstring_view stored) const;
     bool read(const basGlobals::Globals& globals) const;
     /// Takes the state of a check box, not a boolean: only 1 is stored as "True".
     void write(const basGlobals::Globals& globals, int state) const;
@@ -25,6 +26,7 @@ struct NumberFlag {
     const wchar_t* key;
     std::int16_t fallback;
 
+    std::int16_t decode(std::wstring_view stored) const;
     std::int16_t read(const basGlobals::Globals& globals) const;
     void write(const basGlobals::Globals& globals, std::int16_t value) const;
 };
@@ -33,6 +35,7 @@ struct NumberFlag {
 struct Choice {
     const wchar_t* key;
 
+    static std::int16_t decode(std::wstring_view stored);
     std::int16_t read(const basGlobals::Globals& globals) const;
     void write(const basGlobals::Globals& globals, std::int16_t value) const;
 };
@@ -42,6 +45,7 @@ struct WholeNumber {
     const wchar_t* key;
     const wchar_t* fallback;
 
+    std::wstring decode(std::wstring_view stored) const;
     std::wstring read(const basGlobals::Globals& globals) const;
     void write(const basGlobals::Globals& globals, std::wstring_view value) const;
 };

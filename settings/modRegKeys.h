@@ -1,5 +1,7 @@
 #pragma once
 
+#include <tuple>
+
 #include "settings/encodings.h"
 
 /// Every setting, once: what it does, its key, how it is kept and what it reads as when absent. Each is named
@@ -139,5 +141,56 @@ inline constexpr Plain strVersionNotNotify{L"strVersionNotNotify", L"False"};
 inline constexpr Plain strRegistryInitialise{L"strRegistryInitialise"};
 
 // clang-format on
+
+/// All of them, for whoever goes through the settings.
+inline constexpr std::tuple all{ReplyMultiple,
+                                ReplyALL_BCC,
+                                ReplyAllAny,
+                                ReplyInternalCheck,
+                                DomainName,
+                                ReplyAllAutoRemove,
+                                PlaySound,
+                                CheckEmptySubject,
+                                RemoveSpamWords,
+                                AutoRemoveSpamWords,
+                                SpamKeyWords,
+                                CheckMultipleReFwd,
+                                PromptReplyOnOlderEmails,
+                                OldEmailDays,
+                                CheckAttachMissing,
+                                AttachKeyWords,
+                                MsgAddAddress,
+                                DoNotShowSelect,
+                                DisplayConfirmation,
+                                ConfirmEmailAddrs,
+                                ConfirmForXRecipients,
+                                XRecipients,
+                                DelayEmails,
+                                DelayTime,
+                                AutoDelayAll,
+                                DelayedEmailAddrs,
+                                NotifyBeforeDelaying,
+                                UseOutlookSettings,
+                                EmailList,
+                                IgnoreText,
+                                IgnoreAttach,
+                                ShowStartupWizard,
+                                Tutorial,
+                                blnMoveVT,
+                                IntroEmailCreated,
+                                IgnoreTextValue,
+                                IgnoreAttachValue,
+                                LockFields,
+                                Password,
+                                SettingsID,
+                                VT_Settings_FilePath,
+                                PreSetupID,
+                                LastCheckUpdateDate,
+                                blnAutomaticUpdate,
+                                intNumDayUpdate,
+                                dtmLastUpdateDate,
+                                blnNotNotify,
+                                strVersionNotNotify,
+                                strRegistryInitialise};
 
 }  // namespace modRegKeys
