@@ -88,6 +88,13 @@ platform::PromptAnswer parseAnswer(std::wstring_view text) {
     return {std::wstring(where), *answer};
 }
 
+std::wstring answerText(const platform::PromptAnswer& answer) {
+    const auto* const form = std::get_if<platform::FormAnswer>(&answer.what);
+    return answer.where + L"=" +
+           (form ? answerText(*form)
+                 : std::wstring(platform::nameOf(std::get<platform::Answer>(answer.what))));
+}
+
 std::wstring answerText(const platform::FormAnswer& answer) {
     std::wstring result;
     for (const auto& [control, value] : answer.entries) {

@@ -21,6 +21,8 @@ namespace program {
 /// Throws std::invalid_argument, with the reason for the user, when the text is none of this.
 platform::PromptAnswer parseAnswer(std::wstring_view text);
 
+/// The WHERE=WHAT that gives this answer.
+std::wstring answerText(const platform::PromptAnswer& answer);
 /// The WHAT that gives this answer.
 std::wstring answerText(const platform::FormAnswer& answer);
 

@@ -7,6 +7,7 @@
 #include "platform/text.h"
 #include "program/Answers.h"
 #include "program/SettingsFolder.h"
+#include "program/settingKeys.h"
 
 namespace program {
 
@@ -15,7 +16,8 @@ namespace {
 constexpr char usageText[] =
     R"(veltro-host: a simulated Outlook that e-mail can be tried out in
 
-  veltro-host send MESSAGE...          open each message as a new mail and press Send
+  veltro-host send MESSAGE...          open each message as a new mail and press Send; MESSAGE is a file that
+                                       holds an e-mail, or messages in JSON, and "-" the standard input
   veltro-host reply MESSAGE...         select each message in the Inbox and press Reply
   veltro-host reply-all MESSAGE...     ... Reply to All
   veltro-host forward MESSAGE...       ... Forward
@@ -25,8 +27,8 @@ constexpr char usageText[] =
   --outlook VERSION        the version that Outlook tells; 14.0.0.4760 unless given
   --editor html|word       the e-mail editor of item windows; html unless given
   --account NAME=ADDRESS   an account of the profile, repeatable; the first is the default account
-  --set KEY=VALUE          a setting for this run, repeatable
-  --settings FILE          keep the settings in this file; otherwise they live for the run
+  --set KEY=VALUE          a setting for this run, repeatable; README.md tells of the keys
+  --settings FILE          keep the settings in this file, those of --set too; otherwise they live for the run
   --list ADDRESS=ACCOUNT   an entry of the list of preferred accounts, repeatable; they take the place of a list
                            that --folder has kept
   --folder FILE            keep subject and text of the settings folder's items, the list among them, in this
@@ -35,14 +37,18 @@ constexpr char usageText[] =
   --first-run              a profile on which the add-in never ran
   --answer 'WHERE=WHAT'    an answer to a prompt, repeatable, used in order. WHERE is the start of a message
                            box's title, or a form's name; WHAT is Yes, No, OK or Cancel, or for a form
-                           control=value and finally the button, parted by "; " (";;" is a plain ";")
+                           control=value and finally the button, parted by "; " (";;" is a plain ";"). In
+                           place of the button {Enter} presses the default one, {Escape} closes the form,
+                           and {Alt+x} presses the one with the access key x. Without any --answer, prompts
+                           are put to you when the program runs at a terminal
   --json                   one JSON object a line instead of text
+  --help, --version
 
-Exit status: 0 all sent or opened, 1 something was cancelled, 2 bad arguments or unreadable file,
-3 a prompt found no answer.
+Exit status: 0 all sent or opened, 1 something was cancelled, 2 bad arguments, a file that cannot be used or
+output that cannot be written, 3 a prompt found no answer.
 )";
 
-std::string quoted(std::wstring_view text) {
+std::string inQuotes(std::wstring_view text) {
     return "\"" + text::toUtf8(text) + "\"";
 }
 
@@ -51,7 +57,7 @@ std::pair<std::wstring, std::wstring> parsePair(const std::string& option, const
                                                 const std::wstring& value) {
     const auto cut = value.find(L'=');
     if (cut == std::wstring::npos || cut == 0) {
-        throw UsageError(option + " needs " + form + ", not " + quoted(value));
+        throw UsageError(option + " needs " + form + ", not " + inQuotes(value));
     }
     return {value.substr(0, cut), value.substr(cut + 1)};
 }
@@ -60,31 +66,55 @@ void addAccount(CommandLine& line, const std::wstring& value) {
     auto [name, address] = parsePair("--account", "NAME=ADDRESS", value);
     const auto at = address.find(L'@');
     if (at == std::wstring::npos || at == 0 || at + 1 == address.size()) {
-        throw UsageError("--account needs an e-mail address, not " + quoted(address));
+        throw UsageError("--account needs an e-mail address, not " + inQuotes(address));
     }
     const bool known = std::ranges::any_of(line.accounts, [&name = name](const host::Account& account) {
         return text::equalsIgnoringCase(account.name, name);
     });
     if (known) {
-        throw UsageError("--account: there are two accounts named " + quoted(name));
+        throw UsageError("--account: there are two accounts named " + inQuotes(name));
     }
     line.accounts.push_back({.name = name, .address = address});
 }
 
 void setVersion(CommandLine& line, const std::wstring& value) {
-    const bool digits =
-        std::ranges::all_of(value, [](wchar_t c) { return c == L'.' || (c >= L'0' && c <= L'9'); });
-    if (value.empty() || value.front() == L'.' || !digits) {
-        throw UsageError("--outlook needs a version such as 14.0.0.4760, not " + quoted(value));
+    constexpr std::size_t mostDigits = 5;  // Each part is a 16-bit number.
+    const auto isNumber = [](std::wstring_view part) {
+        return !part.empty() && part.size() <= mostDigits &&
+               std::ranges::all_of(part, [](wchar_t c) { return c >= L'0' && c <= L'9'; });
+    };
+    if (value.empty() || !std::ranges::all_of(text::split(value, L'.'), isNumber)) {
+        throw UsageError("--outlook needs a version such as 14.0.0.4760, not " + inQuotes(value));
     }
     line.outlookVersion = value;
 }
 
 void setEditor(CommandLine& line, const std::wstring& value) {
     if (value != L"html" && value != L"word") {
-        throw UsageError("--editor needs html or word, not " + quoted(value));
+        throw UsageError("--editor needs html or word, not " + inQuotes(value));
     }
     line.editor = value == L"word" ? host::Editor::Word : host::Editor::Html;
+}
+
+void addSetting(CommandLine& line, const std::wstring& value) {
+    auto [key, setting] = parsePair("--set", "KEY=VALUE", value);
+    if (const auto nearest = nearestSetting(key)) {
+        throw UsageError("--set: there is no setting " + inQuotes(key) + "; is " + inQuotes(*nearest) +
+                         " meant?");
+    }
+    if (const auto reading = otherReading(key, setting)) {
+        line.warnings.push_back("--set " + text::toUtf8(key) + ": " + inQuotes(setting) + " reads as " +
+                                inQuotes(*reading));
+    }
+    line.settings.emplace_back(std::move(key), std::move(setting));
+}
+
+/// A file that is kept between runs.
+std::wstring keptFile(const std::string& option, const std::wstring& value) {
+    if (value.empty() || value == L"-") {
+        throw UsageError(option + " needs a file, not " + inQuotes(value));
+    }
+    return value;
 }
 
 void addAnswer(CommandLine& line, const std::wstring& value) {
@@ -105,24 +135,25 @@ std::map<std::wstring, Option> makeOptions() {
         {L"--outlook", {true, setVersion}},
         {L"--editor", {true, setEditor}},
         {L"--account", {true, addAccount}},
-        {L"--set",
-         {true,
-          [](CommandLine& line, const std::wstring& value) {
-              line.settings.push_back(parsePair("--set", "KEY=VALUE", value));
-          }}},
+        {L"--set", {true, addSetting}},
         {L"--settings",
-         {true, [](CommandLine& line, const std::wstring& value) { line.settingsFile = value; }}},
+         {true, [](CommandLine& line,
+                   const std::wstring& value) { line.settingsFile = keptFile("--settings", value); }}},
         {L"--list",
          {true,
           [](CommandLine& line, const std::wstring& value) {
               line.preferredAccounts.push_back(parsePair("--list", "ADDRESS=ACCOUNT", value));
           }}},
-        {L"--folder", {true, [](CommandLine& line, const std::wstring& value) { line.folderFile = value; }}},
+        {L"--folder",
+         {true, [](CommandLine& line,
+                   const std::wstring& value) { line.folderFile = keptFile("--folder", value); }}},
         {L"--answer", {true, addAnswer}},
         {L"--bcc-me", {false, [](CommandLine& line, const std::wstring&) { line.bccMe = true; }}},
         {L"--first-run", {false, [](CommandLine& line, const std::wstring&) { line.firstRun = true; }}},
         {L"--json", {false, [](CommandLine& line, const std::wstring&) { line.json = true; }}},
         {L"--help", {false, [](CommandLine& line, const std::wstring&) { line.command = Command::Help; }}},
+        {L"--version",
+         {false, [](CommandLine& line, const std::wstring&) { line.command = Command::Version; }}},
     };
 }
 
@@ -134,7 +165,7 @@ Command parseCommand(const std::wstring& word) {
     };
     const auto found = commands.find(word);
     if (found == commands.end()) {
-        throw UsageError("unknown command " + quoted(word) + "; try --help");
+        throw UsageError("unknown command " + inQuotes(word) + "; try --help");
     }
     return found->second;
 }
@@ -154,6 +185,9 @@ void checkTogether(const CommandLine& line) {
     }
     if (line.command == Command::List && !line.files.empty()) {
         throw UsageError("list takes no message file");
+    }
+    if (std::ranges::count(line.files, L"-") > 1) {
+        throw UsageError("\"-\", the standard input, can be read only once");
     }
 }
 
@@ -178,7 +212,7 @@ CommandLine parseCommandLine(const std::vector<std::wstring>& arguments) {
         const std::wstring name = argument.substr(0, cut);
         const auto found = options.find(name == L"-h" ? L"--help" : name);
         if (found == options.end()) {
-            throw UsageError("unknown option " + quoted(name) + "; try --help");
+            throw UsageError("unknown option " + inQuotes(name) + "; try --help");
         }
         const Option& option = found->second;
         if (!option.takesValue && cut != std::wstring::npos) {
@@ -189,7 +223,8 @@ CommandLine parseCommandLine(const std::vector<std::wstring>& arguments) {
         }
         option.apply(line, cut == std::wstring::npos ? arguments[index] : argument.substr(cut + 1));
     }
-    if (!words.empty() && line.command != Command::Help) {
+    const bool informs = line.command == Command::Help || line.command == Command::Version;
+    if (!words.empty() && !informs) {
         line.command = parseCommand(words.front());
         line.files.assign(words.begin() + 1, words.end());
     }
@@ -216,6 +251,10 @@ host::Profile CommandLine::profile() const {
 
 const char* usage() {
     return usageText;
+}
+
+const char* versionText() {
+    return "veltro-host " VELTRO_VERSION "\n";
 }
 
 }  // namespace program

@@ -21,6 +21,7 @@ enum class Command {
     /// No command: on Windows the host's window opens.
     None,
     Help,
+    Version,
     Send,
     Reply,
     ReplyAll,
@@ -43,6 +44,8 @@ struct CommandLine {
     std::vector<std::pair<std::wstring, std::wstring>> preferredAccounts;
     std::optional<std::wstring> folderFile;
     std::vector<platform::PromptAnswer> answers;
+    /// What is odd about the arguments but can be followed; a line each.
+    std::vector<std::string> warnings;
     bool bccMe = false;
     bool firstRun = false;
     bool json = false;
@@ -56,5 +59,7 @@ CommandLine parseCommandLine(const std::vector<std::wstring>& arguments);
 
 /// What --help prints.
 const char* usage();
+/// What --version prints.
+const char* versionText();
 
 }  // namespace program

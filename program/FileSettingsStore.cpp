@@ -1,45 +1,28 @@
 #include "program/FileSettingsStore.h"
 
-#include <fstream>
-#include <iterator>
-#include <nlohmann/json.hpp>
 #include <stdexcept>
 
 #include "platform/text.h"
-#include "program/MessageFiles.h"
+#include "program/MessageJson.h"
+#include "program/files.h"
 
 namespace program {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
-
-[[noreturn]] void fail(const std::filesystem::path& file, const std::string& why) {
-    throw std::runtime_error("settings file " + text::toUtf8(file.wstring()) + ": " + why);
-}
-
-Json load(const std::filesystem::path& file) {
-    std::error_code error;
-    if (!std::filesystem::exists(file, error)) {
-        if (error) {
-            fail(file, error.message());
-        }
+Json parse(const std::string& contents) {
+    if (contents.find_first_not_of(" \t\r\n") == std::string::npos) {
         return Json::object();
     }
-    std::ifstream stream(file, std::ios::binary);
-    if (!stream || !std::filesystem::is_regular_file(file, error)) {
-        fail(file, "cannot be read");
-    }
-    const std::string bytes{std::istreambuf_iterator<char>(stream), {}};
-    const Json settings = Json::parse(bytes, nullptr, false);
+    Json settings = parseJson(contents);
     if (!settings.is_object()) {
-        fail(file, "holds no JSON object");
+        throw std::runtime_error("holds no JSON object");
     }
     for (const auto& [key, value] : settings.items()) {
         try {
             textFromJson(value);
-        } catch (const std::exception&) {
-            fail(file, "the value of " + key + " is no text");
+        } catch (const std::runtime_error&) {
+            throw std::runtime_error("the value of " + key + " is no text");
         }
     }
     return settings;
@@ -56,9 +39,30 @@ Json::iterator find(Json& settings, const std::wstring& key) {
 
 }  // namespace
 
+FileSettingsStore::FileSettingsStore(std::filesystem::path file) : file_(std::move(file)) {
+    try {
+        const FileLock lock(file_);
+    } catch (const std::runtime_error& error) {
+        fail(error.what());
+    }
+    load();
+}
+
+void FileSettingsStore::fail(const std::string& why) const {
+    throw std::runtime_error("settings file " + text::toUtf8(file_.wstring()) + ": " + why);
+}
+
+Json FileSettingsStore::load() const {
+    try {
+        return parse(readKeptFile(file_));
+    } catch (const std::runtime_error& error) {
+        fail(error.what());
+    }
+}
+
 std::vector<std::pair<std::wstring, std::wstring>> FileSettingsStore::all() {
     std::vector<std::pair<std::wstring, std::wstring>> settings;
-    const Json stored = load(file_);
+    const Json stored = load();
     for (const auto& [key, value] : stored.items()) {
         settings.emplace_back(text::fromUtf8(key), textFromJson(value));
     }
@@ -66,23 +70,24 @@ std::vector<std::pair<std::wstring, std::wstring>> FileSettingsStore::all() {
 }
 
 std::optional<std::wstring> FileSettingsStore::read(const std::wstring& key) {
-    Json settings = load(file_);
+    Json settings = load();
     const auto found = find(settings, key);
     return found == settings.end() ? std::nullopt : std::optional(textFromJson(*found));
 }
 
 void FileSettingsStore::write(const std::wstring& key, const std::wstring& value) {
-    Json settings = load(file_);
-    const auto found = find(settings, key);
-    if (found == settings.end()) {
-        settings[text::toUtf8(key)] = textToJson(value);
-    } else {
-        *found = textToJson(value);
-    }
     try {
-        replaceFile(file_, settings.dump(2));
+        const FileLock lock(file_);
+        Json settings = parse(readKeptFile(file_));
+        const auto found = find(settings, key);
+        if (found == settings.end()) {
+            settings[text::toUtf8(key)] = textToJson(value);
+        } else {
+            *found = textToJson(value);
+        }
+        replaceFile(file_, jsonText(settings, 2) + "\n");
     } catch (const std::runtime_error& error) {
-        fail(file_, error.what());
+        fail(error.what());
     }
 }
 

@@ -10,8 +10,6 @@ namespace program {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
-
 constexpr char utf16[] = "utf16";
 /// Distribution lists hold lists; nobody nests them deeper.
 constexpr int deepestMembers = 16;
@@ -49,11 +47,19 @@ bool hasLoneSurrogate(const std::wstring& text) {
     return high;
 }
 
+std::uint32_t unitFrom(const Json& json) {
+    constexpr std::uint32_t largest = 0xFFFF;
+    if (!json.is_number_unsigned() || json.get<std::uint64_t>() > largest) {
+        throw std::runtime_error("utf16 holds something else than numbers up to 65535");
+    }
+    return json.get<std::uint32_t>();
+}
+
 std::wstring fromUnits(const Json& units) {
     std::wstring text;
     for (std::size_t index = 0; index < units.size(); ++index) {
-        auto unit = units[index].get<std::uint16_t>();
-        const std::uint16_t next = index + 1 < units.size() ? units[index + 1].get<std::uint16_t>() : 0;
+        const std::uint32_t unit = unitFrom(units[index]);
+        const std::uint32_t next = index + 1 < units.size() ? unitFrom(units[index + 1]) : 0;
         if (sizeof(wchar_t) > 2 && isHigh(unit) && isLow(next)) {
             text += static_cast<wchar_t>(0x10000 + ((unit - 0xD800) << 10) + (next - 0xDC00));
             ++index;
@@ -111,7 +117,7 @@ Json toJson(const std::optional<automation::Date>& date) {
 
 Json toJson(const MessageFile& file) {
     const host::Message& message = file.message;
-    Json json{{"file", textToJson(text::fromUtf8(file.name))}};
+    Json json{{"file", textToJson(file.name)}};
     if (message.itemClass != host::itemClass::mail) {
         json["class"] = message.itemClass;
     }
@@ -139,6 +145,14 @@ Json toJson(const MessageFile& file) {
     return json;
 }
 
+const char* kindOf(const Json& json) {
+    return json.is_array()     ? "a list"
+           : json.is_object()  ? "an object"
+           : json.is_number()  ? "a number"
+           : json.is_boolean() ? "true or false"
+                               : "null";
+}
+
 /// Null when the object has no such member, or a null one.
 const Json* member(const Json& object, const char* name) {
     if (!object.is_object()) {
@@ -151,6 +165,26 @@ const Json* member(const Json& object, const char* name) {
 std::wstring textOf(const Json& object, const char* name) {
     const Json* json = member(object, name);
     return json ? textFromJson(*json) : std::wstring();
+}
+
+bool flagOf(const Json& object, const char* name, bool whenAbsent) {
+    const Json* json = member(object, name);
+    if (json && !json->is_boolean()) {
+        throw std::runtime_error(std::string(name) + " is neither true nor false");
+    }
+    return json ? json->get<bool>() : whenAbsent;
+}
+
+int classOf(const Json& object) {
+    constexpr std::uint64_t largest = 0xFFFF;
+    const Json* json = member(object, "class");
+    if (!json) {
+        return host::itemClass::mail;
+    }
+    if (!json->is_number_unsigned() || json->get<std::uint64_t>() > largest) {
+        throw std::runtime_error("class is no number of an item class, such as 43 for a mail");
+    }
+    return json->get<int>();
 }
 
 /// The elements of an array member, each read by `read`.
@@ -180,8 +214,8 @@ host::Address addressFrom(const Json& json, int depth = 0) {
     address.smtpAddress = textOf(json, "smtpAddress");
     address.members =
         listOf(json, "members", [depth](const Json& entry) { return addressFrom(entry, depth + 1); });
-    address.distributionList = json.value("distributionList", false);
-    address.resolvable = json.value("resolvable", true);
+    address.distributionList = flagOf(json, "distributionList", false);
+    address.resolvable = flagOf(json, "resolvable", true);
     return address;
 }
 
@@ -199,7 +233,8 @@ std::optional<automation::Date> dateOf(const Json& object, const char* name) {
     if (!json) {
         return std::nullopt;
     }
-    const auto date = host::parseIsoTime(json->get<std::string>());
+    const auto date =
+        json->is_string() ? host::parseIsoTime(json->get_ref<const std::string&>()) : std::nullopt;
     if (!date) {
         throw std::runtime_error(std::string(name) + " is no time such as 2024-05-01T09:30:00");
     }
@@ -208,7 +243,7 @@ std::optional<automation::Date> dateOf(const Json& object, const char* name) {
 
 MessageFile messageFrom(const Json& json) {
     host::Message message;
-    message.itemClass = json.value("class", host::itemClass::mail);
+    message.itemClass = classOf(json);
     message.from = addressOf(json, "from");
     message.onBehalfOf = addressOf(json, "onBehalfOf");
     message.to = addressesOf(json, "to");
@@ -224,7 +259,7 @@ MessageFile messageFrom(const Json& json) {
     message.deliveryTime = dateOf(json, "deliveryTime");
     message.deferredDeliveryTime = dateOf(json, "deferredDeliveryTime");
     message.account = textOf(json, "account");
-    return {text::toUtf8(textOf(json, "file")), message};
+    return {textOf(json, "file"), message};
 }
 
 }  // namespace
@@ -242,7 +277,7 @@ std::wstring textFromJson(const nlohmann::ordered_json& json) {
     }
     const Json* units = json.is_object() ? member(json, utf16) : nullptr;
     if (!units || !units->is_array()) {
-        throw std::runtime_error("a text was expected, not " + json.dump().substr(0, 40));
+        throw std::runtime_error(std::string("a text was expected, not ") + kindOf(json));
     }
     return fromUnits(*units);
 }
@@ -252,21 +287,21 @@ std::string toJson(const std::vector<MessageFile>& messages) {
     for (const MessageFile& file : messages) {
         array.push_back(toJson(file));
     }
-    return array.dump(1);
+    return jsonText(array, 1);
 }
 
-std::vector<MessageFile> parseMessages(const std::string& json) {
+std::vector<MessageFile> parseMessages(std::string_view json) {
+    const Json array = parseJson(json);
+    if (!array.is_array()) {
+        throw std::runtime_error("a list of messages was expected, not " + std::string(kindOf(array)));
+    }
     std::vector<MessageFile> messages;
-    try {
-        const Json array = Json::parse(json);
-        if (!array.is_array()) {
-            throw std::runtime_error("a list of messages was expected");
-        }
-        for (const Json& element : array) {
+    for (const Json& element : array) {
+        try {
             messages.push_back(messageFrom(element));
+        } catch (const std::runtime_error& error) {
+            throw std::runtime_error("message " + std::to_string(messages.size() + 1) + ": " + error.what());
         }
-    } catch (const Json::exception& error) {
-        throw std::runtime_error(error.what());
     }
     return messages;
 }

@@ -1,16 +1,16 @@
 #pragma once
 
-#include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
 
 #include "host/Message.h"
+#include "program/json.h"
 
 namespace program {
 
 /// A message and the file it was read from.
 struct MessageFile {
-    std::string name;
+    std::wstring name;
     host::Message message;
 };
 
@@ -18,12 +18,13 @@ struct MessageFile {
 /// hold, becomes an object with its UTF-16 units.
 std::string toJson(const std::vector<MessageFile>& messages);
 
-/// Reads what toJson wrote; members may be missing. Throws std::runtime_error when it is anything else.
-std::vector<MessageFile> parseMessages(const std::string& json);
+/// Reads what toJson wrote; members may be missing. Throws std::runtime_error, with the reason
+/// in one line, when it is anything else.
+std::vector<MessageFile> parseMessages(std::string_view json);
 
 /// The text as JSON, lone surrogates included.
-nlohmann::ordered_json textToJson(const std::wstring& text);
+Json textToJson(const std::wstring& text);
 /// Throws std::runtime_error when it is no text.
-std::wstring textFromJson(const nlohmann::ordered_json& json);
+std::wstring textFromJson(const Json& json);
 
 }  // namespace program

@@ -1,10 +1,10 @@
 #include "program/Report.h"
 
-#include <nlohmann/json.hpp>
 #include <ostream>
 #include <vector>
 
 #include "host/LocalTime.h"
+#include "platform/terminalText.h"
 #include "platform/text.h"
 #include "program/Answers.h"
 
@@ -12,14 +12,10 @@ namespace program {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
 using platform::Answer;
 using platform::Icon;
-
-std::string dump(const Json& json) {
-    // Readers take lone surrogates badly: they become U+FFFD.
-    return json.dump(-1, ' ', false, Json::error_handler_t::replace);
-}
+using platform::plainUtf8;
+using platform::terminalLine;
 
 const char* nameOf(Icon icon) {
     switch (icon) {
@@ -49,16 +45,15 @@ const char* nameOf(host::ReplyKind kind) {
     return "reply";
 }
 
-std::string addressText(const host::Address& address) {
-    const std::wstring& best = !address.smtpAddress.empty() ? address.smtpAddress
-                               : !address.address.empty()   ? address.address
-                                                            : address.name;
-    return text::toUtf8(best);
+const std::wstring& addressText(const host::Address& address) {
+    return !address.smtpAddress.empty() ? address.smtpAddress
+           : !address.address.empty()   ? address.address
+                                        : address.name;
 }
 
 /// The recipients' addresses; of one type unless `type` is 0.
-std::vector<std::string> addressesOf(const host::ItemView& mail, int type) {
-    std::vector<std::string> addresses;
+std::vector<std::wstring> addressesOf(const host::ItemView& mail, int type) {
+    std::vector<std::wstring> addresses;
     for (const host::RecipientView& recipient : mail.recipients) {
         if (type == 0 || recipient.type == type) {
             addresses.push_back(addressText(recipient.address));
@@ -67,18 +62,26 @@ std::vector<std::string> addressesOf(const host::ItemView& mail, int type) {
     return addresses;
 }
 
-std::string joined(const std::vector<std::string>& items) {
+Json toJson(const std::vector<std::wstring>& texts) {
+    Json array = Json::array();
+    for (const std::wstring& text : texts) {
+        array.push_back(plainUtf8(text));
+    }
+    return array;
+}
+
+std::string joined(const std::vector<std::wstring>& items) {
     std::string result;
-    for (const std::string& item : items) {
-        result += (result.empty() ? "" : ", ") + item;
+    for (const std::wstring& item : items) {
+        result += (result.empty() ? "" : ", ") + terminalLine(item);
     }
     return result.empty() ? "nobody" : result;
 }
 
 /// Continuation lines of a prompt's text stand under its first.
 std::string indented(const std::wstring& text, std::size_t columns = 6) {
-    return text::toUtf8(text::replaceAll(text::replaceAll(text, text::lineBreak, L"\n"), L"\n",
-                                         L"\n" + std::wstring(columns, L' ')));
+    return platform::terminalText(text::replaceAll(text::replaceAll(text, text::lineBreak, L"\n"), L"\n",
+                                                   L"\n" + std::wstring(columns, L' ')));
 }
 
 }  // namespace
@@ -87,11 +90,15 @@ void Report::line(const std::string& text) {
     output_ << text << '\n' << std::flush;
 }
 
+Json Report::event(const char* name) const {
+    return {{"event", name}, {"file", file_ ? Json(plainUtf8(*file_)) : Json(nullptr)}};
+}
+
 void Report::message(const platform::MessagePrompt& prompt, std::optional<Answer> answer) {
-    const std::string answered = answer ? text::toUtf8(platform::nameOf(*answer)) : "";
+    const std::string answered = answer ? plainUtf8(platform::nameOf(*answer)) : "";
     if (!json()) {
         if (!promptsSeen_) {
-            line("  message: " + text::toUtf8(prompt.title));
+            line("  message: " + terminalLine(prompt.title));
             line("      " + indented(prompt.text));
             line("    answer: " + (answer ? answered : "none"));
         }
@@ -99,106 +106,127 @@ void Report::message(const platform::MessagePrompt& prompt, std::optional<Answer
     }
     Json buttons = Json::array();
     for (const Answer button : platform::answersOf(prompt.style.buttons)) {
-        buttons.push_back(text::toUtf8(platform::nameOf(button)));
+        buttons.push_back(plainUtf8(platform::nameOf(button)));
     }
-    line(dump({{"event", "message"},
-               {"title", text::toUtf8(prompt.title)},
-               {"text", text::toUtf8(prompt.text)},
-               {"buttons", buttons},
-               {"icon", nameOf(prompt.style.icon)},
-               {"answer", answer ? Json(answered) : Json(nullptr)}}));
+    Json told = event("message");
+    told["title"] = plainUtf8(prompt.title);
+    told["text"] = plainUtf8(prompt.text);
+    told["buttons"] = std::move(buttons);
+    told["icon"] = nameOf(prompt.style.icon);
+    told["answer"] = answer ? Json(answered) : Json(nullptr);
+    line(jsonText(told));
 }
 
 void Report::form(const platform::FormPrompt& prompt, const std::optional<platform::FormAnswer>& answer) {
-    const std::string answered = answer ? text::toUtf8(answerText(*answer)) : "";
     if (!json()) {
-        if (promptsSeen_) {
-            return;
-        }
-        line("  form " + text::toUtf8(prompt.form) + ": " + text::toUtf8(prompt.caption));
-        for (const platform::ControlState& control : prompt.controls) {
-            if (control.visible && !(control.caption.empty() && control.value.empty())) {
-                constexpr std::size_t belowName = 10;
-                line("      " + text::toUtf8(control.name) + ": " + indented(control.caption, belowName) +
-                     (control.value.empty() ? "" : " [" + indented(control.value, belowName) + "]"));
-            }
-        }
-        line("    answer: " + (answer ? answered : "none"));
+        formText(prompt, answer);
         return;
     }
-    Json controls = Json::object();
+    Json told = event("form");
+    told["form"] = plainUtf8(prompt.form);
+    told["caption"] = plainUtf8(prompt.caption);
+    told["controls"] = Json::object();
     for (const platform::ControlState& control : prompt.controls) {
-        controls[text::toUtf8(control.name)] = {{"caption", text::toUtf8(control.caption)},
-                                                {"value", text::toUtf8(control.value)},
-                                                {"enabled", control.enabled},
-                                                {"visible", control.visible}};
+        told["controls"][plainUtf8(control.name)] = {{"caption", plainUtf8(control.caption)},
+                                                     {"value", plainUtf8(control.value)},
+                                                     {"enabled", control.enabled},
+                                                     {"visible", control.visible}};
     }
-    line(dump({{"event", "form"},
-               {"form", text::toUtf8(prompt.form)},
-               {"caption", text::toUtf8(prompt.caption)},
-               {"controls", controls},
-               {"answer", answer ? Json(answered) : Json(nullptr)}}));
+    told["answer"] = answer ? Json(plainUtf8(answerText(*answer))) : Json(nullptr);
+    line(jsonText(told));
+}
+
+void Report::formText(const platform::FormPrompt& prompt, const std::optional<platform::FormAnswer>& answer) {
+    if (promptsSeen_) {
+        return;
+    }
+    line("  form " + terminalLine(prompt.form) + ": " + terminalLine(prompt.caption));
+    for (const platform::ControlState& control : prompt.controls) {
+        const bool shows = !control.caption.empty() || !control.value.empty() || control.fillable;
+        if (control.visible && shows) {
+            constexpr std::size_t belowName = 10;
+            const bool bracketed = control.fillable || !control.value.empty();
+            line("      " + terminalLine(control.name) + ":" +
+                 (control.caption.empty() ? "" : " " + indented(control.caption, belowName)) +
+                 (bracketed ? " [" + indented(control.value, belowName) + "]" : ""));
+        }
+    }
+    line("    answer: " + (answer ? indented(answerText(*answer)) : "none"));
 }
 
 void Report::beep() {
     if (json()) {
-        line(dump({{"event", "beep"}}));
-    } else if (promptsSeen_) {
-        output_ << '\a' << std::flush;
-    } else {
+        line(jsonText(event("beep")));
+    } else if (!promptsSeen_) {
         line("  beep");
     }
 }
 
-void Report::begin(const std::string& file) {
+void Report::begin(const std::wstring& file) {
+    file_ = file;
     if (!json()) {
-        line(file);
+        line(terminalLine(file));
     }
 }
 
-void Report::sent(const std::string& file, const host::ItemView& mail) {
-    outcome("sent", file, mail);
+void Report::unreadable(const std::wstring& file, const std::string& why) {
+    if (json()) {
+        begin(file);
+        error(text::fromUtf8(why));
+        end();
+    }
 }
 
-void Report::cancelled(const std::string& file, const host::ItemView& mail) {
-    outcome("cancelled", file, mail);
+void Report::sent(const host::ItemView& mail) {
+    outcome("sent", mail);
 }
 
-void Report::outcome(const char* event, const std::string& file, const host::ItemView& mail) {
+void Report::cancelled(const host::ItemView& mail) {
+    outcome("cancelled", mail);
+}
+
+void Report::outcome(const char* name, const host::ItemView& mail) {
     const auto to = addressesOf(mail, 1);
     if (!json()) {
-        line(std::string("  ") + event + ": \"" + text::toUtf8(mail.subject) + "\" to " + joined(to) +
-             " with account " + text::toUtf8(mail.account) +
+        line(std::string("  ") + name + ": \"" + terminalLine(mail.subject) + "\" to " + joined(to) +
+             " with account " + terminalLine(mail.account) +
              (mail.deferred ? ", to leave at " + host::toIsoTime(*mail.deferred) : ""));
         return;
     }
-    line(dump({{"event", event},
-               {"file", file},
-               {"subject", text::toUtf8(mail.subject)},
-               {"to", to},
-               {"deferred", mail.deferred ? Json(host::toIsoTime(*mail.deferred)) : Json(nullptr)},
-               {"account", text::toUtf8(mail.account)}}));
+    Json told = event(name);
+    told["subject"] = plainUtf8(mail.subject);
+    told["to"] = toJson(to);
+    told["deferred"] = mail.deferred ? Json(host::toIsoTime(*mail.deferred)) : Json(nullptr);
+    told["account"] = plainUtf8(mail.account);
+    line(jsonText(told));
 }
 
 void Report::reply(host::ReplyKind kind, const host::ItemView& mail) {
     const auto recipients = addressesOf(mail, 0);
     if (!json()) {
-        line(std::string("  ") + nameOf(kind) + " opened: \"" + text::toUtf8(mail.subject) + "\" to " +
+        line(std::string("  ") + nameOf(kind) + " opened: \"" + terminalLine(mail.subject) + "\" to " +
              joined(recipients));
         return;
     }
-    line(dump({{"event", "reply"},
-               {"kind", nameOf(kind)},
-               {"subject", text::toUtf8(mail.subject)},
-               {"recipients", recipients}}));
+    Json told = event("reply");
+    told["kind"] = nameOf(kind);
+    told["subject"] = plainUtf8(mail.subject);
+    told["recipients"] = toJson(recipients);
+    line(jsonText(told));
 }
 
 void Report::replyCancelled() {
-    line(json() ? dump({{"event", "reply-cancelled"}}) : "  reply cancelled");
+    line(json() ? jsonText(event("reply-cancelled")) : "  reply cancelled");
 }
 
 void Report::error(const std::wstring& text) {
-    line(json() ? dump({{"event", "error"}, {"text", text::toUtf8(text)}}) : "  error: " + indented(text));
+    if (!json()) {
+        line("  error: " + indented(text));
+        return;
+    }
+    Json told = event("error");
+    told["text"] = plainUtf8(text);
+    line(jsonText(told));
 }
 
 }  // namespace program

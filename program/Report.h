@@ -1,18 +1,20 @@
 #pragma once
 
 #include <iosfwd>
+#include <optional>
 #include <string>
 
 #include "host/Outlook.h"
 #include "platform/Prompts.h"
+#include "program/json.h"
 
 namespace program {
 
 /// Tells what happens in a run, as text for people or as one JSON object a line for programs.
 class Report : public platform::PromptObserver {
   public:
-    enum class Format { Text, Json };
-    /// `promptsSeen`: a person has the prompts before them, so that the text need not repeat them.
+    enum class Format { Text, JsonLines };
+    /// `promptsSeen`: a person has the prompts before them where the text goes, which need not repeat them.
     Report(std::ostream& output, Format format, bool promptsSeen = false)
         : output_(output), format_(format), promptsSeen_(promptsSeen) {}
 
@@ -20,22 +22,29 @@ class Report : public platform::PromptObserver {
     void form(const platform::FormPrompt& prompt, const std::optional<platform::FormAnswer>& answer) override;
     void beep() override;
 
-    /// The next message's turn; text only.
-    void begin(const std::string& file);
-    void sent(const std::string& file, const host::ItemView& mail);
-    void cancelled(const std::string& file, const host::ItemView& mail);
+    /// The next message's turn: what follows happens to this file, which every event names.
+    void begin(const std::wstring& file);
+    /// No message's turn any more.
+    void end() { file_.reset(); }
+    /// A file that has no turn because it cannot be read; events only.
+    void unreadable(const std::wstring& file, const std::string& why);
+    void sent(const host::ItemView& mail);
+    void cancelled(const host::ItemView& mail);
     void reply(host::ReplyKind kind, const host::ItemView& mail);
     void replyCancelled();
     void error(const std::wstring& text);
 
   private:
-    void outcome(const char* event, const std::string& file, const host::ItemView& mail);
+    void formText(const platform::FormPrompt& prompt, const std::optional<platform::FormAnswer>& answer);
+    void outcome(const char* name, const host::ItemView& mail);
+    Json event(const char* name) const;
     void line(const std::string& text);
-    bool json() const { return format_ == Format::Json; }
+    bool json() const { return format_ == Format::JsonLines; }
 
     std::ostream& output_;
     Format format_;
     bool promptsSeen_;
+    std::optional<std::wstring> file_;
 };
 
 }  // namespace program

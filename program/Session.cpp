@@ -33,6 +33,17 @@ void hideUser(const CommandLine& line, host::Message& message) {
     std::erase_if(message.cc, isOwn);
 }
 
+/// A mail that never came to be an item, as far as its message tells.
+host::ItemView asWritten(const CommandLine& line, const host::Message& message) {
+    host::ItemView view;
+    view.subject = message.subject;
+    view.account = message.account.empty() ? line.accounts.front().name : message.account;
+    for (const host::Address& address : message.to) {
+        view.recipients.push_back({.address = address});
+    }
+    return view;
+}
+
 }  // namespace
 
 void prepareSettings(const CommandLine& line, platform::SettingsStore& settings) {
@@ -69,16 +80,11 @@ ExitStatus Session::run(const std::vector<MessageFile>& messages) {
             break;
         }
         report_.begin(file.name);
-        try {
-            const bool done =
-                line_.command == Command::Send ? send(file) : answer(replyKind(line_.command), file);
-            cancelled = cancelled || !done;
-        } catch (const automation::Error& error) {
-            report_.error(error.description());
-            cancelled = true;
-        }
-        reportErrors();
+        const bool done = line_.command == Command::Send ? send(file.message)
+                                                         : answer(replyKind(line_.command), file.message);
+        cancelled = cancelled || !done;
     }
+    report_.end();
     return ended(cancelled);
 }
 
@@ -102,48 +108,57 @@ ExitStatus Session::openList() {
     return ended(!opened);
 }
 
-bool Session::send(const MessageFile& file) {
-    const automation::Object inspector = outlook_.openNewMail(file.message);
-    if (!inspector) {
+bool Session::send(const host::Message& message) {
+    try {
+        if (const automation::Object inspector = outlook_.openNewMail(message)) {
+            const host::SendOutcome outcome = outlook_.send(inspector);
+            reportErrors();
+            return tell(outcome);
+        }
         report_.error(L"the item's window did not open");
-        return false;
-    }
-    const host::SendOutcome outcome = outlook_.send(inspector);
-    if (promptUnanswered_()) {
-        return false;
+    } catch (const automation::Error& error) {
+        report_.error(error.description());
     }
     reportErrors();
+    report_.cancelled(asWritten(line_, message));
+    return false;
+}
+
+bool Session::tell(const host::SendOutcome& outcome) {
     if (!outcome.failure.empty()) {
         report_.error(outcome.failure);
     }
     if (outcome.state == host::SendState::Cancelled) {
-        report_.cancelled(file.name, outcome.mail);
+        report_.cancelled(outcome.mail);
         return false;
     }
-    report_.sent(file.name, outcome.mail);
+    report_.sent(outcome.mail);
     return true;
 }
 
-bool Session::answer(host::ReplyKind kind, const MessageFile& file) {
-    host::Message message = file.message;
+bool Session::answer(host::ReplyKind kind, host::Message message) {
     if (line_.bccMe) {
         hideUser(line_, message);
     }
-    const automation::Object item = outlook_.receive(message);
-    outlook_.select(outlook_.explorers().front(), {item});
-    const host::ReplyOutcome outcome = outlook_.answer(kind, item);
-    if (promptUnanswered_()) {
-        return false;
+    try {
+        const automation::Object item = outlook_.receive(message);
+        outlook_.select(outlook_.explorers().front(), {item});
+        const host::ReplyOutcome outcome = outlook_.answer(kind, item);
+        reportErrors();
+        if (promptUnanswered_()) {
+            return false;
+        }
+        if (const automation::Object response = opened(outcome)) {
+            const host::ItemView view = outlook_.view(response);
+            report_.reply(view.answers.value_or(kind), view);
+            return true;
+        }
+    } catch (const automation::Error& error) {
+        report_.error(error.description());
     }
     reportErrors();
-    const automation::Object response = opened(outcome);
-    if (!response) {
-        report_.replyCancelled();
-        return false;
-    }
-    const host::ItemView view = outlook_.view(response);
-    report_.reply(view.answers.value_or(kind), view);
-    return true;
+    report_.replyCancelled();
+    return false;
 }
 
 /// The response, or what a handler opened in its place.

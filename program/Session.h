@@ -7,12 +7,11 @@
 #include "platform/SettingsStore.h"
 #include "platform/automation.h"
 #include "program/CommandLine.h"
+#include "program/ExitStatus.h"
 #include "program/MessageJson.h"
 #include "program/Report.h"
 
 namespace program {
-
-enum class ExitStatus { Done = 0, Cancelled = 1, BadInput = 2, UnansweredPrompt = 3 };
 
 /// Makes the settings those of a profile on which the add-in ran before, or never ran, and adds those of the
 /// command line. Throws std::runtime_error when the store cannot be read or written.
@@ -34,8 +33,9 @@ class Session {
 
   private:
     /// False when something was cancelled.
-    bool send(const MessageFile& file);
-    bool answer(host::ReplyKind kind, const MessageFile& file);
+    bool send(const host::Message& message);
+    bool tell(const host::SendOutcome& outcome);
+    bool answer(host::ReplyKind kind, host::Message message);
     ExitStatus openList();
     ExitStatus ended(bool cancelled) const;
     automation::Object opened(const host::ReplyOutcome& outcome) const;

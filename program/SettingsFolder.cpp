@@ -3,7 +3,7 @@
 #include <stdexcept>
 
 #include "platform/text.h"
-#include "program/MessageFiles.h"
+#include "program/MessageJson.h"
 
 namespace program {
 
@@ -56,18 +56,39 @@ host::Message preferredAccountsItem(const std::vector<std::pair<std::wstring, st
     return item;
 }
 
+std::optional<FileLock> holdSettingsFolder(const CommandLine& line, const std::function<void()>& waiting) {
+    if (!line.folderFile) {
+        return std::nullopt;
+    }
+    try {
+        const auto file = pathOf(*line.folderFile);
+        std::error_code ignored;
+        if (line.settingsFile && (pathOf(*line.settingsFile) == file ||
+                                  std::filesystem::equivalent(pathOf(*line.settingsFile), file, ignored))) {
+            throw std::runtime_error("is the settings file too");
+        }
+        if (auto lock = FileLock::tryLock(file)) {
+            return lock;
+        }
+        waiting();
+        return FileLock(file);
+    } catch (const std::runtime_error& error) {
+        fail(line, error.what());
+    }
+}
+
 host::Profile prepareProfile(const CommandLine& line) {
     host::Profile profile = line.profile();
-    std::error_code ignored;
-    if (!line.folderFile || !std::filesystem::exists(pathOf(*line.folderFile), ignored)) {
+    if (!line.folderFile) {
         return profile;
     }
-    profile.folders = {host::settingsFolder};
     try {
-        if (!std::filesystem::is_regular_file(pathOf(*line.folderFile), ignored)) {
-            throw std::runtime_error("is no regular file");
+        const std::string contents = readKeptFile(pathOf(*line.folderFile));
+        if (contents.empty()) {
+            return profile;
         }
-        for (const MessageFile& kept : parseMessages(readFile(pathOf(*line.folderFile)))) {
+        profile.folders = {host::settingsFolder};
+        for (const MessageFile& kept : parseMessages(contents)) {
             // A list on the command line takes the place of the one that was kept.
             if (line.preferredAccounts.empty() || kept.message.subject != listSubject) {
                 profile.messages.push_back({host::settingsFolder, kept.message});
@@ -89,7 +110,7 @@ void keepSettingsFolder(const CommandLine& line, const host::Outlook& outlook) {
         kept.push_back({{}, {.itemClass = view.itemClass, .subject = view.subject, .body = view.body}});
     }
     try {
-        replaceFile(pathOf(*line.folderFile), toJson(kept));
+        replaceFile(pathOf(*line.folderFile), toJson(kept) + "\n");
     } catch (const std::runtime_error& error) {
         fail(line, error.what());
     }

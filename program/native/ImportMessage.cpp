@@ -28,7 +28,7 @@ void startMailLibrary() {
 std::wstring oneLine(const char* utf8) {
     std::wstring line = text::fromUtf8(toUtf8(utf8 ? utf8 : "", "utf-8"));
     std::ranges::replace_if(
-        line, [](wchar_t c) { return c < L' ' || c == 0x7F; }, L' ');
+        line, [](wchar_t c) { return c < L' ' || (c >= 0x7F && c < 0xA0); }, L' ');
     return std::wstring(text::trim(line));
 }
 
@@ -90,6 +90,40 @@ bool looksLikeMail(GMimeMessage* message) {
     });
 }
 
+/// Groups in groups are read by functions that call themselves, here and in the mail library: a field of
+/// addresses that might hold so many of them is refused before anybody reads it. Each begins with a ":", of
+/// which no true field holds as many.
+constexpr std::ptrdiff_t mostColons = 2000;
+
+bool startsAddresses(std::string_view line) {
+    constexpr std::string_view fields[] = {"from", "sender", "reply-to", "to", "cc", "bcc"};
+    const std::string_view name = line.substr(0, line.find_first_of(": \t"));
+    return std::ranges::any_of(fields, [name](std::string_view field) {
+        return std::ranges::equal(name, field,
+                                  [](char found, char wanted) { return g_ascii_tolower(found) == wanted; });
+    });
+}
+
+/// Looks at every line that could be such a field, as mails may hold other mails.
+void refuseNestedGroups(std::string_view mail) {
+    std::ptrdiff_t colons = 0;
+    bool inAddresses = false;
+    while (!mail.empty()) {
+        const std::size_t end = std::min(mail.find_first_of("\r\n"), mail.size());
+        const std::string_view line = mail.substr(0, end);
+        const bool goesOn = line.empty() || line.front() == ' ' || line.front() == '\t';
+        if (!goesOn) {
+            inAddresses = startsAddresses(line);
+            colons = 0;
+        }
+        colons += inAddresses ? std::ranges::count(line, ':') : 0;
+        if (colons > mostColons) {
+            throw std::runtime_error("holds a field of addresses that nests groups too deeply");
+        }
+        mail.remove_prefix(std::min(end + 1, mail.size()));
+    }
+}
+
 MessagePointer construct(std::string_view mail) {
     const StreamPointer stream(g_mime_stream_mem_new_with_buffer(mail.data(), mail.size()));
     const ParserPointer parser(g_mime_parser_new_with_stream(stream.get()));
@@ -124,6 +158,7 @@ host::Message importMessage(std::string_view mail) {
     if (mail.empty()) {
         throw std::runtime_error("is empty");
     }
+    refuseNestedGroups(mail);
     startMailLibrary();
     const MessagePointer parsed = parse(mail);
 

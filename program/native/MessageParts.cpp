@@ -36,7 +36,7 @@ std::wstring plainFileName(const char* utf8) {
     std::wstring name = text::fromUtf8(toUtf8(utf8 ? utf8 : "", "utf-8"));
     const auto folder = name.find_last_of(L"/\\");
     name.erase(0, folder == std::wstring::npos ? 0 : folder + 1);
-    std::erase_if(name, [](wchar_t c) { return c < L' ' || c == 0x7F; });
+    std::erase_if(name, [](wchar_t c) { return c < L' ' || (c >= 0x7F && c < 0xA0); });
     return std::wstring(text::trim(name));
 }
 

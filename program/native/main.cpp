@@ -3,7 +3,10 @@
 
 #include <unistd.h>
 
+#include <algorithm>
+#include <csignal>
 #include <filesystem>
+#include <fstream>
 #include <iostream>
 #include <memory>
 #include <string>
@@ -18,26 +21,24 @@
 #include "platform/native/TerminalDesktop.h"
 #include "platform/text.h"
 #include "program/CommandLine.h"
+#include "program/Console.h"
 #include "program/FileSettingsStore.h"
 #include "program/MessageFiles.h"
 #include "program/Report.h"
 #include "program/Session.h"
 #include "program/SettingsFolder.h"
+#include "program/files.h"
 #include "program/native/ImportMessage.h"
 
 namespace {
 
 using program::CommandLine;
 using program::ExitStatus;
+using Messages = std::vector<program::MessageFile>;
 
 /// Outlook's numbers of the connection and disconnection.
 constexpr int atStartup = 1;
 constexpr int hostShutdown = 0;
-
-ExitStatus complain(const std::string& why) {
-    std::cerr << "veltro-host: " << why << '\n';
-    return ExitStatus::BadInput;
-}
 
 std::wstring programFolder() {
     std::error_code ignored;
@@ -51,33 +52,44 @@ std::unique_ptr<platform::SettingsStore> makeSettings(const CommandLine& line) {
     return std::make_unique<platform::native::MemorySettingsStore>();
 }
 
-std::unique_ptr<platform::native::PromptedDesktop> makeDesktop(const CommandLine& line, bool person,
-                                                               program::Report& report) {
-    if (person) {
-        return std::make_unique<platform::native::TerminalDesktop>(std::cin,
-                                                                   line.json ? std::cerr : std::cout, report);
+/// Whoever answers the prompts: a person, or the command line.
+class Answerer {
+  public:
+    Answerer(const CommandLine& line, bool person, program::Report& report) {
+        if (person) {
+            // Wherever the output goes, the questions go to the terminal.
+            terminal_.open("/dev/tty");
+            std::ostream& shown = terminal_ ? terminal_ : std::cerr;
+            desktop_ = std::make_unique<platform::native::TerminalDesktop>(std::cin, shown, report);
+        } else {
+            desktop_ = std::make_unique<platform::native::ScriptedDesktop>(platform::AnswerList(line.answers),
+                                                                           report);
+        }
     }
-    return std::make_unique<platform::native::ScriptedDesktop>(platform::AnswerList(line.answers), report);
-}
 
-ExitStatus run(const CommandLine& line) {
-    const auto messages = program::readMessages(line.files, program::importMessage);
-    const bool person = line.answers.empty() && isatty(STDIN_FILENO) == 1;
-    program::Report report(std::cout,
-                           line.json ? program::Report::Format::Json : program::Report::Format::Text, person);
+    platform::native::PromptedDesktop& desktop() { return *desktop_; }
+
+  private:
+    std::ofstream terminal_;
+    std::unique_ptr<platform::native::PromptedDesktop> desktop_;
+};
+
+ExitStatus use(const CommandLine& line, const Messages& messages, program::Report& report,
+               platform::native::PromptedDesktop& desktop) {
+    const auto folderLock = program::holdSettingsFolder(line, [&line] {
+        program::complain("waiting for another run that uses " + text::toUtf8(*line.folderFile));
+    });
     platform::native::SystemClock clock;
     host::Outlook outlook(program::prepareProfile(line), [&clock] { return clock.now(); });
-    program::keepSettingsFolder(
-        line,
-        outlook);  // A file that cannot be written is told of before anything is sent.
+    // A file that cannot be written is told of before anything is sent.
+    program::keepSettingsFolder(line, outlook);
     const auto settings = makeSettings(line);
     program::prepareSettings(line, *settings);
-    const auto desktop = makeDesktop(line, person, report);
 
     platform::native::FakeRegistry registry;
     platform::native::FileResources resources;
     platform::native::FixedSystemInfo system(programFolder());
-    platform::Platform world{outlook.automation(), *desktop, *settings, registry, resources, clock, system};
+    platform::Platform world{outlook.automation(), desktop, *settings, registry, resources, clock, system};
     addin::Connect connect(world);
     try {
         connect.OnConnection(outlook.application(), atStartup,
@@ -85,29 +97,54 @@ ExitStatus run(const CommandLine& line) {
     } catch (const automation::Error& error) {
         report.error(L"OnConnection: " + error.description());
     }
-    const auto unanswered = [&desktop] { return desktop->unanswered().has_value(); };
+    const auto unanswered = [&desktop] { return desktop.unanswered().has_value(); };
     program::Session session(line, outlook, report, unanswered);
     const ExitStatus status = session.run(messages);
     session.quit();
     connect.OnDisconnection(hostShutdown);
     program::keepSettingsFolder(line, outlook);
     if (unanswered()) {
-        complain(text::toUtf8(*desktop->unanswered()));
+        program::complain(text::toUtf8(*desktop.unanswered()));
         return ExitStatus::UnansweredPrompt;
     }
     return status;
 }
 
+ExitStatus run(const CommandLine& line) {
+    const bool person = line.answers.empty() && isatty(STDIN_FILENO) == 1;
+    program::Report report(std::cout,
+                           line.json ? program::Report::Format::JsonLines : program::Report::Format::Text,
+                           person && isatty(STDOUT_FILENO) == 1);
+    const program::ReadFiles read = program::readFiles(line, program::importMessage, &report);
+    if (read.messages.empty() && read.status != ExitStatus::Done) {
+        return read.status;
+    }
+    Answerer answerer(line, person, report);
+    const ExitStatus status = use(line, read.messages, report, answerer.desktop());
+    program::tellUnused(answerer.desktop().unusedAnswers());
+    return std::max(read.status, status);
+}
+
+/// What can be read as JSON; what cannot is told of.
+ExitStatus import(const CommandLine& line) {
+    const program::ReadFiles read = program::readFiles(line, program::importMessage);
+    std::cout << program::toJson(read.messages) << '\n';
+    return read.status;
+}
+
 ExitStatus obey(const CommandLine& line) {
+    program::tellWarnings(line);
     switch (line.command) {
         case program::Command::None:
-            return complain("no command given; try --help");
+            return program::complain("no command given; try --help");
         case program::Command::Help:
             std::cout << program::usage();
             return ExitStatus::Done;
-        case program::Command::Import:
-            std::cout << program::toJson(program::readMessages(line.files, program::importMessage)) << '\n';
+        case program::Command::Version:
+            std::cout << program::versionText();
             return ExitStatus::Done;
+        case program::Command::Import:
+            return import(line);
         default:
             return run(line);
     }
@@ -116,15 +153,17 @@ ExitStatus obey(const CommandLine& line) {
 }  // namespace
 
 int main(int count, char** arguments) {
+    // An output that nobody reads any more is an error like others, not the end before the state is kept.
+    std::signal(SIGPIPE, SIG_IGN);
     ExitStatus status = ExitStatus::BadInput;
     try {
         std::vector<std::wstring> words;
         for (int index = 1; index < count; ++index) {
-            words.push_back(text::fromUtf8(arguments[index]));
+            words.push_back(program::fileNameFromBytes(arguments[index]));
         }
         status = obey(program::parseCommandLine(words));
     } catch (const std::exception& error) {
-        complain(error.what());
+        program::complain(error.what());
     }
-    return static_cast<int>(status);
+    return static_cast<int>(program::finish(status));
 }

@@ -2,8 +2,9 @@
 
 #include <stdexcept>
 
+#include "platform/text.h"
 #include "platform/windows/RegistrySettingsStore.h"
-#include "program/MessageFiles.h"
+#include "program/Console.h"
 #include "program/Session.h"
 #include "program/SettingsFolder.h"
 
@@ -13,6 +14,9 @@ HostRun::HostRun(const CommandLine& line)
     : line_(line),
       // Where the add-ins of the present user are registered is out of sight once the user is replaced.
       registered_(platform::windows::registeredAddIns()),
+      folderLock_(holdSettingsFolder(
+          line,
+          [&line] { complain("waiting for another run that uses " + text::toUtf8(*line.folderFile)); })),
       outlook_(prepareProfile(line), [this] { return clock_.now(); }),
       exporter_(platform::windows::Exporter::make(liveObjects_)),
       server_(outlook_, exporter_) {

@@ -10,6 +10,7 @@
 #include "program/CommandLine.h"
 #include "program/FileSettingsStore.h"
 #include "program/Report.h"
+#include "program/files.h"
 #include "program/windows/AddIns.h"
 
 namespace program::windows {
@@ -35,6 +36,7 @@ class HostRun {
   private:
     const CommandLine& line_;
     std::vector<platform::windows::RegisteredAddIn> registered_;
+    std::optional<FileLock> folderLock_;
     std::optional<FileSettingsStore> settingsFile_;
     platform::windows::WindowsClock clock_;
     host::Outlook outlook_;

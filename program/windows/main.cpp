@@ -8,6 +8,7 @@
 #include <objbase.h>
 #include <shellapi.h>
 
+#include <algorithm>
 #include <cwchar>
 #include <iostream>
 #include <optional>
@@ -17,7 +18,7 @@
 #include "host/windows/MainWindow.h"
 #include "platform/text.h"
 #include "platform/windows/DialogRobot.h"
-#include "program/MessageFiles.h"
+#include "program/Console.h"
 #include "program/Session.h"
 #include "program/windows/HostRun.h"
 #include "program/windows/sampleMail.h"
@@ -35,11 +36,6 @@ class Apartment {
     Apartment& operator=(const Apartment&) = delete;
     ~Apartment() { CoUninitialize(); }
 };
-
-ExitStatus complain(const std::string& why) {
-    std::cerr << "veltro-host: " << why << std::endl;
-    return ExitStatus::BadInput;
-}
 
 std::vector<std::wstring> commandLineWords() {
     int count = 0;
@@ -84,10 +80,13 @@ platform::windows::DialogRobot::Answers scripted(platform::AnswerList& answers, 
 }
 
 ExitStatus runCommand(const CommandLine& line) {
-    const auto messages = program::readMessages(line.files, nullptr);
     const bool person = line.answers.empty() && startedAtConsole();
-    program::Report report(std::cout,
-                           line.json ? program::Report::Format::Json : program::Report::Format::Text, person);
+    program::Report report(
+        std::cout, line.json ? program::Report::Format::JsonLines : program::Report::Format::Text, person);
+    const program::ReadFiles read = program::readFiles(line, nullptr, &report);
+    if (read.messages.empty() && read.status != ExitStatus::Done) {
+        return read.status;
+    }
     program::windows::HostRun host(line);
     platform::AnswerList answers(line.answers);
     std::optional<platform::windows::DialogRobot> robot;
@@ -97,15 +96,16 @@ ExitStatus runCommand(const CommandLine& line) {
     const auto unanswered = [&robot] { return robot && robot->unanswered().has_value(); };
     host.connect(report);
     program::Session session(line, host.outlook(), report, unanswered);
-    const ExitStatus status = session.run(messages);
+    const ExitStatus status = session.run(read.messages);
     session.quit();
     host.disconnect();
     host.keepState();
+    program::tellUnused(answers.unused());
     if (unanswered()) {
-        complain(text::toUtf8(*robot->unanswered()));
+        program::complain(text::toUtf8(*robot->unanswered()));
         return ExitStatus::UnansweredPrompt;
     }
-    return status;
+    return std::max(read.status, status);
 }
 
 ExitStatus runWindow(const CommandLine& line) {
@@ -131,14 +131,18 @@ ExitStatus runWindow(const CommandLine& line) {
 }
 
 ExitStatus obey(const CommandLine& line) {
+    program::tellWarnings(line);
     switch (line.command) {
         case program::Command::None:
             return runWindow(line);
         case program::Command::Help:
             std::cout << program::usage();
             return ExitStatus::Done;
+        case program::Command::Version:
+            std::cout << program::versionText();
+            return ExitStatus::Done;
         case program::Command::Import:
-            return complain(
+            return program::complain(
                 "import is for the developer's own machine; it gives JSON, which can be read here");
         default:
             return runCommand(line);
@@ -149,6 +153,7 @@ ExitStatus obey(const CommandLine& line) {
 
 int main() {
     // The same bytes as on every other machine.
+    _setmode(_fileno(stdin), _O_BINARY);
     _setmode(_fileno(stdout), _O_BINARY);
     _setmode(_fileno(stderr), _O_BINARY);
     SetConsoleOutputCP(CP_UTF8);
@@ -157,10 +162,9 @@ int main() {
         const Apartment apartment;
         status = obey(program::parseCommandLine(commandLineWords()));
     } catch (const automation::Error& error) {
-        complain(text::toUtf8(error.description()));
+        program::complain(text::toUtf8(error.description()));
     } catch (const std::exception& error) {
-        complain(error.what());
+        program::complain(error.what());
     }
-    std::cout.flush();
-    return static_cast<int>(status);
+    return static_cast<int>(program::finish(status));
 }

@@ -289,7 +289,7 @@ struct Run {
 Run run(const program::CommandLine& line, const std::vector<program::MessageFile>& messages,
         const std::function<automation::Subscription(host::Outlook&)>& prepare) {
     std::ostringstream output;
-    program::Report report(output, program::Report::Format::Json);
+    program::Report report(output, program::Report::Format::JsonLines);
     host::Outlook outlook(line.profile());
     const auto token = prepare(outlook);
     program::Session session(line, outlook, report, [] { return false; });
@@ -315,9 +315,9 @@ TEST(HostAccountsInRunsTest, TheSentEventTellsTheAccountThatTheMailLeftWith) {
     };
     const auto result =
         run(line,
-            {{"a.eml", mailTo(L"bob@example.com", L"Plain")},
-             {"b.eml", chosen},
-             {"c.eml", mailTo(L"bob@example.com", L"Stamped")}},
+            {{L"a.eml", mailTo(L"bob@example.com", L"Plain")},
+             {L"b.eml", chosen},
+             {L"c.eml", mailTo(L"bob@example.com", L"Stamped")}},
             [&](host::Outlook& outlook) {
                 return automation::subscribe(outlook.application(), outlook::events::application,
                                              [&](std::int32_t event, std::span<Value> arguments) {

@@ -76,4 +76,10 @@ TEST(Answers, RefusesWhatIsNoAnswer) {
     }
 }
 
+TEST(Answers, AreNamedAsTheyWereGiven) {
+    for (const wchar_t* text : {L"Attachment(s) missing=No", L"frmNoSubject=txtSubject=Budget; cmdOK"}) {
+        EXPECT_EQ(program::answerText(program::parseAnswer(text)), text);
+    }
+}
+
 }  // namespace

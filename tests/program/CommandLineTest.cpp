@@ -56,6 +56,15 @@ TEST(CommandLine, SaysInOneLineWhatIsWrong) {
         {{L"send", L"a.eml", L"--bcc-me"}, "--bcc-me"},
         {{L"send", L"a.eml", L"--json=yes"}, "--json"},
         {{L"send", L"a.eml", L"--list", L"Work"}, "--list"},
+        {{L"send", L"a.eml", L"--outlook", L"99999999999"}, "99999999999"},
+        {{L"send", L"a.eml", L"--outlook", L"14..0"}, "--outlook"},
+        {{L"send", L"a.eml", L"--outlook", L"14.0."}, "--outlook"},
+        {{L"send", L"a.eml", L"--set", L"OldEmailsDays=7"}, "\"OldEmailDays\" meant"},
+        {{L"send", L"a.eml", L"--set", std::wstring(100000, L'x') + L"=7"}, "there is no setting"},
+        {{L"send", L"a.eml", L"--settings", L"-"}, "--settings"},
+        {{L"send", L"a.eml", L"--settings="}, "--settings"},
+        {{L"send", L"a.eml", L"--folder="}, "--folder"},
+        {{L"send", L"-", L"a.eml", L"-"}, "only once"},
         {{L"list", L"a.eml"}, "no message file"},
         {{L"list", L"--first-run", L"--list", L"a@x.org=Work"}, "--first-run"},
     };
@@ -67,6 +76,30 @@ TEST(CommandLine, SaysInOneLineWhatIsWrong) {
             const std::string told = error.what();
             EXPECT_NE(told.find(test.told), std::string::npos) << told;
             EXPECT_EQ(told.find('\n'), std::string::npos) << told;
+        }
+    }
+}
+
+TEST(CommandLine, WarnsOfValuesThatASettingReadsAsSomethingElse) {
+    const struct {
+        const wchar_t* setting;
+        const char* reading;
+    } cases[] = {
+        {L"ReplyAllAny=False", nullptr},     {L"replyallany=False", nullptr},
+        {L"ReplyAllAny=false", "\"True\""},  {L"DelayEmails=true", "\"False\""},
+        {L"MsgAddAddress=1", nullptr},       {L"MsgAddAddress=yes", "\"1\""},
+        {L"MsgAddAddress=", "\"1\""},        {L"DisplayConfirmation=2", nullptr},
+        {L"DisplayConfirmation=3", "\"0\""}, {L"OldEmailDays=7", nullptr},
+        {L"OldEmailDays=3.9", "\"3\""},      {L"OldEmailDays=soon", "\"28\""},
+        {L"DomainName= x ", nullptr},        {L"Password=\x1B[2J", nullptr},
+    };
+    for (const auto& [setting, reading] : cases) {
+        const auto line = parseCommandLine({L"send", L"a.eml", L"--set", setting});
+        EXPECT_EQ(line.settings.size(), 1U);
+        ASSERT_EQ(line.warnings.size(), reading ? 1U : 0U) << testing::PrintToString(setting);
+        if (reading) {
+            EXPECT_NE(line.warnings[0].find(std::string("reads as ") + reading), std::string::npos)
+                << line.warnings[0];
         }
     }
 }

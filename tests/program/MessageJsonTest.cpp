@@ -34,10 +34,10 @@ TEST(MessageJson, KeepsEverythingThatAMessageHolds) {
     message.deliveryTime = host::toDate({2024, 2, 29, 23, 59, 58});
     message.account = L"Work";
 
-    const auto json = program::toJson({{"folder/a.eml", message}});
+    const auto json = program::toJson({{L"folder/a.eml", message}});
     const auto read = program::parseMessages(json);
     ASSERT_EQ(read.size(), 1U);
-    EXPECT_EQ(read[0].name, "folder/a.eml");
+    EXPECT_EQ(read[0].name, L"folder/a.eml");
     const host::Message& again = read[0].message;
     EXPECT_EQ(again.itemClass, message.itemClass);
     EXPECT_EQ(again.from->name, message.from->name);
@@ -56,12 +56,45 @@ TEST(MessageJson, KeepsEverythingThatAMessageHolds) {
     EXPECT_EQ(program::toJson(read), json);
 }
 
-TEST(MessageJson, RefusesWhatIsNoMessage) {
-    for (const char* json :
-         {"", "[", "{}", "[1]", "[{\"subject\": 5}]", "[{\"to\": {}}]", "[{\"to\": [\"ann\"]}]",
-          "[{\"subject\": {\"utf16\": [\"a\"]}}]", "[{\"deliveryTime\": \"yesterday\"}]",
-          "[{\"deliveryTime\": \"2023-02-29T00:00:00\"}]"}) {
-        EXPECT_THROW(program::parseMessages(json), std::runtime_error) << json;
+TEST(MessageJson, SaysWhatIsNoMessage) {
+    const struct {
+        const char* json;
+        const char* told;
+    } cases[] = {
+        {"", "is no JSON"},
+        {"[", "is no JSON"},
+        {"{}", "not an object"},
+        {"[1]", "message 1: an object"},
+        {"[{}, {\"subject\": 5}]", "message 2: a text was expected, not a number"},
+        {"[{\"subject\": [[[]]]}]", "not a list"},
+        {"[{\"subject\": true}]", "not true or false"},
+        {"[{\"to\": {}}]", "to is no list"},
+        {"[{\"to\": [\"ann\"]}]", "an object"},
+        {"[{\"to\": [{\"resolvable\": 0}]}]", "resolvable is neither"},
+        {"[{\"to\": [{\"distributionList\": \"no\"}]}]", "distributionList is neither"},
+        {"[{\"class\": 1e300}]", "class"},
+        {"[{\"class\": -1}]", "class"},
+        {"[{\"class\": 65536}]", "class"},
+        {"[{\"class\": \"mail\"}]", "class"},
+        {"[{\"subject\": {\"utf16\": [\"a\"]}}]", "utf16"},
+        {"[{\"subject\": {\"utf16\": [1e300]}}]", "utf16"},
+        {"[{\"subject\": {\"utf16\": [65, -1]}}]", "utf16"},
+        {"[{\"subject\": {\"utf16\": [65536]}}]", "utf16"},
+        {"[{\"deliveryTime\": 5}]", "deliveryTime"},
+        {"[{\"deliveryTime\": \"yesterday\"}]", "deliveryTime"},
+        {"[{\"deliveryTime\": \"2023-02-29T00:00:00\"}]", "deliveryTime"},
+        {"[{\"deliveryTime\": \"2023-02-28T24:00:00\"}]", "deliveryTime"},
+        {"[{\"deliveryTime\": \"2023-02-28T00:00:00Z\"}]", "deliveryTime"},
+        {"[{\"deliveryTime\": \"2023-+2-28T 0:00:00\"}]", "deliveryTime"},
+        {"[{\"deliveryTime\": \"0000-02-28T00:00:00\"}]", "deliveryTime"},
+    };
+    for (const auto& [json, told] : cases) {
+        try {
+            program::parseMessages(json);
+            ADD_FAILURE() << "accepted " << json;
+        } catch (const std::runtime_error& error) {
+            EXPECT_NE(std::string(error.what()).find(told), std::string::npos) << json << error.what();
+        }
     }
 }
 

@@ -11,6 +11,9 @@ namespace {
 
 using nlohmann::json;
 
+constexpr std::int32_t itemSend = 0xF002;
+constexpr std::int32_t newInspector = 0xF001;
+
 std::vector<json> lines(const std::ostringstream& output) {
     std::vector<json> events;
     std::istringstream text(output.str());
@@ -46,7 +49,7 @@ Run run(const std::vector<std::wstring>& words, const std::vector<program::Messa
         const bool* unanswered = nullptr) {
     const auto line = program::parseCommandLine(words);
     std::ostringstream output;
-    program::Report report(output, program::Report::Format::Json);
+    program::Report report(output, program::Report::Format::JsonLines);
     host::Outlook outlook(line.profile());
     const auto token =
         automation::subscribe(outlook.application(), outlook::events::application,
@@ -65,7 +68,7 @@ TEST(Session, ReportsSendsInOrder) {
     auto deferred = mailTo(L"bo@example.net", L"Later");
     deferred.deferredDeliveryTime = automation::Date{46023.5};
     const auto result =
-        run({L"send", L"x"}, {{"a.eml", mailTo(L"ann@example.com", L"Now")}, {"b.eml", deferred}});
+        run({L"send", L"x"}, {{L"a.eml", mailTo(L"ann@example.com", L"Now")}, {L"b.eml", deferred}});
     EXPECT_EQ(result.status, program::ExitStatus::Done);
     ASSERT_EQ(result.events.size(), 2U);
     EXPECT_EQ(result.events[0], json::parse(R"({"event": "sent", "file": "a.eml", "subject": "Now",
@@ -82,7 +85,7 @@ TEST(Session, GoesOnAfterACancelledSend) {
     };
     const auto result =
         run({L"send", L"x"},
-            {{"a.eml", mailTo(L"ann@example.com", L"One")}, {"b.eml", mailTo(L"ann@example.com", L"Two")}},
+            {{L"a.eml", mailTo(L"ann@example.com", L"One")}, {L"b.eml", mailTo(L"ann@example.com", L"Two")}},
             cancelFirst);
     EXPECT_EQ(result.status, program::ExitStatus::Cancelled);
     ASSERT_EQ(result.events.size(), 2U);
@@ -95,20 +98,63 @@ TEST(Session, SendsNothingOnceAPromptFoundNoAnswer) {
     const auto askInVain = [&unanswered](std::span<automation::Value>) { unanswered = true; };
     const auto result =
         run({L"send", L"x"},
-            {{"a.eml", mailTo(L"ann@example.com", L"One")}, {"b.eml", mailTo(L"ann@example.com", L"Two")}},
+            {{L"a.eml", mailTo(L"ann@example.com", L"One")}, {L"b.eml", mailTo(L"ann@example.com", L"Two")}},
             askInVain, &unanswered);
     EXPECT_EQ(result.status, program::ExitStatus::UnansweredPrompt);
-    EXPECT_TRUE(result.events.empty());
+    ASSERT_EQ(result.events.size(), 1U);
+    EXPECT_EQ(result.events[0]["event"], "cancelled");
+    EXPECT_EQ(result.events[0]["file"], "a.eml");
+}
+
+TEST(Session, EndsEachSendWithItsOutcomeWhateverHappens) {
+    const struct {
+        const char* fault;
+        std::int32_t event;
+        std::function<void(host::Outlook&)> act;
+        const char* outcome;
+    } cases[] = {
+        {"the window is gone before Send is pressed", newInspector,
+         [](host::Outlook& host) { host.closeInspector(host.inspectors().back()); }, "cancelled"},
+        {"the mail is deleted as its window opens", newInspector,
+         [](host::Outlook& host) { host.deleteItem(host.itemOf(host.inspectors().back())); }, "cancelled"},
+        {"the mail is deleted while it is sent", itemSend,
+         [](host::Outlook& host) { host.deleteItem(host.itemOf(host.inspectors().back())); }, "cancelled"},
+        {"the window is closed while the mail is sent", itemSend,
+         [](host::Outlook& host) { host.closeInspector(host.inspectors().back()); }, "sent"},
+    };
+    for (const auto& test : cases) {
+        const auto line = program::parseCommandLine({L"send", L"x"});
+        std::ostringstream output;
+        program::Report report(output, program::Report::Format::JsonLines);
+        host::Outlook host(line.profile());
+        const auto act = [&](std::int32_t event, std::span<automation::Value>) {
+            if (event == test.event) {
+                test.act(host);
+            }
+        };
+        const auto send = automation::subscribe(host.application(), outlook::events::application, act);
+        const auto open = automation::subscribe(host.application().get(L"Inspectors").toObject(),
+                                                outlook::events::inspectors, act);
+        program::Session session(line, host, report, [] { return false; });
+        session.run({{L"a.eml", mailTo(L"ann@example.com", L"One")}});
+        session.quit();
+        const auto events = lines(output);
+        ASSERT_FALSE(events.empty()) << test.fault;
+        EXPECT_EQ(events.back()["event"], test.outcome) << test.fault << output.str();
+        EXPECT_EQ(events.back()["subject"], "One") << test.fault << output.str();
+        EXPECT_EQ(events.back()["file"], "a.eml") << test.fault;
+    }
 }
 
 TEST(Session, TellsOfAHandlerThatFails) {
     const auto result =
-        run({L"send", L"x"}, {{"a.eml", mailTo(L"ann@example.com", L"One")}},
+        run({L"send", L"x"}, {{L"a.eml", mailTo(L"ann@example.com", L"One")}},
             [](std::span<automation::Value>) { throw automation::Error(13, L"Type mismatch"); });
     EXPECT_EQ(result.status, program::ExitStatus::Done);
     ASSERT_EQ(result.events.size(), 2U);
-    EXPECT_EQ(result.events[0],
-              json::parse(R"({"event": "error", "text": "ItemSend: error 13, Type mismatch"})"));
+    EXPECT_EQ(
+        result.events[0],
+        json::parse(R"({"event": "error", "file": "a.eml", "text": "ItemSend: error 13, Type mismatch"})"));
     EXPECT_EQ(result.events[1]["event"], "sent");
 }
 
@@ -119,18 +165,18 @@ TEST(Session, AnswersReceivedMail) {
     };
     const Case cases[] = {
         {{L"reply", L"x"},
-         R"({"event": "reply", "kind": "reply", "subject": "RE: Lunch", "recipients": ["ann@example.com"]})"},
+         R"({"event": "reply", "file": "a.eml", "kind": "reply", "subject": "RE: Lunch", "recipients": ["ann@example.com"]})"},
         {{L"reply-all", L"x"},
-         R"({"event": "reply", "kind": "reply-all", "subject": "RE: Lunch",
+         R"({"event": "reply", "file": "a.eml", "kind": "reply-all", "subject": "RE: Lunch",
              "recipients": ["ann@example.com", "me@example.org", "bo@example.net"]})"},
         {{L"forward", L"x"},
-         R"({"event": "reply", "kind": "forward", "subject": "FW: Lunch", "recipients": []})"},
+         R"({"event": "reply", "file": "a.eml", "kind": "forward", "subject": "FW: Lunch", "recipients": []})"},
         {{L"reply-all", L"x", L"--bcc-me", L"--account", L"Home=bo@example.net"},
-         R"({"event": "reply", "kind": "reply-all", "subject": "RE: Lunch",
+         R"({"event": "reply", "file": "a.eml", "kind": "reply-all", "subject": "RE: Lunch",
              "recipients": ["ann@example.com", "me@example.org"]})"},
     };
     for (const Case& test : cases) {
-        const auto result = run(test.words, {{"a.eml", receivedMail()}});
+        const auto result = run(test.words, {{L"a.eml", receivedMail()}});
         EXPECT_EQ(result.status, program::ExitStatus::Done);
         ASSERT_EQ(result.events.size(), 1U);
         EXPECT_EQ(result.events[0], json::parse(test.expected));

@@ -30,23 +30,32 @@ TEST(SettingsStores, KeepTextsByKeyWithoutRegardToCase) {
     }
     FileSettingsStore again(folder.file("settings.json"));
     EXPECT_EQ(again.read(L"OldEmailDays"), L"7");
-    EXPECT_FALSE(std::filesystem::exists(folder.file("settings.json.new")));
 }
 
 TEST(FileSettingsStore, SaysThatAFileIsNoSettingsAndLeavesItAlone) {
     const TemporaryFolder folder;
-    for (const char* contents : {"", "no json", "[1]", "{\"a\": 5}", "{\"a\": [\"x\"]}", "{\"a\": \"x\""}) {
+    for (const char* contents : {"no json", "[1]", "{\"a\": 5}", "{\"a\": [\"x\"]}", "{\"a\": \"x\""}) {
         const auto file = folder.write("settings.json", contents);
+        EXPECT_THROW(FileSettingsStore store(file), std::runtime_error) << contents;
+        folder.write("settings.json", "{}");
         FileSettingsStore store(file);
+        folder.write("settings.json", contents);
         EXPECT_THROW(store.read(L"a"), std::runtime_error) << contents;
         EXPECT_THROW(store.write(L"a", L"b"), std::runtime_error) << contents;
         EXPECT_EQ(std::filesystem::file_size(file), std::string(contents).size());
     }
-    FileSettingsStore inNoFolder(folder.file("missing/settings.json"));
-    EXPECT_EQ(inNoFolder.read(L"a"), std::nullopt);
-    EXPECT_THROW(inNoFolder.write(L"a", L"b"), std::runtime_error);
-    FileSettingsStore isFolder(folder.file("."));
-    EXPECT_THROW(isFolder.read(L"a"), std::runtime_error);
+    EXPECT_THROW(FileSettingsStore(folder.file("missing/settings.json")), std::runtime_error);
+    EXPECT_THROW(FileSettingsStore(folder.file(".")), std::runtime_error);
+}
+
+TEST(FileSettingsStore, TakesAnEmptyFileForAnEmptyStore) {
+    const TemporaryFolder folder;
+    for (const char* contents : {"", "\n", " \r\n\t"}) {
+        FileSettingsStore store(folder.write("settings.json", contents));
+        EXPECT_EQ(store.read(L"a"), std::nullopt);
+        store.write(L"a", L"b");
+        EXPECT_EQ(store.read(L"a"), L"b");
+    }
 }
 
 }  // namespace

@@ -144,6 +144,37 @@ TEST(ImportMessage, ReadsDamagedMailAsFarAsItGoes) {
     EXPECT_EQ(program::importMessage(nested + "\ntext").body, L"");
 }
 
+TEST(ImportMessage, RefusesGroupsInGroupsWithoutEnd) {
+    std::string nested;
+    for (int depth = 0; depth < 37500; ++depth) {
+        nested += "g:";
+    }
+    std::string folded;
+    for (int line = 0; line < 5000; ++line) {
+        folded += "\r\n g:";
+    }
+    for (const std::string& mail :
+         {"To: " + nested + "\n\nbody", "CC:" + nested + "\n\nbody", "From:" + folded + "\r\n\r\nbody",
+          "Reply-To : " + nested + "\n\nbody",
+          "Subject: x\nContent-Type: message/rfc822\n\nBcc: " + nested + "\n\nbody"}) {
+        EXPECT_THROW(program::importMessage(mail), std::runtime_error) << mail.substr(0, 60);
+    }
+    std::string many = "a: b@example.org;";
+    for (int count = 0; count < 1500; ++count) {
+        many += ", a@example.org";
+    }
+    EXPECT_EQ(import("To: " + many + "\n", nested).to.size(), 1501U);
+}
+
+TEST(ImportMessage, KeepsControlsOutOfNamesAndSubjects) {
+    const auto message = import(
+        "Subject: =?utf-8?Q?a=1B=C2=9B=7Fb?=\nContent-Type: application/pdf; "
+        "name=\"=?utf-8?Q?a=1B=C2=9B=7Fb=2Epdf?=\"\n",
+        "x");
+    EXPECT_EQ(message.subject, L"a   b");
+    EXPECT_EQ(fileNames(message), (std::vector<std::wstring>{L"ab.pdf"}));
+}
+
 TEST(ImportMessage, RefusesWhatIsNoMail) {
     using namespace std::string_literals;
     for (const std::string& text :

@@ -5,7 +5,7 @@
 #include <fstream>
 
 #include "platform/text.h"
-#include "program/MessageFiles.h"
+#include "program/files.h"
 #include "tests/TemporaryFolder.h"
 
 namespace {
@@ -66,6 +66,31 @@ TEST_F(SettingsFolderFile, ThatIsBrokenIsNamedAndLeftAlone) {
         EXPECT_NE(std::string(error.what()).find("kept.json"), std::string::npos) << error.what();
     }
     EXPECT_EQ(program::readFile(file()), "[{]");
+}
+
+TEST_F(SettingsFolderFile, IsKeptToOneRunAtATime) {
+    const auto line = parse({});
+    int waits = 0;
+    {
+        const auto held = program::holdSettingsFolder(line, [&waits] { ++waits; });
+        host::Outlook outlook(program::prepareProfile(line));
+        program::keepSettingsFolder(line, outlook);
+        EXPECT_FALSE(program::FileLock::tryLock(file())) << "replacing the file gives it away";
+    }
+    EXPECT_EQ(waits, 0);
+    auto other = program::FileLock::tryLock(file());
+    ASSERT_TRUE(other);
+    const auto held = program::holdSettingsFolder(line, [&] {
+        ++waits;
+        other.reset();
+    });
+    EXPECT_EQ(waits, 1);
+    EXPECT_TRUE(held);
+}
+
+TEST_F(SettingsFolderFile, IsNotTheSettingsFileToo) {
+    const auto line = parse({L"--settings", text::fromUtf8(file().string())});
+    EXPECT_THROW(program::holdSettingsFolder(line, [] {}), std::runtime_error);
 }
 
 }  // namespace
