@@ -55,11 +55,20 @@ def tables(header):
     return "\n".join(result) + "\n\n"
 
 
+def unlisted(header):
+    """The settings that are missing from the list of all of them, through which programs go."""
+    listed = re.search(r"std::tuple all\{([^}]*)\}", header)[1]
+    return [match[2] for match in SETTING.finditer(header) if match[2] not in re.findall(r"\w+", listed)]
+
+
 def main(arguments):
     readme = README.read_text(encoding="utf-8")
     before, rest = readme.split(START)
     _, after = rest.split(END)
     wanted = before + START + "\n" + tables(HEADER.read_text(encoding="utf-8")) + END + after
+    if missing := unlisted(HEADER.read_text(encoding="utf-8")):
+        print("settings: not in the list of all settings: " + ", ".join(missing))
+        return 1
     if arguments == ["--write"]:
         README.write_text(wanted, encoding="utf-8")
     elif wanted != readme:
