@@ -12,8 +12,9 @@ AddressEntry::AddressEntry(World& world, Address address, bool safe)
 
 bool AddressEntry::sameAs(const Target& other) const {
     const auto* const entry = dynamic_cast<const AddressEntry*>(&other);
-    return entry && entry->address_.type == address_.type && entry->address_.address == address_.address &&
-           entry->address_.name == address_.name;
+    // Redemption's object of an entry is another one than Outlook's, with more members.
+    return entry && entry->safe_ == safe_ && entry->address_.type == address_.type &&
+           entry->address_.address == address_.address && entry->address_.name == address_.name;
 }
 
 int displayTypeOf(const Address& address) {

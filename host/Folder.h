@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -41,6 +42,10 @@ class Folder : public Automated<Folder> {
     void remove();
     void moveTo(Folder& target);
 
+    /// The user's fields, which its views offer as columns.
+    const std::set<std::wstring>& fields() const noexcept { return fields_; }
+    void addField(const std::wstring& name) { fields_.insert(name); }
+
     const std::vector<std::shared_ptr<Item>>& items() const noexcept { return items_; }
     void take(std::shared_ptr<Item> item);
     void release(const Item& item);
@@ -56,6 +61,7 @@ class Folder : public Automated<Folder> {
     bool deleted_ = false;
     std::weak_ptr<Folder> parent_;
     std::vector<std::shared_ptr<Folder>> folders_;
+    std::set<std::wstring> fields_;
     std::vector<std::shared_ptr<Item>> items_;
 };
 

@@ -116,6 +116,19 @@ ItemView Item::view() const {
     return view;
 }
 
+std::shared_ptr<Folder> Item::folderOrDrafts() const {
+    const auto where = folder();
+    return where ? where : world().mailbox().defaultFolder(defaultFolder::drafts);
+}
+
+RecipientList& Item::storedRecipients(RecipientList ItemContent::*list) {
+    if (folder()) {
+        return content_.*list;
+    }
+    nobody_.clear();
+    return nobody_;
+}
+
 std::wstring Item::names(int recipientType) const {
     std::wstring result;
     for (const auto& recipient : content_.recipients) {

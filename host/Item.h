@@ -78,9 +78,13 @@ class Item : public Automated<Item> {
     bool gone() const noexcept { return gone_; }
     const std::wstring& entryId() const noexcept { return entryId_; }
     std::shared_ptr<Folder> folder() const { return folder_.lock(); }
+    /// The Drafts are the parent of an item that was never saved.
+    std::shared_ptr<Folder> folderOrDrafts() const;
     EventSource* eventSource() override { return &events_; }
     ItemView view() const;
 
+    /// What the MAPI library sees of a list of recipients: nothing of an item that was never saved.
+    RecipientList& storedRecipients(RecipientList ItemContent::*list);
     /// The names of the recipients of one type, joined by "; ".
     std::wstring names(int recipientType) const;
     /// Replaces the recipients of one type by the names in a text; they wait to be resolved.
@@ -131,6 +135,8 @@ class Item : public Automated<Item> {
     std::optional<std::wstring> storedElsewhere_;
     std::weak_ptr<Folder> folder_;
     std::weak_ptr<Folder> firstFolder_;
+    /// Stands for the recipients of an item that was never saved.
+    RecipientList nobody_;
     EventSource events_{0x0006303A, 0x0006302B};
 };
 

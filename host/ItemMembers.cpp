@@ -138,18 +138,15 @@ void setAccount(Item& item, Arguments, const Value& value) {
     item.changed(L"SendUsingAccount");
 }
 
-Value parentOf(Item& item, Arguments) {
-    const auto folder = item.folder();
-    return folder ? folder->object() : item.world().mailbox().defaultFolder(defaultFolder::drafts)->object();
-}
-
 }  // namespace
 
 constinit const Member<Item> Item::table_[] = {
     {.name = L"Application",
      .id = 61440,
      .get = [](Item& item, Arguments) { return Value(item.world().application().object()); }},
-    {.name = L"Parent", .id = 61441, .get = parentOf},
+    {.name = L"Parent",
+     .id = 61441,
+     .get = [](Item& item, Arguments) { return Value(item.folderOrDrafts()->object()); }},
     {.name = L"Class",
      .id = 61450,
      .get = [](Item& item, Arguments) { return Value(item.content_.itemClass); }},

@@ -182,6 +182,11 @@ std::vector<Object> Outlook::itemsIn(const std::wstring& folder) const {
     return found ? objects(found->items()) : std::vector<Object>();
 }
 
+std::set<std::wstring> Outlook::fieldsOf(const std::wstring& folder) const {
+    const auto found = world_->mailbox().find(folder);
+    return found ? found->fields() : std::set<std::wstring>();
+}
+
 bool Outlook::folderExists(const std::wstring& folder) const {
     return world_->mailbox().find(folder) != nullptr;
 }

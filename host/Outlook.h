@@ -5,6 +5,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <span>
 #include <string>
 #include <string_view>
@@ -143,6 +144,8 @@ class Outlook {
     /// The items of a folder, oldest first; nothing for a folder that does not exist.
     std::vector<automation::Object> itemsIn(const std::wstring& folder) const;
     bool folderExists(const std::wstring& folder) const;
+    /// The fields that user properties have added to the folder.
+    std::set<std::wstring> fieldsOf(const std::wstring& folder) const;
     void deleteItem(const automation::Object& item);
     ItemView view(const automation::Object& item) const;
     /// The user types over the subject or the body in an open item.

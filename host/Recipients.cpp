@@ -96,16 +96,24 @@ void Recipient::checkUsable() const {
         return;
     }
     item_->checkUsable();
-    const RecipientList& list = item_->content().*list_;
-    const bool inPlace = data_->place < list.size() && list[data_->place] == data_;
-    if (!inPlace && std::ranges::find(list, data_) == list.end()) {
+    place();
+}
+
+RecipientList::iterator Recipient::place() const {
+    RecipientList& list = item_->content().*list_;
+    if (data_->place < list.size() && list[data_->place] == data_) {
+        return list.begin() + static_cast<std::ptrdiff_t>(data_->place);
+    }
+    const auto found = std::ranges::find(list, data_);
+    if (found == list.end()) {
         raise::objectNotFound();
     }
+    return found;
 }
 
 bool Recipient::sameAs(const Target& other) const {
     const auto* const recipient = dynamic_cast<const Recipient*>(&other);
-    return recipient && recipient->data_ == data_;
+    return recipient && recipient->data_ == data_ && recipient->safe_ == safe_;
 }
 
 constinit const Member<Recipient> Recipient::table_[] = {
@@ -158,7 +166,7 @@ constinit const Member<Recipient> Recipient::table_[] = {
              if (!recipient.item_) {
                  raise::operationFailed();
              }
-             std::erase(recipient.item_->content().*recipient.list_, recipient.data_);
+             (recipient.item_->content().*recipient.list_).erase(recipient.place());
              recipient.item_->changed(L"To");
              return Value();
          }},

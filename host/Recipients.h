@@ -17,7 +17,7 @@ class Recipients : public Automated<Recipients> {
 
     std::wstring className() const override { return safe_ ? L"SafeRecipients" : L"Recipients"; }
     void checkUsable() const override { item_->checkUsable(); }
-    RecipientList& list() const { return item_->content().*list_; }
+    RecipientList& list() const { return safe_ ? item_->storedRecipients(list_) : item_->content().*list_; }
 
   private:
     static const Member<Recipients> table_[];
@@ -44,6 +44,9 @@ class Recipient : public Automated<Recipient> {
 
   private:
     static const Member<Recipient> table_[];
+    /// Where the recipient stands in its list; throws when it was removed.
+    RecipientList::iterator place() const;
+
     std::shared_ptr<Item> item_;
     RecipientList ItemContent::*list_;
     std::shared_ptr<RecipientData> data_;

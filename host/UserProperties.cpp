@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "host/Folder.h"
 #include "host/World.h"
 
 namespace host {
@@ -41,8 +42,12 @@ Value UserProperties::at(Arguments arguments) {
 Value UserProperties::add(Arguments arguments) {
     const std::wstring name = arguments.text(0);
     const int type = arguments[1].toInteger();
+    constexpr std::size_t addToFolderFields = 2;
     if (name.empty()) {
         raise::operationFailed();
+    }
+    if (!arguments.has(addToFolderFields) || arguments[addToFolderFields].toBool()) {
+        item_->folderOrDrafts()->addField(name);
     }
     auto data = find(name);
     if (!data) {
@@ -120,7 +125,7 @@ constinit const Member<UserProperty> UserProperty::table_[] = {
      .id = 109,
      .get = [](UserProperty& property, Arguments) { return Value(property.data_->type); }},
     {.name = L"Delete",
-     .id = 61514,
+     .id = 108,
      .call =
          [](UserProperty& property, Arguments) {
              std::erase(property.item_->content().userProperties, property.data_);

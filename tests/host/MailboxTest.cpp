@@ -113,6 +113,9 @@ TEST(HostMailboxTest, UserPropertiesComeAndGo) {
     properties.call(L"Find", L"MARK").toObject().call(L"Delete");
     EXPECT_TRUE(outlook.view(item).userProperties.empty());
     EXPECT_NE(errorOf([&] { mark.get(L"Value"); }), 0);
+
+    properties.call(L"Add", L"Hidden", 1, false);
+    EXPECT_EQ(outlook.fieldsOf(L"Inbox"), (std::set<std::wstring>{L"Mark"})) << "fields of the folder";
 }
 
 TEST(HostMailboxTest, ItemsHaveTheMembersOfTheirClassAndVersion) {

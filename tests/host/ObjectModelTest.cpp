@@ -334,6 +334,7 @@ TEST(HostObjectModelTest, DispatchIdsAreOutlooks) {
         {L"ListEntry", L"Members", 772},
         {L"Folder", L"FolderPath", 64120},
         {L"UserProperties", L"Find", 103},
+        {L"UserProperty", L"Delete", 108},
         {L"vtSafeMailItem", L"Fields", 12245937},
         {L"Rdo", L"GetMessageFromID", 9},
         {L"RdoAccount", L"Stamp", 7},

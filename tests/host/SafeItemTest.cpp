@@ -104,6 +104,9 @@ TEST(HostSafeItemTest, RecipientsAndAttachmentsHaveFieldsOnlyWhenSafe) {
     const Object mail = safe(outlook, L"vtRedemption.vtSafeMailItem", item);
 
     const Object recipients = mail.get(L"Recipients").toObject();
+    EXPECT_EQ(recipients.get(L"Count").toInteger(), 0) << "what was never saved";
+    EXPECT_EQ(item.get(L"Recipients").toObject().get(L"Count").toInteger(), 2) << "Outlook's own list";
+    mail.call(L"Save");
     const Object list = recipients.get(L"Item", 2).toObject().get(L"AddressEntry").toObject();
     EXPECT_EQ(list.get(L"Type").toText(), L"MAPIPDL");
     EXPECT_EQ(list.get(L"DisplayType").toInteger(), 5);
@@ -113,6 +116,7 @@ TEST(HostSafeItemTest, RecipientsAndAttachmentsHaveFieldsOnlyWhenSafe) {
     EXPECT_EQ(person.get(L"SMTPAddress").toText(), L"fallback@example.com");
     const Object plain = item.get(L"Recipients", 1).toObject().get(L"AddressEntry").toObject();
     EXPECT_EQ(errorOf([&] { plain.get(L"SMTPAddress"); }), 438);
+    EXPECT_FALSE(plain == person) << "an object of Outlook's with the members of Redemption's";
 
     const Object attachments = mail.get(L"Attachments").toObject();
     EXPECT_EQ(attachments.get(L"Item", 1).toObject().get(L"Fields", tag(0x3712001E)).toText(), L"logo@1");
