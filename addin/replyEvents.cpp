@@ -35,7 +35,8 @@ void replyAll(Globals& globals, const outlook::Item& answered, const outlook::It
     }
     basVeltro::AnsweredMail mail(globals, answered);
     basVeltro::vtReplyAllCheck(globals, mail, response, cancel);
-    if (!cancel) {
+    // A response of the add-in's own making is pruned by its maker, who knows whom to keep.
+    if (!cancel && !globals.suppressed) {
         basVeltro::pruneReply(globals, mail, response);
     }
 }

@@ -9,10 +9,11 @@
 #include "platform/native/ScriptedDesktop.h"
 #include "platform/native/SystemClock.h"
 
-/// A native world whose user is never asked anything: what is measured must raise no prompt.
+/// A native world whose user is asked nothing but what a benchmark has an answer for.
 class BenchWorld {
   public:
-    explicit BenchWorld(host::Profile profile = {}) : outlook(std::move(profile)) {
+    explicit BenchWorld(host::Profile profile = {}, platform::AnswerList answers = {})
+        : outlook(std::move(profile)), desktop(std::move(answers), observer) {
         globals.outlook = outlook::Application(outlook.application());
     }
 
@@ -29,7 +30,7 @@ class BenchWorld {
 
     host::Outlook outlook;
     NoObserver observer;
-    platform::native::ScriptedDesktop desktop{platform::AnswerList{}, observer};
+    platform::native::ScriptedDesktop desktop;
     platform::native::MemorySettingsStore settings;
     platform::native::FakeRegistry registry;
     platform::native::FileResources resources;

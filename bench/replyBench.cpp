@@ -2,7 +2,9 @@
 
 #include "bench/BenchWorld.h"
 #include "checks/basVeltro.h"
+#include "checks/pruneReply.h"
 #include "checks/subjectCleaning.h"
+#include "mail/basGlobals.h"
 
 namespace {
 
@@ -57,7 +59,62 @@ void replyAllCheck(benchmark::State& state) {
     }
     countCalls(state, world.outlook.calls() - before);
 }
-BENCHMARK(replyAllCheck)->RangeMultiplier(10)->Range(10, 10'000)->Unit(benchmark::kMillisecond)->Complexity();
+BENCHMARK(replyAllCheck)
+    ->RangeMultiplier(10)
+    ->Range(10, 100'000)
+    ->Unit(benchmark::kMillisecond)
+    ->Complexity();
+
+/// A Reply to All whose user has unticked every second recipient.
+void pruning(benchmark::State& state) {
+    BenchWorld world;
+    const outlook::Item answered(world.outlook.receive(mailToMany(state.range(0))));
+    std::wstring positions;
+    for (std::int64_t position = 1; position <= state.range(0); position += 2) {
+        positions += std::to_wstring(position) + L";";
+    }
+    for (auto _ : state) {
+        state.PauseTiming();
+        const outlook::Item reply(answered.object().call(L"ReplyAll").toObject());
+        basGlobals::AddUserProperties(world.globals, reply, basVeltro::replyMark::removeRecipients,
+                                      positions);
+        state.ResumeTiming();
+        basVeltro::AnsweredMail mail(world.globals, answered);
+        basVeltro::pruneReply(world.globals, mail, reply);
+        if (reply.recipients().count() != state.range(0) / 2 + 1) {
+            state.SkipWithError("the wrong recipients were left");
+        }
+    }
+    state.SetComplexityN(state.range(0));
+}
+BENCHMARK(pruning)->RangeMultiplier(10)->Range(100, 100'000)->Unit(benchmark::kMillisecond)->Complexity();
+
+/// A Reply to a mail of many recipients, all of which are offered.
+void offeringRecipients(benchmark::State& state) {
+    std::vector<platform::PromptAnswer> answers(
+        static_cast<std::size_t>(state.max_iterations),
+        {L"frmReplyMultRecipt", platform::FormAnswer{.entries = {}, .button = L"cmdOK"}});
+    BenchWorld world({}, platform::AnswerList(std::move(answers)));
+    host::Message message = mailToMany(state.range(0));
+    message.cc.push_back({.name = L"Me", .address = L"me@example.org"});
+    const outlook::Item answered(world.outlook.receive(message));
+    for (auto _ : state) {
+        const outlook::Item reply(answered.object().call(L"Reply").toObject());
+        bool cancel = false;
+        basVeltro::AnsweredMail mail(world.globals, answered);
+        basVeltro::vtReplyCheck(world.globals, mail, reply, cancel);
+        if (!cancel || world.wasPrompted()) {
+            state.SkipWithError("the recipients were not offered");
+        }
+    }
+    state.SetComplexityN(state.range(0));
+}
+BENCHMARK(offeringRecipients)
+    ->RangeMultiplier(10)
+    ->Range(100, 100'000)
+    ->Iterations(1)
+    ->Unit(benchmark::kMillisecond)
+    ->Complexity();
 
 /// A send whose recipients are none of 1,000 listed ones.
 void delayCheck(benchmark::State& state) {

@@ -1,5 +1,7 @@
 #include "checks/AnsweredMail.h"
 
+#include <algorithm>
+
 #include "checks/ownAddresses.h"
 #include "mail/MapiSession.h"
 #include "mail/basGlobals.h"
@@ -50,13 +52,9 @@ std::wstring MailRecipient::shown() const {
     return shownName + L" (" + address + L")";
 }
 
-std::wstring MailRecipient::identity() const {
-    return text::upper(text::trim(hasAddress() ? address : name));
-}
-
-std::vector<MailRecipient> readRecipients(basGlobals::Globals& globals, const redemption::SafeItem& mail) {
+std::vector<MailRecipient> readRecipients(basGlobals::Globals& globals,
+                                          const outlook::Collection<redemption::Recipient>& recipients) {
     const redemption::MapiCleanUp cleanUp(globals.platform.automation);
-    const auto recipients = mail.recipients();
     const std::int32_t count = recipients.count();
     std::vector<MailRecipient> all;
     for (std::int32_t index = 1; index <= count; ++index) {
@@ -85,7 +83,7 @@ const redemption::SafeItem& AnsweredMail::safe() {
 
 const std::vector<MailRecipient>& AnsweredMail::recipients() {
     if (!recipients_) {
-        recipients_ = readRecipients(globals_, safe());
+        recipients_ = readRecipients(globals_, safe().recipients());
     }
     return *recipients_;
 }
@@ -95,6 +93,27 @@ const std::wstring& AnsweredMail::sender() {
         sender_ = basGlobals::SenderEmail(globals_, item_);
     }
     return *sender_;
+}
+
+std::wstring AnsweredMail::smtpAddressOf(const std::wstring& rawAddress) {
+    if (!smtpAddresses_) {
+        auto& known = smtpAddresses_.emplace();
+        const auto note = [&known](const MailRecipient& person) {
+            if (person.exchange && person.hasAddress()) {
+                known.emplace(text::upper(person.rawAddress), person.address);
+            }
+        };
+        std::ranges::for_each(recipients(), note);
+        basGlobals::skipErrors(
+            [&] { std::ranges::for_each(readRecipients(globals_, safe().replyRecipients()), note); });
+        basGlobals::skipErrors([&] {
+            MailRecipient sender;
+            readEntry(safe().sender(), sender);
+            note(sender);
+        });
+    }
+    const auto found = smtpAddresses_->find(text::upper(rawAddress));
+    return found == smtpAddresses_->end() ? std::wstring() : found->second;
 }
 
 const std::optional<OwnAddresses>& AnsweredMail::ownAddresses() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <optional>
 #include <set>
 #include <string>
@@ -27,13 +28,12 @@ struct MailRecipient {
     std::wstring shown() const;
     /// False for a list and for one whose address is unknown.
     bool hasAddress() const;
-    /// What tells it from other recipients: the SMTP address in upper case, or the name of a list.
-    std::wstring identity() const;
 };
 
-/// All recipients of a mail in their order, each resolved once; one that cannot be read is unknown. Throws
+/// All of them in their order, each resolved once; one that cannot be read is unknown. Throws
 /// automation::Error when the recipients cannot be listed.
-std::vector<MailRecipient> readRecipients(basGlobals::Globals& globals, const redemption::SafeItem& mail);
+std::vector<MailRecipient> readRecipients(basGlobals::Globals& globals,
+                                          const outlook::Collection<redemption::Recipient>& recipients);
 
 /// The user's own addresses.
 class OwnAddresses {
@@ -61,6 +61,8 @@ class AnsweredMail {
     const redemption::SafeItem& safe();
     const std::vector<MailRecipient>& recipients();
     const std::wstring& sender();
+    /// The SMTP address of an Exchange user, when it is one of the mail's people; else empty.
+    std::wstring smtpAddressOf(const std::wstring& rawAddress);
     /// Nothing when they cannot be found out, which was reported.
     const std::optional<OwnAddresses>& ownAddresses();
 
@@ -70,6 +72,8 @@ class AnsweredMail {
     std::optional<redemption::SafeItem> safe_;
     std::optional<std::vector<MailRecipient>> recipients_;
     std::optional<std::wstring> sender_;
+    /// By the address in Exchange's own form, in upper case.
+    std::optional<std::map<std::wstring, std::wstring>> smtpAddresses_;
     bool ownAddressesRead_ = false;
     std::optional<OwnAddresses> ownAddresses_;
 };

@@ -1,10 +1,9 @@
 #include "checks/pruneReply.h"
 
 #include <algorithm>
-#include <ranges>
 #include <set>
 
-#include "checks/ownAddresses.h"
+#include "checks/responseRecipients.h"
 #include "mail/errorTrap.h"
 #include "platform/number.h"
 #include "platform/text.h"
@@ -27,31 +26,6 @@ std::optional<std::wstring> takeMark(const outlook::Item& reply, const wchar_t* 
     return value;
 }
 
-/// Recipients told apart by their addresses, or by their names where an address is unknown on either side: a
-/// recipient that could not be read in one of two mails is still the same one.
-class RecipientSet {
-  public:
-    void add(const MailRecipient& recipient) {
-        keys_.insert((recipient.hasAddress() ? L"address:" : L"only name:") + recipient.identity());
-        keys_.insert(L"name:" + upperName(recipient));
-    }
-    void remove(const RecipientSet& others) {
-        std::erase_if(keys_, [&others](const std::wstring& key) { return others.keys_.contains(key); });
-    }
-    bool contains(const MailRecipient& recipient) const {
-        return keys_.contains(L"only name:" + upperName(recipient)) ||
-               keys_.contains(recipient.hasAddress() ? L"address:" + recipient.identity()
-                                                     : L"name:" + upperName(recipient));
-    }
-
-  private:
-    static std::wstring upperName(const MailRecipient& recipient) {
-        return text::upper(text::trim(recipient.name));
-    }
-
-    std::set<std::wstring> keys_;
-};
-
 /// Who is at the marked positions of the answered mail, unless the same one also stands at another.
 RecipientSet markedRecipients(AnsweredMail& answered, const std::wstring& positions) {
     std::set<std::size_t> marked;
@@ -70,13 +44,13 @@ RecipientSet markedRecipients(AnsweredMail& answered, const std::wstring& positi
 
 /// 1-based and ascending.
 std::vector<int> positionsToDelete(const std::vector<MailRecipient>& recipients, const RecipientSet& dropped,
-                                   const OwnAddresses& own) {
+                                   const OwnAddresses& own, const RecipientSet& kept) {
     std::vector<int> positions;
     std::vector<int> ownPositions;
     for (int position = 1; const MailRecipient& recipient : recipients) {
         if (dropped.contains(recipient)) {
             positions.push_back(position);
-        } else if (own.contains(recipient.address)) {
+        } else if (own.contains(recipient.address) && !kept.contains(recipient)) {
             ownPositions.push_back(position);
         }
         ++position;
@@ -91,38 +65,18 @@ std::vector<int> positionsToDelete(const std::vector<MailRecipient>& recipients,
 
 }  // namespace
 
-void deleteRecipients(const redemption::SafeItem& mail, const std::vector<int>& positions) {
-    const auto recipients = mail.recipients();
-    for (const int position : positions | std::views::reverse) {  // From the end, as the later ones move up.
-        recipients.item(position).remove();
-    }
-}
-
-std::vector<MailRecipient> readReplyRecipients(Globals& globals, const redemption::SafeItem& reply) {
-    auto recipients = readRecipients(globals, reply);
-    if (recipients.empty()) {  // The MAPI library sees those of a new item only once it was saved.
-        reply.save();
-        recipients = readRecipients(globals, reply);
-    }
-    return recipients;
-}
-
-void pruneReply(Globals& globals, AnsweredMail& answered, const outlook::Item& reply) {
+void pruneReply(Globals& globals, AnsweredMail& answered, const outlook::Item& reply,
+                const RecipientSet& kept) {
     basGlobals::trapErrors(globals, basGlobals::ErrorReport::usual(L"basVeltro.pruneReply"), [&] {
         const auto marked = takeMark(reply, replyMark::removeRecipients);
         const bool clearOwn = takeMark(reply, replyMark::clearOwnAddress).has_value();
         if (!marked && !clearOwn) {
             return;
         }
-        const redemption::SafeItem safe(globals.platform.automation, reply);
         const auto dropped = marked ? markedRecipients(answered, *marked) : RecipientSet();
         const OwnAddresses nobody(L"");
         const OwnAddresses& own = clearOwn && answered.ownAddresses() ? *answered.ownAddresses() : nobody;
-        const auto positions = positionsToDelete(readReplyRecipients(globals, safe), dropped, own);
-        if (!positions.empty()) {
-            deleteRecipients(safe, positions);
-            safe.save();
-        }
+        deleteRecipients(reply, positionsToDelete(readResponse(answered, reply), dropped, own, kept));
     });
 }
 

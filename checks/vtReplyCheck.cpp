@@ -1,13 +1,9 @@
-#include <algorithm>
-#include <set>
-
 #include "checks/basVeltro.h"
 #include "checks/frmReplyMultRecipt.h"
 #include "checks/ownAddresses.h"
 #include "checks/pruneReply.h"
-#include "mail/basGlobals.h"
+#include "checks/responseRecipients.h"
 #include "mail/errorTrap.h"
-#include "platform/text.h"
 #include "settings/modRegKeys.h"
 #include "settings/prompts.h"
 
@@ -30,80 +26,79 @@ class Suppression {
     bool before_;
 };
 
-/// Whom the plain reply goes to: the mail's reply recipients, else its sender; addresses in upper case.
-std::set<std::wstring> plainReplyAddresses(Globals& globals, AnsweredMail& answered) {
-    std::set<std::wstring> addresses;
-    const auto replyRecipients = answered.safe().replyRecipients();
-    const std::int32_t count = replyRecipients.count();
-    for (std::int32_t index = 1; index <= count; ++index) {
-        if (const redemption::AddressEntry entry = replyRecipients.item(index).addressEntry()) {
-            addresses.insert(text::upper(entry.address()));
-            addresses.insert(text::upper(basGlobals::entryAddress(entry)));
-        }
-    }
-    if (count == 0) {
-        addresses.insert(text::upper(answered.safe().senderEmailAddress()));
-        addresses.insert(text::upper(basGlobals::SenderEmail(globals, answered.item())));
-    }
-    addresses.erase(L"");
-    return addresses;
+/// `how` is a method of items: Reply or ReplyAll.
+outlook::Item answer(Globals& globals, const outlook::Item& item, const wchar_t* how) {
+    const Suppression suppression(globals);
+    return outlook::Item(item.object().call(how).toObject());
 }
 
-std::vector<forms::CheckList::Row> rowsOf(Globals& globals, AnsweredMail& answered,
-                                          const redemption::SafeItem& replyAll) {
-    const auto plain = plainReplyAddresses(globals, answered);
+RecipientSet recipientsOf(AnsweredMail& answered, const outlook::Item& response) {
+    RecipientSet recipients;
+    for (const MailRecipient& recipient : readResponse(answered, response)) {
+        recipients.add(recipient);
+    }
+    return recipients;
+}
+
+std::vector<forms::CheckList::Row> rowsOf(const std::vector<MailRecipient>& recipients,
+                                          const RecipientSet& ticked) {
     std::vector<forms::CheckList::Row> rows;
-    for (const MailRecipient& recipient : readReplyRecipients(globals, replyAll)) {
-        const bool inPlainReply = plain.contains(text::upper(recipient.rawAddress)) ||
-                                  plain.contains(text::upper(recipient.address));
-        rows.push_back({recipient.shown(), inPlainReply});
+    for (const MailRecipient& recipient : recipients) {
+        rows.push_back({recipient.shown(), ticked.contains(recipient)});
     }
     return rows;
 }
 
-void display(const Globals& globals, const std::wstring& entryId) {
-    globals.outlook.mapiNameSpace().item(entryId).display();
-}
-
-/// What the user asked for in the first place.
-void openPlainReply(const Globals& globals, const AnsweredMail& answered, const std::wstring& subject) {
-    const outlook::Item original = globals.outlook.mapiNameSpace().item(answered.item().entryId());
-    const outlook::Item reply(original.object().call(L"Reply").toObject());
+void setSubject(const outlook::Item& reply, const std::wstring& subject) {
     if (reply.subject() != subject) {
         reply.setSubject(subject);
     }
+}
+
+/// What the user asked for in the first place.
+void openPlainReply(Globals& globals, const AnsweredMail& answered, const std::wstring& subject) {
+    const outlook::Item original = globals.outlook.mapiNameSpace().item(answered.item().entryId());
+    const outlook::Item reply = answer(globals, original, L"Reply");
+    setSubject(reply, subject);
     reply.display();
 }
 
-void openReplyToChosen(const Globals& globals, const outlook::Item& replyAll,
-                       const redemption::SafeItem& safe, const std::vector<int>& unticked,
-                       const std::wstring& subject) {
-    deleteRecipients(safe, unticked);
-    if (replyAll.subject() != subject) {
-        replyAll.setSubject(subject);
-    }
-    safe.save();
-    safe.recipients().object().call(L"ResolveAll");
-    safe.save();
-    display(globals, replyAll.entryId());
+/// What is deleted among the Deleted Items is gone.
+void deleteForGood(const Globals& globals, const outlook::Item& item) {
+    basGlobals::skipErrors([&] {
+        const auto nameSpace = globals.outlook.mapiNameSpace();
+        item.moveTo(nameSpace.defaultFolder(outlook::folderId::deletedItems)).remove();
+    });
 }
 
-/// Replaces the plain reply by one whose recipients the user chooses. `subject` is that of the plain reply,
-/// which the subject checks have been over.
-void offerOtherRecipients(Globals& globals, AnsweredMail& answered, const std::wstring& subject) {
-    const Suppression suppression(globals);
-    const outlook::Item replyAll(answered.item().object().call(L"ReplyAll").toObject());
-    const redemption::SafeItem safe(globals.platform.automation, replyAll);
-    frmReplyMultRecipt form(globals, rowsOf(globals, answered, safe));
-    prompts::show(globals, form);
-    if (form.confirmed()) {
-        openReplyToChosen(globals, replyAll, safe, form.untickedPositions(), subject);
-    } else {
-        if (!replyAll.entryId().empty()) {  // It had to be saved to be read; nobody wants the draft.
-            replyAll.object().call(L"Delete");
-        }
-        openPlainReply(globals, answered, subject);
+void openSaved(const Globals& globals, const outlook::Item& reply) {
+    reply.save();
+    try {
+        reply.recipients().object().call(L"ResolveAll");
+        reply.save();
+        globals.outlook.mapiNameSpace().item(reply.entryId()).display();
+    } catch (...) {
+        deleteForGood(globals, reply);  // The user gets the plain reply and never saw this one.
+        throw;
     }
+}
+
+/// Replaces the plain reply by one whose recipients the user chooses, at first those of the plain one.
+/// Nothing is saved before the user has chosen.
+void offerOtherRecipients(Globals& globals, AnsweredMail& answered, const outlook::Item& plainReply) {
+    const std::wstring subject = plainReply.subject();  // The subject checks have been over it.
+    const RecipientSet plain = recipientsOf(answered, plainReply);
+    const outlook::Item replyAll = answer(globals, answered.item(), L"ReplyAll");
+    pruneReply(globals, answered, replyAll, plain);
+    frmReplyMultRecipt form(globals, rowsOf(readResponse(answered, replyAll), plain));
+    prompts::show(globals, form);
+    if (!form.confirmed()) {
+        openPlainReply(globals, answered, subject);
+        return;
+    }
+    deleteRecipients(replyAll, form.untickedPositions());
+    setSubject(replyAll, subject);
+    openSaved(globals, replyAll);
 }
 
 }  // namespace
@@ -115,7 +110,7 @@ void vtReplyCheck(Globals& globals, AnsweredMail& answered, const outlook::Item&
             !vtCheckIfUserInRecipients(globals, answered, noSender).value_or(false)) {
             return;
         }
-        offerOtherRecipients(globals, answered, reply.subject());
+        offerOtherRecipients(globals, answered, reply);
         // Only now: had anything failed, the plain reply would open after all.
         cancel = true;
     });

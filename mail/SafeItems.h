@@ -37,27 +37,20 @@ inline constexpr std::int32_t itemAccountName = of(0x812C001E);
 inline constexpr std::int32_t itemAccountStamp = of(0x812D001E);
 }  // namespace tag
 
-class AddressEntry : public outlook::Front {
+/// An address entry that also tells what Outlook's own does not.
+class AddressEntry : public outlook::AddressEntry {
   public:
-    using Front::Front;
-    std::wstring name() const { return object_.get(L"Name").toText(); }
-    /// "SMTP", "EX", "MAPIPDL" or another provider's name.
-    std::wstring type() const { return object_.get(L"Type").toText(); }
-    std::wstring address() const { return object_.get(L"Address").toText(); }
+    using outlook::AddressEntry::AddressEntry;
     std::wstring smtpAddress() const { return object_.get(L"SMTPAddress").toText(); }
-    /// 0 a user, 1 a distribution list, 5 a personal distribution list.
-    std::int32_t displayType() const { return object_.get(L"DisplayType").toInteger(); }
     automation::Value field(std::int32_t tag) const { return object_.get(L"Fields", tag); }
     /// Nothing unless the entry is a distribution list.
     automation::Object members() const { return object_.get(L"Members").toObject(); }
 };
 
-class Recipient : public outlook::Front {
+class Recipient : public outlook::Recipient {
   public:
-    using Front::Front;
-    std::wstring name() const { return object_.get(L"Name").toText(); }
-    AddressEntry addressEntry() const { return AddressEntry(object_.get(L"AddressEntry").toObject()); }
-    void remove() const { object_.call(L"Delete"); }
+    using outlook::Recipient::Recipient;
+    AddressEntry addressEntry() const { return AddressEntry(outlook::Recipient::addressEntry().object()); }
     bool resolved() const { return object_.get(L"Resolved").toBool(); }
     bool resolve() const { return object_.call(L"Resolve").toBool(); }
 };

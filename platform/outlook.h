@@ -25,6 +25,7 @@ inline constexpr std::int32_t distributionList = 69;
 }  // namespace itemClass
 
 namespace folderId {
+inline constexpr std::int32_t deletedItems = 3;
 inline constexpr std::int32_t outbox = 4;
 inline constexpr std::int32_t inbox = 6;
 inline constexpr std::int32_t drafts = 16;
@@ -84,6 +85,27 @@ class Collection : public Front {
     Element item(std::int32_t index) const { return Element(object_.get(L"Item", index).toObject()); }
 };
 
+class AddressEntry : public Front {
+  public:
+    using Front::Front;
+    std::wstring name() const { return object_.get(L"Name").toText(); }
+    /// "SMTP", "EX", "MAPIPDL" or another provider's name.
+    std::wstring type() const { return object_.get(L"Type").toText(); }
+    /// In the form of its own address book.
+    std::wstring address() const { return object_.get(L"Address").toText(); }
+    /// 0 a user, 1 a distribution list, 5 a personal distribution list.
+    std::int32_t displayType() const { return object_.get(L"DisplayType").toInteger(); }
+};
+
+class Recipient : public Front {
+  public:
+    using Front::Front;
+    std::wstring name() const { return object_.get(L"Name").toText(); }
+    /// Nothing for one that was never resolved.
+    AddressEntry addressEntry() const { return AddressEntry(object_.get(L"AddressEntry").toObject()); }
+    void remove() const { object_.call(L"Delete"); }
+};
+
 /// An item of any class.
 class Item : public Front {
   public:
@@ -95,7 +117,14 @@ class Item : public Front {
     bool sent() const { return object_.get(L"Sent").toBool(); }
     std::wstring subject() const { return object_.get(L"Subject").toText(); }
     void setSubject(const std::wstring& subject) const { object_.put(L"Subject", subject); }
+    Collection<Recipient> recipients() const {
+        return Collection<Recipient>(object_.get(L"Recipients").toObject());
+    }
     void display() const { object_.call(L"Display"); }
+    void save() const { object_.call(L"Save"); }
+    void remove() const { object_.call(L"Delete"); }
+    /// The item in its new folder; this one is unusable from then on.
+    Item moveTo(const Front& folder) const { return Item(object_.call(L"Move", folder.object()).toObject()); }
 };
 
 class Folder : public Front {

@@ -98,7 +98,7 @@ TEST(FailingCalls, NeverCancelAReplyNorKeepADroppedRecipientSilently) {
     }
 }
 
-TEST(FailingCalls, NeverLoseAPlainReply) {
+TEST(FailingCalls, NeverLoseAPlainReplyNorLeaveASecond) {
     std::size_t calls = 1;
     for (std::size_t n = 0; n <= calls; ++n) {
         Given given{.answers = std::vector<std::wstring>(20, L"Veltro=OK")};
@@ -106,6 +106,9 @@ TEST(FailingCalls, NeverLoseAPlainReply) {
         Bench bench(given);
         const auto [outcome, made] = press(bench, host::ReplyKind::Reply, n);
         EXPECT_FALSE(outcome.newInspectors.empty()) << "call " << n << " of " << calls;
+        // The draft is the reply of the add-in's own making; one that was given up leaves nothing behind.
+        EXPECT_EQ(bench.outlook().itemsIn(L"Drafts").size(), outcome.opened ? 0U : 1U) << "call " << n;
+        EXPECT_TRUE(bench.outlook().itemsIn(L"Deleted Items").empty()) << "call " << n;
         if (n == 0) {
             calls = made;
             ASSERT_FALSE(outcome.opened) << "the other recipients were not offered";

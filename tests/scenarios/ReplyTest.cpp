@@ -2,55 +2,13 @@
 
 #include <algorithm>
 
-#include "tests/scenarios/Bench.h"
+#include "tests/scenarios/replies.h"
 
 namespace {
 
-using Names = std::vector<std::wstring>;
+using namespace replies;
 
-const host::Address ann{.name = L"Ann", .address = L"ann@example.com"};
-const host::Address bob{.name = L"Bob", .address = L"bob@example.com"};
-const host::Address me{.name = L"Me", .address = L"ME@example.org"};
 const host::Address team{.name = L"Team", .address = L"team", .type = L"MAPIPDL", .members = {me}};
-const host::Address carl{.name = L"Carl",
-                         .address = L"/o=x/cn=carl",
-                         .type = L"EX",
-                         .proxies = {L"SMTP:carl@example.com"},
-                         .smtpAddress = L"carl@example.com"};
-
-/// A mail from Ann that was received today.
-host::Message mailTo(std::vector<host::Address> to, std::vector<host::Address> cc = {}) {
-    host::Message message;
-    message.from = ann;
-    message.to = std::move(to);
-    message.cc = std::move(cc);
-    message.subject = L"Budget";
-    message.body = L"See you.";
-    return message;
-}
-
-/// Nothing but what a test asks for.
-std::map<std::wstring, std::wstring> quiet(std::map<std::wstring, std::wstring> settings) {
-    for (const wchar_t* flag : {L"ReplyALL_BCC", L"ReplyAllAny", L"ReplyAllAutoRemove", L"ReplyMultiple"}) {
-        settings.emplace(flag, L"False");
-    }
-    return settings;
-}
-
-/// Selects the mail in the main window, where the button is pressed.
-automation::Object selected(Bench& bench, const host::Message& message) {
-    const auto item = bench.outlook().receive(message);
-    bench.outlook().select(bench.outlook().explorers().front(), {item});
-    return item;
-}
-
-Names namesOf(Bench& bench, const automation::Object& item) {
-    Names names;
-    for (const auto& recipient : bench.outlook().view(item).recipients) {
-        names.push_back(recipient.address.name);
-    }
-    return names;
-}
 
 struct BlindCopy {
     const char* name;

@@ -1,0 +1,47 @@
+#include "checks/responseRecipients.h"
+
+#include <ranges>
+
+#include "mail/basGlobals.h"
+#include "mail/errorTrap.h"
+#include "platform/text.h"
+
+namespace basVeltro {
+
+namespace {
+
+void readEntry(AnsweredMail& answered, const outlook::AddressEntry& entry, MailRecipient& read) {
+    const std::wstring type = entry.type();
+    read.rawAddress = entry.address();
+    read.exchange = text::equalsIgnoringCase(type, L"EX");
+    if (read.exchange) {
+        read.address = answered.smtpAddressOf(read.rawAddress);
+    } else {
+        const bool personalList = text::equalsIgnoringCase(type, L"MAPIPDL");
+        read.address = personalList ? basGlobals::distributionListAddress : read.rawAddress;
+    }
+}
+
+}  // namespace
+
+std::vector<MailRecipient> readResponse(AnsweredMail& answered, const outlook::Item& response) {
+    const auto recipients = response.recipients();
+    const std::int32_t count = recipients.count();
+    std::vector<MailRecipient> all;
+    for (std::int32_t index = 1; index <= count; ++index) {
+        const outlook::Recipient recipient = recipients.item(index);
+        MailRecipient& read = all.emplace_back();
+        basGlobals::skipErrors([&] { read.name = recipient.name(); });
+        read.unknown = !basGlobals::skipErrors([&] { readEntry(answered, recipient.addressEntry(), read); });
+    }
+    return all;
+}
+
+void deleteRecipients(const outlook::Item& response, const std::vector<int>& positions) {
+    const auto recipients = response.recipients();
+    for (const int position : positions | std::views::reverse) {  // From the end, as the later ones move up.
+        recipients.item(position).remove();
+    }
+}
+
+}  // namespace basVeltro
