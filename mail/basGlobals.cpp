@@ -184,7 +184,10 @@ automation::Object AddUserProperties(Globals& globals, const outlook::Item& item
         globals, ErrorReport::usual(L"basGlobals.AddUserProperties"),
         [&] {
             const automation::Object properties = item.object().get(L"UserProperties").toObject();
-            automation::Object property = properties.call(L"Add", name, outlook::textProperty).toObject();
+            // Otherwise it would also become a field that the folder offers for its views.
+            constexpr bool addToFolderFields = false;
+            automation::Object property =
+                properties.call(L"Add", name, outlook::textProperty, addToFolderFields).toObject();
             property.put(L"Value", value);
             return property;
         },

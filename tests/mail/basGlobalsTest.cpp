@@ -119,6 +119,7 @@ TEST(UserProperties, AreAddedFoundAndDeleted) {
     const outlook::Item item(world.outlook.receive({}));
     EXPECT_TRUE(basGlobals::AddUserProperties(world.globals, item, L"mark", L"1;2"));
     EXPECT_EQ(world.outlook.view(item.object()).userProperties.at(L"mark"), L"1;2");
+    EXPECT_TRUE(world.outlook.fieldsOf(L"Inbox").empty()) << "a mark is no column for the user";
     EXPECT_TRUE(basGlobals::DeleteUserProperties(world.globals, item, L"mark"));
     EXPECT_FALSE(basGlobals::DeleteUserProperties(world.globals, item, L"mark"));
     EXPECT_TRUE(world.outlook.view(item.object()).userProperties.empty());

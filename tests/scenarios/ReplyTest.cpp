@@ -85,6 +85,7 @@ TEST(ReplyAllList, DropsWhomTheUserUnticks) {
     ASSERT_TRUE(outcome.opened);
     EXPECT_EQ(namesOf(bench, outcome.item), (Names{L"Ann", L"Carl", L"Me"}));
     EXPECT_TRUE(bench.outlook().view(outcome.item).userProperties.empty());
+    EXPECT_TRUE(bench.outlook().fieldsOf(L"Drafts").empty()) << "the user's views offer the add-in's mark";
     const auto& form = bench.prompts().at(0);
     EXPECT_EQ(form.text, L"Reply to All - Veltro");
     EXPECT_EQ(form.control(L"lstRecipients").caption,
