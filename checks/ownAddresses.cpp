@@ -1,6 +1,7 @@
 #include "checks/ownAddresses.h"
 
 #include <algorithm>
+#include <set>
 
 #include "mail/ProfileAddresses.h"
 #include "mail/basGlobals.h"
@@ -15,12 +16,37 @@ namespace {
 using basGlobals::ErrorReport;
 using basGlobals::Globals;
 
-/// The part from the "@" on occurs in the text of the user's domains; a mail address without one does not.
-bool isInternal(const std::wstring& upperDomains, const std::wstring& address) {
-    const auto at = address.find(L'@');
-    return at != std::wstring::npos &&
-           upperDomains.find(text::upper(std::wstring_view(address).substr(at))) != std::wstring::npos;
-}
+/// The user's own domains, from the text of the setting.
+class OwnDomains {
+  public:
+    explicit OwnDomains(const std::wstring& domains) : upperText_(text::upper(domains)) {
+        for (std::wstring_view domain : text::split(upperText_, L';')) {
+            domain = text::trim(domain);
+            if (domain.starts_with(L'@')) {
+                domain.remove_prefix(1);
+            }
+            domains_.emplace(domain);
+        }
+        domains_.erase(L"");
+    }
+
+    bool empty() const { return upperText_.empty(); }
+
+    /// The part from the "@" on stands anywhere in the text, or the part behind it is one of the domains.
+    bool contain(const std::wstring& address) const {
+        const auto at = address.find(L'@');
+        if (at == std::wstring::npos) {
+            return false;
+        }
+        const std::wstring domain = text::upper(std::wstring_view(address).substr(at));
+        return domains_.contains(domain.substr(1)) || upperText_.find(domain) != std::wstring::npos;
+    }
+
+  private:
+    std::wstring upperText_;
+    /// Without their "@".
+    std::set<std::wstring> domains_;
+};
 
 }  // namespace
 
@@ -60,15 +86,14 @@ bool vtRecipientsAllSameDomain(Globals& globals, AnsweredMail& mail) {
     return basGlobals::trapErrors(
         globals, ErrorReport::module(L"vtRecipientsAllSameDomain"),
         [&] {
-            const std::wstring domains = text::upper(modRegKeys::DomainName.read(globals));
-            if (domains.empty()) {
+            const OwnDomains own(modRegKeys::DomainName.read(globals));
+            if (own.empty()) {
                 return false;
             }
-            return std::ranges::all_of(mail.recipients(),
-                                       [&domains](const MailRecipient& recipient) {
-                                           return isInternal(domains, recipient.address);
-                                       }) &&
-                   isInternal(domains, mail.sender());
+            return std::ranges::all_of(
+                       mail.recipients(),
+                       [&own](const MailRecipient& recipient) { return own.contain(recipient.address); }) &&
+                   own.contain(mail.sender());
         },
         false);
 }

@@ -116,7 +116,12 @@ TEST(ReplyAllList, StaysAwayFromInternalMail) {
         std::wstring domains;
         bool shown;
     } cases[] = {{"all inside", L"@EXAMPLE.COM;@example.org", false},
+                 {"as the settings screen takes them", L" Example.COM ; example.org", false},
+                 {"a mark and none, and blank entries", L";;example.com; @EXAMPLE.org ", false},
                  {"one outside", L"@example.com", true},
+                 {"one outside, without a mark", L"example.com;", true},
+                 {"a longer domain", L"the-example.com;example.org", true},
+                 {"the end of a domain", L"com;org", true},
                  {"no domain", L"", true}};
     for (const auto& given : cases) {
         Bench bench({.settings = quiet({{L"ReplyAllAny", L"True"},
