@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <fstream>
 #include <iterator>
-#include <stdexcept>
 
 #include "platform/files.h"
 #include "platform/text.h"
@@ -140,7 +139,7 @@ std::vector<std::wstring> GetTagsArrayFromFile(const std::wstring& path) {
     std::ifstream stream(file, std::ios::binary);
     const std::string bytes{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
     if (!stream) {
-        throw std::runtime_error("The prefix file cannot be read.");
+        throw automation::Error(automation::errors::fileAccess, L"The prefix file cannot be read.");
     }
     return prefixesOf(bytes);
 }

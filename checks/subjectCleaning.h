@@ -30,7 +30,7 @@ bool WordInArray(const std::vector<std::wstring_view>& words, std::wstring_view 
 /// its mark, UTF-8, or else of the Western 8-bit code page.
 std::vector<std::wstring> prefixesOf(std::string_view bytes);
 
-/// Reads the prefix file; a file that is not there has none. Throws std::runtime_error when a file that is
+/// Reads the prefix file; a file that is not there has none. Throws automation::Error when a file that is
 /// there cannot be read.
 std::vector<std::wstring> GetTagsArrayFromFile(const std::wstring& path);
 

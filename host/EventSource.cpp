@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "host/hostErrors.h"
+#include "platform/text.h"
 
 namespace host {
 
@@ -38,8 +39,7 @@ void EventSource::raise(std::int32_t event, std::span<automation::Value> argumen
         } catch (const automation::Error& error) {
             escaped(error.number(), error.description());
         } catch (const std::exception& error) {
-            const std::string_view what = error.what();
-            escaped(automation::errors::failed, std::wstring(what.begin(), what.end()));
+            escaped(automation::errors::failed, text::fromUtf8(error.what()));
         }
     }
 }

@@ -1,32 +1,6 @@
 #include "mail/errorTrap.h"
 
-#include <new>
-
-#include "platform/text.h"
-
 namespace basGlobals {
-
-namespace {
-
-/// Numbers for failures that come from the language instead of an automation object.
-constexpr std::int32_t outOfMemory = 7;
-constexpr std::int32_t internalError = 51;
-
-}  // namespace
-
-automation::Error currentError() {
-    try {
-        throw;
-    } catch (const automation::Error& error) {
-        return error;
-    } catch (const std::bad_alloc&) {
-        return {outOfMemory, L"Out of memory"};
-    } catch (const std::exception& error) {
-        return {internalError, text::fromUtf8(error.what())};
-    } catch (...) {
-        return {internalError, L"Internal error"};
-    }
-}
 
 std::wstring ErrorReport::text(const automation::Error& error) const {
     const std::wstring number = std::to_wstring(error.number());

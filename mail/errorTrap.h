@@ -32,8 +32,7 @@ class ErrorReport {
     std::wstring label_;
 };
 
-/// The exception being handled, whatever its type, as an automation error. Call inside a catch block only.
-automation::Error currentError();
+using automation::currentError;
 
 /// Shows the report in a message box with the product's title. Never throws.
 void reportError(Globals& globals, const ErrorReport& report, const automation::Error& error) noexcept;

@@ -14,9 +14,9 @@ inline constexpr wchar_t settingsSection[] = L"0x155473194";
 class SettingsStore {
   public:
     virtual ~SettingsStore() = default;
-    /// Nothing when the key is absent. Throws std::runtime_error when the store cannot be read.
+    /// Nothing when the key is absent. Throws automation::Error when the store cannot be read.
     virtual std::optional<std::wstring> read(const std::wstring& key) = 0;
-    /// Stored at once: a host that shuts down fast says no good-bye. Throws std::runtime_error when the
+    /// Stored at once: a host that shuts down fast says no good-bye. Throws automation::Error when the
     /// store cannot be written.
     virtual void write(const std::wstring& key, const std::wstring& value) = 0;
 };

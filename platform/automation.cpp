@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <limits>
+#include <new>
 
 #include "platform/number.h"
 #include "platform/text.h"
@@ -21,6 +22,18 @@ Error::Error(std::int32_t number, std::wstring description, std::wstring source)
       description_(std::move(description)),
       source_(std::move(source)),
       what_(text::toUtf8(description_)) {}
+
+Error currentError() {
+    try {
+        throw;
+    } catch (const Error& error) {
+        return error;
+    } catch (const std::bad_alloc&) {
+        return {errors::outOfMemory, L"Out of memory"};
+    } catch (...) {
+        return {errors::internalError, L"Internal error"};
+    }
+}
 
 Subscription& Subscription::operator=(Subscription&& other) noexcept {
     if (this != &other) {

@@ -33,7 +33,11 @@ struct Date {
 /// Numbers that Error carries for failures that are not the object's own.
 namespace errors {
 inline constexpr std::int32_t overflow = 6;
+inline constexpr std::int32_t outOfMemory = 7;
 inline constexpr std::int32_t typeMismatch = 13;
+/// A failure that comes from the language instead of an automation object.
+inline constexpr std::int32_t internalError = 51;
+inline constexpr std::int32_t fileAccess = 75;
 inline constexpr std::int32_t objectNotSet = 91;
 inline constexpr std::int32_t cannotCreateObject = 429;
 inline constexpr std::int32_t memberNotFound = 438;
@@ -58,6 +62,10 @@ class Error : public std::exception {
     std::wstring source_;
     std::string what_;
 };
+
+/// The exception being handled, whatever its type, as an error to be shown. The words of the language's
+/// library are for developers and never for users. Call inside a catch block only.
+Error currentError();
 
 /// An event interface of Outlook or Office, by the first eight digits of its id; the rest is always
 /// -0000-0000-C000-000000000046.

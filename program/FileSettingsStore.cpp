@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 
+#include "platform/automation.h"
 #include "platform/text.h"
 #include "program/MessageJson.h"
 #include "program/files.h"
@@ -49,7 +50,8 @@ FileSettingsStore::FileSettingsStore(std::filesystem::path file) : file_(std::mo
 }
 
 void FileSettingsStore::fail(const std::string& why) const {
-    throw std::runtime_error("settings file " + text::toUtf8(file_.wstring()) + ": " + why);
+    throw automation::Error(automation::errors::fileAccess,
+                            L"settings file " + file_.wstring() + L": " + text::fromUtf8(why));
 }
 
 Json FileSettingsStore::load() const {

@@ -16,7 +16,7 @@ namespace program {
 /// once, and locked while it is changed, so that runs at the same time lose nothing of each other.
 class FileSettingsStore : public platform::SettingsStore {
   public:
-    /// Throws std::runtime_error when the file cannot be read or written, or holds anything else.
+    /// Throws automation::Error when the file cannot be read or written, or holds anything else.
     explicit FileSettingsStore(std::filesystem::path file);
 
     /// Keys and values, in the file's order. Throws as read() does.

@@ -14,7 +14,7 @@
 namespace program {
 
 /// Makes the settings those of a profile on which the add-in ran before, or never ran, and adds those of the
-/// command line. Throws std::runtime_error when the store cannot be read or written.
+/// command line. Throws automation::Error when the store cannot be read or written.
 void prepareSettings(const CommandLine& line, platform::SettingsStore& settings);
 
 /// The user of one run: sends or answers messages in an Outlook whose add-in is connected. Nothing is sent

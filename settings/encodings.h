@@ -76,7 +76,7 @@ struct Plain {
     const wchar_t* whenAbsent = L"";
 
     std::wstring read(const basGlobals::Globals& globals) const;
-    /// Throws std::runtime_error when the store cannot be written.
+    /// Throws automation::Error when the store cannot be written.
     void write(const basGlobals::Globals& globals, const std::wstring& value) const;
 };
 

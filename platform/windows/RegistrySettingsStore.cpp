@@ -2,9 +2,6 @@
 
 #include <windows.h>
 
-#include <stdexcept>
-
-#include "platform/text.h"
 #include "platform/windows/RegKey.h"
 #include "platform/windows/comErrors.h"
 
@@ -12,8 +9,9 @@ namespace platform::windows {
 
 namespace {
 
-[[noreturn]] void throwStatus(const char* what, LONG status) {
-    throw std::runtime_error(what + text::toUtf8(systemMessage(static_cast<DWORD>(status))));
+[[noreturn]] void throwStatus(const wchar_t* what, LONG status) {
+    const automation::Error reason = errorOf(HRESULT_FROM_WIN32(static_cast<DWORD>(status)));
+    throw automation::Error(reason.number(), what + reason.description());
 }
 
 }  // namespace
@@ -28,7 +26,7 @@ std::optional<std::wstring> RegistrySettingsStore::read(const std::wstring& key)
         return std::nullopt;
     }
     if (status != ERROR_SUCCESS) {
-        throwStatus("The settings cannot be read: ", status);
+        throwStatus(L"The settings cannot be read: ", status);
     }
     return settings.text(key);
 }
@@ -40,7 +38,7 @@ void RegistrySettingsStore::write(const std::wstring& key, const std::wstring& v
         status = settings.setText(key, value);
     }
     if (status != ERROR_SUCCESS) {
-        throwStatus("The settings cannot be written: ", status);
+        throwStatus(L"The settings cannot be written: ", status);
     }
 }
 

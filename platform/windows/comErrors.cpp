@@ -23,7 +23,7 @@ constexpr Translation translations[] = {
     {E_INVALIDARG, 5, L"Invalid procedure call or argument"},
     {DISP_E_OVERFLOW, automation::errors::overflow, L"Overflow"},
     {E_FAIL, automation::errors::failed, L"The operation failed."},
-    {E_OUTOFMEMORY, 7, L"Out of memory"},
+    {E_OUTOFMEMORY, automation::errors::outOfMemory, L"Out of memory"},
     {DISP_E_BADINDEX, 9, L"Subscript out of range"},
     {DISP_E_TYPEMISMATCH, automation::errors::typeMismatch, L"Type mismatch"},
     {E_ACCESSDENIED, 70, L"Permission denied"},

@@ -4,7 +4,6 @@
 
 #include <oaidl.h>
 
-#include <exception>
 #include <new>
 #include <string>
 
@@ -51,23 +50,17 @@ HRESULT guarded(Body&& body) noexcept {
 template <class Body>
 HRESULT guardedInvoke(EXCEPINFO* details, Body&& body) noexcept {
     return guarded([&]() -> HRESULT {
-        const auto raise = [details](const automation::Error& error) {
+        try {
+            return body();
+        } catch (const std::bad_alloc&) {
+            throw;
+        } catch (...) {
+            const automation::Error error = automation::currentError();
             if (!details) {
                 return resultOf(error);
             }
             describe(error, *details);
             return DISP_E_EXCEPTION;
-        };
-        try {
-            return body();
-        } catch (const automation::Error& error) {
-            return raise(error);
-        } catch (const std::bad_alloc&) {
-            throw;
-        } catch (const std::exception& error) {
-            const std::string what = error.what();
-            return raise(
-                automation::Error(automation::errors::failed, std::wstring(what.begin(), what.end())));
         }
     });
 }

@@ -106,8 +106,12 @@ TEST(Settings, AreWrittenTrimmedAndFlagsOnlyFromATickedBox) {
 
 class BrokenStore : public platform::SettingsStore {
   public:
-    std::optional<std::wstring> read(const std::wstring&) override { throw std::runtime_error("unreadable"); }
-    void write(const std::wstring&, const std::wstring&) override { throw std::runtime_error("unwritable"); }
+    std::optional<std::wstring> read(const std::wstring&) override {
+        throw automation::Error(75, L"unreadable");
+    }
+    void write(const std::wstring&, const std::wstring&) override {
+        throw automation::Error(75, L"unwritable");
+    }
 };
 
 TEST(Settings, OfABrokenStoreReadAsTheirDefaults) {
@@ -117,7 +121,7 @@ TEST(Settings, OfABrokenStoreReadAsTheirDefaults) {
     EXPECT_EQ(OldEmailDays.read(world.globals), L"28");
     EXPECT_EQ(AutoDelayAll.read(world.globals), 1);
     EXPECT_NO_THROW(PlaySound.write(world.globals, 1));
-    EXPECT_THROW(IgnoreTextValue.write(world.globals, L"x"), std::runtime_error);
+    EXPECT_THROW(IgnoreTextValue.write(world.globals, L"x"), automation::Error);
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <oleauto.h>
 
 #include <limits>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -238,6 +239,19 @@ TEST_F(AutomationTest, ErrorsCrossWithNumberTextAndSource) {
             EXPECT_EQ(error.description(), L"it went wrong");
             EXPECT_EQ(error.source(), L"Outlook");
         }
+    }
+}
+
+TEST_F(AutomationTest, FailuresOfTheLanguageCrossWithoutTheWordsOfItsLibrary) {
+    target_->add(L"Fail", [](Access, std::span<const Value>) -> Value {
+        throw std::out_of_range("vector::_M_range_check");
+    });
+    try {
+        toAddIn(Object(target_)).call(L"Fail");
+        ADD_FAILURE() << "the failure was lost";
+    } catch (const Error& error) {
+        EXPECT_EQ(error.number(), automation::errors::internalError);
+        EXPECT_EQ(error.description(), L"Internal error");
     }
 }
 

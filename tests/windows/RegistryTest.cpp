@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "platform/automation.h"
 #include "platform/windows/RegKey.h"
 #include "platform/windows/RegistrySettingsStore.h"
 #include "platform/windows/WindowsRegistry.h"
@@ -40,6 +41,19 @@ TEST_F(RegistryTest, SettingsComeBackAsTheyWereStored) {
     for (const std::wstring& value : values) {
         store.write(L"KeyWords", value);
         EXPECT_EQ(store.read(L"keywords"), value);
+    }
+}
+
+TEST_F(RegistryTest, SaysWhySettingsCannotBeStored) {
+    constexpr std::size_t tooLongForAKey = 300;
+    platform::windows::RegistrySettingsStore impossible(application, std::wstring(tooLongForAKey, L'x'));
+    const std::wstring start = L"The settings cannot be written: ";
+    try {
+        impossible.write(L"Key", L"x");
+        ADD_FAILURE() << "a key of any length was made";
+    } catch (const automation::Error& error) {
+        EXPECT_TRUE(error.description().starts_with(start));
+        EXPECT_GT(error.description().size(), start.size());
     }
 }
 

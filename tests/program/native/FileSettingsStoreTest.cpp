@@ -4,6 +4,7 @@
 
 #include <stdexcept>
 
+#include "platform/automation.h"
 #include "platform/native/MemorySettingsStore.h"
 #include "tests/TemporaryFolder.h"
 
@@ -36,16 +37,16 @@ TEST(FileSettingsStore, SaysThatAFileIsNoSettingsAndLeavesItAlone) {
     const TemporaryFolder folder;
     for (const char* contents : {"no json", "[1]", "{\"a\": 5}", "{\"a\": [\"x\"]}", "{\"a\": \"x\""}) {
         const auto file = folder.write("settings.json", contents);
-        EXPECT_THROW(FileSettingsStore store(file), std::runtime_error) << contents;
+        EXPECT_THROW(FileSettingsStore store(file), automation::Error) << contents;
         folder.write("settings.json", "{}");
         FileSettingsStore store(file);
         folder.write("settings.json", contents);
-        EXPECT_THROW(store.read(L"a"), std::runtime_error) << contents;
-        EXPECT_THROW(store.write(L"a", L"b"), std::runtime_error) << contents;
+        EXPECT_THROW(store.read(L"a"), automation::Error) << contents;
+        EXPECT_THROW(store.write(L"a", L"b"), automation::Error) << contents;
         EXPECT_EQ(std::filesystem::file_size(file), std::string(contents).size());
     }
-    EXPECT_THROW(FileSettingsStore(folder.file("missing/settings.json")), std::runtime_error);
-    EXPECT_THROW(FileSettingsStore(folder.file(".")), std::runtime_error);
+    EXPECT_THROW(FileSettingsStore(folder.file("missing/settings.json")), automation::Error);
+    EXPECT_THROW(FileSettingsStore(folder.file(".")), automation::Error);
 }
 
 TEST(FileSettingsStore, TakesAnEmptyFileForAnEmptyStore) {
