@@ -138,6 +138,8 @@ BENCHMARK(delayCheck)->RangeMultiplier(10)->Range(10, 10'000)->Unit(benchmark::k
 /// All steps on a subject full of prefixes; the argument is its length.
 void subjectCleaning(benchmark::State& state) {
     using namespace basVeltro;
+    BenchWorld world;
+    basGlobals::Globals& globals = world.globals;
     std::wstring subject;
     while (static_cast<std::int64_t>(subject.size()) < state.range(0)) {
         subject += L"RE: FW: SPAM-LOW: ";
@@ -145,8 +147,9 @@ void subjectCleaning(benchmark::State& state) {
     subject.resize(static_cast<std::size_t>(state.range(0)));
     for (auto _ : state) {
         std::wstring cleaned = removePhrases(subject, {L"SPAM-LOW:", L"SPAM-MED:", L"SPAM-HIGH:"});
-        cleaned = MultipleRemove(MultipleRemove(cleaned, L"RE: "), L"FW: ");
-        benchmark::DoNotOptimize(RemoveLastTagIfMultipleTogether(TrimSpaceAfterFirstSpace(cleaned)));
+        cleaned = MultipleRemove(globals, MultipleRemove(globals, cleaned, L"RE: "), L"FW: ");
+        benchmark::DoNotOptimize(
+            RemoveLastTagIfMultipleTogether(globals, TrimSpaceAfterFirstSpace(globals, cleaned)));
     }
     state.SetComplexityN(state.range(0));
 }

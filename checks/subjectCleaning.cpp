@@ -3,13 +3,19 @@
 #include <algorithm>
 #include <fstream>
 #include <iterator>
+#include <utility>
 
+#include "mail/errorTrap.h"
 #include "platform/files.h"
 #include "platform/text.h"
 
 namespace basVeltro {
 
 namespace {
+
+using basGlobals::ErrorReport;
+using basGlobals::Globals;
+using basGlobals::trapErrors;
 
 constexpr auto npos = std::wstring_view::npos;
 
@@ -77,45 +83,63 @@ std::wstring removePhrases(std::wstring subject, const std::vector<std::wstring_
     return subject;
 }
 
-std::wstring MultipleRemove(const std::wstring& subject, std::wstring_view tag) {
-    if (tag.empty() || tag.size() > subject.size() || text::trim(subject).empty()) {
-        return subject;
-    }
-    const std::wstring upperTag = text::upper(tag);
-    const std::wstring upperSubject = text::upper(subject);
-    const auto first = upperSubject.find(upperTag);
-    return first == npos ? subject : withoutLater(subject, upperSubject, upperTag, first + tag.size());
-}
-
-std::wstring TrimSpaceAfterFirstSpace(const std::wstring& subject) {
-    const auto space = subject.find(L' ');
-    if (space == npos || text::trim(subject).empty()) {
-        return subject;
-    }
-    std::wstring result = subject.substr(0, space + 1);
-    return result += text::trimLeft(std::wstring_view(subject).substr(space + 1));
-}
-
-std::wstring RemoveLastTagIfMultipleTogether(const std::wstring& subject) {
-    const std::vector<std::wstring_view> prefixes{L"RE:", L"FW:"};
-    const auto firstEnd = subject.find(L' ');
-    if (firstEnd == npos || !WordInArray(prefixes, subject.substr(0, firstEnd))) {
-        return subject;
-    }
-    // Where the rest of the subject starts: at the space behind the last prefix that is dropped.
-    std::size_t rest = firstEnd;
-    for (;;) {
-        const auto end = subject.find(L' ', rest + 1);
-        if (end == npos || !WordInArray(prefixes, subject.substr(rest + 1, end - rest - 1))) {
-            return subject.substr(0, firstEnd) + subject.substr(rest);
+std::wstring MultipleRemove(Globals& globals, std::wstring subject, std::wstring_view tag) {
+    trapErrors(globals, ErrorReport::usual(L"basVeltro.MultipleRemove"), [&] {
+        if (tag.empty() || tag.size() > subject.size() || text::trim(subject).empty()) {
+            return;
         }
-        rest = end;
-    }
+        const std::wstring upperTag = text::upper(tag);
+        const std::wstring upperSubject = text::upper(subject);
+        const auto first = upperSubject.find(upperTag);
+        if (first != npos) {
+            subject = withoutLater(subject, upperSubject, upperTag, first + tag.size());
+        }
+    });
+    return subject;
 }
 
-bool WordInArray(const std::vector<std::wstring_view>& words, std::wstring_view word) {
-    return std::ranges::any_of(
-        words, [word](std::wstring_view element) { return text::equalsTrimmed(element, word); });
+std::wstring TrimSpaceAfterFirstSpace(Globals& globals, std::wstring subject) {
+    trapErrors(globals, ErrorReport::usual(L"basVeltro.TrimSpaceAfterFirstSpace"), [&] {
+        const auto space = subject.find(L' ');
+        if (space != npos && !text::trim(subject).empty()) {
+            std::wstring result = subject.substr(0, space + 1);
+            result += text::trimLeft(std::wstring_view(subject).substr(space + 1));
+            subject = std::move(result);
+        }
+    });
+    return subject;
+}
+
+std::wstring RemoveLastTagIfMultipleTogether(Globals& globals, std::wstring subject) {
+    trapErrors(globals, ErrorReport::usual(L"basVeltro.RemoveLastTagIfMultipleTogether"), [&] {
+        const std::vector<std::wstring_view> prefixes{L"RE:", L"FW:"};
+        const std::wstring_view text = subject;
+        const auto firstEnd = text.find(L' ');
+        if (firstEnd == npos || !WordInArray(globals, prefixes, text.substr(0, firstEnd))) {
+            return;
+        }
+        // Where the rest of the subject starts: at the space behind the last prefix that is dropped.
+        std::size_t rest = firstEnd;
+        auto end = text.find(L' ', rest + 1);
+        while (end != npos && WordInArray(globals, prefixes, text.substr(rest + 1, end - rest - 1))) {
+            rest = end;
+            end = text.find(L' ', rest + 1);
+        }
+        subject = subject.substr(0, firstEnd) + subject.substr(rest);
+    });
+    return subject;
+}
+
+bool WordInArray(Globals& globals, const std::vector<std::wstring_view>& words, std::wstring_view word) {
+    return trapErrors(
+        globals, ErrorReport::usual(L"basVeltro.WordInArray"),
+        [&] {
+            const std::wstring wanted = text::upper(text::trim(word));
+            return std::ranges::any_of(words, [&wanted](std::wstring_view element) {
+                return text::upper(text::trim(element)) == wanted;
+            });
+        },
+        false);
 }
 
 std::vector<std::wstring> prefixesOf(std::string_view bytes) {
@@ -130,28 +154,36 @@ std::vector<std::wstring> prefixesOf(std::string_view bytes) {
     return prefixes;
 }
 
-std::vector<std::wstring> GetTagsArrayFromFile(const std::wstring& path) {
-    const auto file = platform::filePath(path);
-    std::error_code ignored;
-    if (!std::filesystem::exists(file, ignored)) {
-        return {};
-    }
-    std::ifstream stream(file, std::ios::binary);
-    const std::string bytes{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
-    if (!stream) {
-        throw automation::Error(automation::errors::fileAccess, L"The prefix file cannot be read.");
-    }
-    return prefixesOf(bytes);
+std::vector<std::wstring> GetTagsArrayFromFile(Globals& globals, const std::wstring& path) {
+    return trapErrors(
+        globals, ErrorReport::usual(L"basVeltro.GetTagsArrayFromFile"),
+        [&]() -> std::vector<std::wstring> {
+            const auto file = platform::filePath(path);
+            std::error_code ignored;
+            if (!std::filesystem::exists(file, ignored)) {
+                return {};
+            }
+            std::error_code failure;
+            const auto size = std::filesystem::file_size(file, failure);
+            std::string bytes(failure ? 0 : static_cast<std::size_t>(size), '\0');
+            std::ifstream stream(file, std::ios::binary);
+            if (failure || !stream.read(bytes.data(), static_cast<std::streamsize>(bytes.size()))) {
+                throw automation::Error(automation::errors::fileAccess, L"The prefix file cannot be read.");
+            }
+            return prefixesOf(bytes);
+        },
+        {});
 }
 
-std::wstring FindReFwFromFile(const std::wstring& subject, const std::wstring& path, bool& found) {
-    const std::vector<std::wstring> prefixes = GetTagsArrayFromFile(path);
-    found = !prefixes.empty();
-    std::wstring cleaned = subject;
-    for (const std::wstring& prefix : prefixes) {
-        cleaned = MultipleRemove(cleaned, prefix);
-    }
-    return cleaned;
+std::wstring FindReFwFromFile(Globals& globals, std::wstring subject, const std::wstring& path, bool& found) {
+    trapErrors(globals, ErrorReport::usual(L"basVeltro.FindReFwFromFile"), [&] {
+        const std::vector<std::wstring> prefixes = GetTagsArrayFromFile(globals, path);
+        found = !prefixes.empty();
+        for (const std::wstring& prefix : prefixes) {
+            subject = MultipleRemove(globals, std::move(subject), prefix);
+        }
+    });
+    return subject;
 }
 
 }  // namespace basVeltro

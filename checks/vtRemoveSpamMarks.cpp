@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "checks/basVeltro.h"
 #include "checks/frmRemoveSpam.h"
 #include "checks/subjectCleaning.h"
@@ -21,17 +23,15 @@ std::wstring withoutSpamMarks(const Globals& globals, const std::wstring& subjec
     return removePhrases(subject, text::split(phrases, L';'));
 }
 
-/// An unreadable prefix file is reported and counts as none.
 std::wstring withoutRepeatedPrefixes(Globals& globals, const std::wstring& subject) {
     bool fromFile = false;
     const std::wstring path = platform::joinPath(globals.platform.system.addInFolder(), L"Tags.txt");
-    std::wstring cleaned = basGlobals::trapErrors(
-        globals, basGlobals::ErrorReport::usual(L"basVeltro.FindReFwFromFile"),
-        [&] { return FindReFwFromFile(subject, path, fromFile); }, subject);
+    std::wstring cleaned = FindReFwFromFile(globals, subject, path, fromFile);
     if (!fromFile) {
-        cleaned = MultipleRemove(MultipleRemove(cleaned, L"RE: "), L"FW: ");
+        cleaned = MultipleRemove(globals, std::move(cleaned), L"RE: ");
+        cleaned = MultipleRemove(globals, std::move(cleaned), L"FW: ");
     }
-    return RemoveLastTagIfMultipleTogether(TrimSpaceAfterFirstSpace(cleaned));
+    return RemoveLastTagIfMultipleTogether(globals, TrimSpaceAfterFirstSpace(globals, std::move(cleaned)));
 }
 
 std::wstring asUserWants(const Globals& globals, const std::wstring& oldSubject,
@@ -54,7 +54,7 @@ void vtRemoveSpamMarks(Globals& globals, const outlook::Item& item) {
         if (modRegKeys::CheckMultipleReFwd.read(globals)) {
             newSubject = withoutRepeatedPrefixes(globals, newSubject);
         }
-        newSubject = TrimSpaceAfterFirstSpace(newSubject);
+        newSubject = TrimSpaceAfterFirstSpace(globals, std::move(newSubject));
         if (phrasesRemoved && modRegKeys::AutoRemoveSpamWords.read(globals) == 0) {
             newSubject = asUserWants(globals, oldSubject, newSubject);
         }
