@@ -70,4 +70,53 @@ BENCHMARK(attachmentCheck)
     ->Args({largeBody, 100})
     ->Args({largeBody, 1000});
 
+/// Pictures whose content ids share a long start with each other and with the HTML, which shows them at its
+/// end. The arguments: how many, and how many characters of the ids are the same.
+void picturesThatLookAlike(benchmark::State& state) {
+    BenchWorld world;
+    host::Message message;
+    message.html = std::wstring(2'000'000, L'a');
+    for (std::int64_t number = 0; number < state.range(0); ++number) {
+        const std::wstring id =
+            std::wstring(static_cast<std::size_t>(state.range(1)), L'a') + std::to_wstring(number);
+        message.attachments.push_back({.fileName = L"picture.png", .contentId = id});
+        message.html += id;
+    }
+    const outlook::Item item(world.outlook.itemOf(world.outlook.openNewMail(message)));
+    bool cancel = false;
+    for (auto _ : state) {
+        basVeltro::vtAttachMissingCheck(world.globals, item, cancel);
+    }
+    if (cancel || world.wasPrompted()) {
+        state.SkipWithError("the check asked something");
+    }
+}
+BENCHMARK(picturesThatLookAlike)
+    ->Args({1, 800})
+    ->Args({10, 800})
+    ->Args({1000, 800})
+    ->Args({1000, 30'000})
+    ->Unit(benchmark::kMillisecond);
+
+/// What mails look like: a few pictures, the last of which stands at the end of the HTML.
+void picturesOfANewsletter(benchmark::State& state) {
+    BenchWorld world;
+    host::Message message;
+    message.html = prose(static_cast<std::size_t>(state.range(0)));
+    for (std::int64_t number = 0; number < 10; ++number) {
+        const std::wstring id = L"image00" + std::to_wstring(number) + L".png@01DC3A5B.12345670";
+        message.attachments.push_back({.fileName = L"picture.png", .contentId = id});
+        message.html += L"<img src=\"cid:" + id + L"\">";
+    }
+    const outlook::Item item(world.outlook.itemOf(world.outlook.openNewMail(message)));
+    bool cancel = false;
+    for (auto _ : state) {
+        basVeltro::vtAttachMissingCheck(world.globals, item, cancel);
+    }
+    if (cancel || world.wasPrompted()) {
+        state.SkipWithError("the check asked something");
+    }
+}
+BENCHMARK(picturesOfANewsletter)->Arg(10'000)->Arg(2'000'000)->Unit(benchmark::kMillisecond);
+
 }  // namespace

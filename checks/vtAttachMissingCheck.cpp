@@ -1,8 +1,8 @@
 #include <algorithm>
-#include <optional>
 
 #include "checks/KeywordFinder.h"
 #include "checks/basVeltro.h"
+#include "checks/occurrences.h"
 #include "checks/quotedHeader.h"
 #include "mail/SafeItems.h"
 #include "mail/errorTrap.h"
@@ -52,34 +52,15 @@ bool promisesAttachment(const Globals& globals, const redemption::SafeItem& mail
     return KeywordFinder(text::split(keywords, L';')).foundIn(withoutIgnoredText(globals, writtenText(mail)));
 }
 
-/// Tells the attachments that count from pictures inside the text and from those to be disregarded.
-class AttachmentFilter {
+/// The attachments that the user told the check to disregard, a business card say.
+class IgnoredNames {
   public:
-    AttachmentFilter(const Globals& globals, const redemption::SafeItem& mail)
-        : mail_(mail),
-          ignoresNames_(modRegKeys::IgnoreAttach.read(globals)),
-          ignoredNames_(modRegKeys::IgnoreAttachValue.read(globals)) {}
+    explicit IgnoredNames(const Globals& globals)
+        : active_(modRegKeys::IgnoreAttach.read(globals)),
+          names_(modRegKeys::IgnoreAttachValue.read(globals)) {}
 
-    bool counts(const redemption::Attachment& attachment) {
-        // One whose id cannot be read is no picture inside the text.
-        const std::wstring contentId =
-            basGlobals::attempt([&] { return attachment.contentId(); }).value_or(L"");
-        return !isInlinePicture(contentId) && !isIgnored(attachment);
-    }
-
-  private:
-    bool isInlinePicture(const std::wstring& contentId) {
-        if (contentId.empty()) {
-            return false;
-        }
-        if (!htmlBody_) {
-            htmlBody_ = text::upper(mail_.htmlBody());
-        }
-        return htmlBody_->find(text::upper(contentId)) != std::wstring::npos;
-    }
-
-    bool isIgnored(const redemption::Attachment& attachment) const {
-        if (!ignoresNames_) {
+    bool contain(const redemption::Attachment& attachment) const {
+        if (!active_) {
             return false;
         }
         // One without a name, an embedded object say, cannot be meant by any name on the list.
@@ -87,31 +68,37 @@ class AttachmentFilter {
         if (text::trim(name).empty()) {
             return false;
         }
-        for (const std::wstring_view ignored : text::split(ignoredNames_, L';')) {
-            if (text::equalsTrimmed(ignored, name)) {
-                return true;
-            }
-        }
-        return false;
+        return std::ranges::any_of(text::split(names_, L';'), [&name](std::wstring_view ignored) {
+            return text::equalsTrimmed(ignored, name);
+        });
     }
 
-    const redemption::SafeItem& mail_;
-    bool ignoresNames_;
-    std::wstring ignoredNames_;
-    /// In upper case; read only when an attachment has a content id to look for.
-    std::optional<std::wstring> htmlBody_;
+  private:
+    bool active_;
+    std::wstring names_;
 };
 
+/// True when an attachment counts: one that is neither disregarded nor a picture inside the text.
 bool hasAttachment(const Globals& globals, const redemption::SafeItem& mail) {
+    const IgnoredNames ignored(globals);
+    std::vector<std::wstring> contentIds;
     const auto attachments = mail.attachments();
     const std::int32_t count = attachments.count();
-    AttachmentFilter filter(globals, mail);
     for (std::int32_t index = 1; index <= count; ++index) {
-        if (filter.counts(attachments.item(index))) {
+        const redemption::Attachment attachment = attachments.item(index);
+        if (ignored.contain(attachment)) {
+            continue;
+        }
+        // One whose id cannot be read is no picture inside the text.
+        const std::wstring contentId =
+            basGlobals::attempt([&] { return attachment.contentId(); }).value_or(L"");
+        if (contentId.empty()) {
             return true;
         }
+        contentIds.push_back(text::upper(contentId));
     }
-    return false;
+    // Only now the body, which may be of any size: a mail with a real attachment costs no look at it.
+    return !contentIds.empty() && !allOccur(contentIds, text::upper(mail.htmlBody()));
 }
 
 }  // namespace

@@ -10,6 +10,7 @@ constexpr wchar_t promise[] = L"See the attached report.";
 
 const host::Attachment report{.fileName = L"report.pdf"};
 const host::Attachment picture{.fileName = L"logo.png", .contentId = L"logo@veltro"};
+const host::Attachment otherPicture{.fileName = L"map.png", .contentId = L"map@veltro"};
 const host::Attachment card{.fileName = L"me.vcf"};
 
 struct Case {
@@ -67,6 +68,17 @@ INSTANTIATE_TEST_SUITE_P(
              .html = L"<img src='cid:logo@veltro'>",
              .attachments = {picture, report},
              .asked = false},
+        Case{.name = "UnusedPictureBesideUsedOnes",
+             .html = L"<img src='cid:logo@veltro'><img src='cid:map@veltro'>",
+             .attachments = {picture, otherPicture, host::Attachment{L"x.png", L"other@veltro"}},
+             .asked = false},
+        Case{.name = "SeveralInlinePictures",
+             .html = L"<img src='cid:logo@veltro'><img src='cid:map@veltro'>",
+             .attachments = {picture, otherPicture}},
+        Case{.name = "ListedPictureIsNoFileThoughUnused",
+             .html = L"<img src='cid:logo@veltro'>",
+             .attachments = {picture, otherPicture},
+             .settings = {{L"IgnoreAttach", L"True"}, {L"IgnoreAttachValue", L"map.png"}}},
         Case{.name = "ListedCardIsNoFile",
              .attachments = {card},
              .settings = {{L"IgnoreAttach", L"True"}, {L"IgnoreAttachValue", L"a.vcf; ME.VCF "}}},
