@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <stdexcept>
-
 #include "platform/automation.h"
 #include "platform/native/MemorySettingsStore.h"
 #include "tests/TemporaryFolder.h"
