@@ -36,6 +36,9 @@ std::vector<MessageFile> readOne(const std::wstring& file, const Importer& impor
         return {{file, importer(contents)}};
     }
     std::vector<MessageFile> messages = parseMessages(contents);
+    if (messages.empty()) {
+        throw std::runtime_error("holds no message");
+    }
     for (MessageFile& message : messages) {
         if (message.name.empty()) {
             message.name = file;

@@ -65,6 +65,8 @@ TEST_F(Program, GoesOnAfterAFileThatItCannotRead) {
     EXPECT_EQ(imported.status, 2);
     EXPECT_NE(imported.output.find("\"plain.eml\""), std::string::npos) << imported.output;
     EXPECT_EQ(run("send none.eml").status, 2);
+    write("empty.json", "[]");
+    EXPECT_EQ(run("send empty.json").errors, "veltro-host: empty.json: holds no message\n");
 }
 
 TEST_F(Program, SaysThatItsOutputCannotBeWritten) {
