@@ -171,6 +171,10 @@ TEST(Rowset, GoesByNameSpaces) {
                   .find(L"xmlns:s='UUID:bdc6e3f0"),
               5U)
         << "as it was declared";
+    EXPECT_NE(writeRowset(readRowset(text::replaceAll(usual, L"uuid:C2F41010-65B3-11d1-A29F-00AA00C14882",
+                                                      L"urn:other")))
+                  .find(L"xmlns:dt='urn:other'"),
+              std::wstring::npos);
 }
 
 std::wstring nested(std::size_t depth) {
@@ -267,6 +271,7 @@ TEST(Rowset, RefusesWhatIsNone) {
         text::replaceAll(listText(L"<z:row/>"), L"<z:row/>", L"<z:row xmlns:z='urn:other'/>"),
         text::replaceAll(listText(L"<z:row/>"), L"<z:row/>", L"<y:row xmlns:y='urn:other'/>"),
         text::replaceAll(listText(L"<z:row/>"), L"<z:row/>", L"<row/>"),
+        listText(L"<y:row xmlns:y='#RowsetSchema'/><y:row/>"),
         listText(L"<z:row xmlns:q='urn:schemas-microsoft-com:rowset' q:a='' rs:a=''/>"),
         text::replaceAll(emptyList, L"id='RowsetSchema'",
                          L"xmlns:q='urn:schemas-microsoft-com:rowset' q:id='' rs:id='' id='RowsetSchema'"),
@@ -337,6 +342,9 @@ TEST(Rowset, CanReadWhatItHasWritten) {
     EXPECT_NO_THROW(rowset::writeReadable(
         readRowset(text::replaceAll(listText(L"<z:row strAccount='a' c3='b'/>"), L"<s:extends", twin))))
         << "two columns of one name";
+
+    EXPECT_FALSE(rowset::sameRows(readRowset(listText(L"<z:row a='1'/>")),
+                                  readRowset(listText(L"<z:row a='1' b='2'/>"))));
 
     // The row has one attribute more than may be read.
     rowset::Limits limits;
