@@ -38,6 +38,18 @@ void copyOfBody(benchmark::State& state) {
 }
 BENCHMARK(copyOfBody)->Arg(largeBody);
 
+/// The check of a mail that it lets go without a question.
+void runCheck(benchmark::State& state, BenchWorld& world, const host::Message& message) {
+    const outlook::Item item(world.outlook.itemOf(world.outlook.openNewMail(message)));
+    bool cancel = false;
+    for (auto _ : state) {
+        basVeltro::vtAttachMissingCheck(world.globals, item, cancel);
+    }
+    if (cancel || world.wasPrompted()) {
+        state.SkipWithError("the check asked something");
+    }
+}
+
 /// The second argument is the number of keywords, 0 the default ones.
 void attachmentCheck(benchmark::State& state) {
     BenchWorld world;
@@ -51,14 +63,7 @@ void attachmentCheck(benchmark::State& state) {
     host::Message message;
     message.subject = L"Figures";
     message.body = prose(static_cast<std::size_t>(state.range(0)));
-    const outlook::Item item(world.outlook.itemOf(world.outlook.openNewMail(message)));
-    bool cancel = false;
-    for (auto _ : state) {
-        basVeltro::vtAttachMissingCheck(world.globals, item, cancel);
-    }
-    if (cancel || world.wasPrompted()) {
-        state.SkipWithError("the check asked something");
-    }
+    runCheck(state, world, message);
     reportRate(state);
 }
 BENCHMARK(attachmentCheck)
@@ -82,14 +87,7 @@ void picturesThatLookAlike(benchmark::State& state) {
         message.attachments.push_back({.fileName = L"picture.png", .contentId = id});
         message.html += id;
     }
-    const outlook::Item item(world.outlook.itemOf(world.outlook.openNewMail(message)));
-    bool cancel = false;
-    for (auto _ : state) {
-        basVeltro::vtAttachMissingCheck(world.globals, item, cancel);
-    }
-    if (cancel || world.wasPrompted()) {
-        state.SkipWithError("the check asked something");
-    }
+    runCheck(state, world, message);
 }
 BENCHMARK(picturesThatLookAlike)
     ->Args({1, 800})
@@ -108,14 +106,7 @@ void picturesOfANewsletter(benchmark::State& state) {
         message.attachments.push_back({.fileName = L"picture.png", .contentId = id});
         message.html += L"<img src=\"cid:" + id + L"\">";
     }
-    const outlook::Item item(world.outlook.itemOf(world.outlook.openNewMail(message)));
-    bool cancel = false;
-    for (auto _ : state) {
-        basVeltro::vtAttachMissingCheck(world.globals, item, cancel);
-    }
-    if (cancel || world.wasPrompted()) {
-        state.SkipWithError("the check asked something");
-    }
+    runCheck(state, world, message);
 }
 BENCHMARK(picturesOfANewsletter)->Arg(10'000)->Arg(2'000'000)->Unit(benchmark::kMillisecond);
 

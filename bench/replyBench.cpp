@@ -65,12 +65,13 @@ BENCHMARK(replyAllCheck)
     ->Unit(benchmark::kMillisecond)
     ->Complexity();
 
-/// A Reply to All whose user has unticked every second recipient.
+/// A Reply to All whose user has unticked the last half of the recipients: of others the simulated Outlook
+/// would move those behind them, which is no time of the check's.
 void pruning(benchmark::State& state) {
     BenchWorld world;
     const outlook::Item answered(world.outlook.receive(mailToMany(state.range(0))));
     std::wstring positions;
-    for (std::int64_t position = 1; position <= state.range(0); position += 2) {
+    for (std::int64_t position = state.range(0) / 2 + 1; position <= state.range(0); ++position) {
         positions += std::to_wstring(position) + L";";
     }
     for (auto _ : state) {

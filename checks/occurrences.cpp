@@ -1,6 +1,7 @@
 #include "checks/occurrences.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <span>
 
@@ -26,6 +27,9 @@ class PartTree {
     bool allOccurIn(std::wstring_view text) {
         std::uint32_t node = root;
         for (const wchar_t character : text) {
+            if (node == root && !mayStart_[lowByte(character)]) {
+                continue;  // Nearly all of an ordinary text.
+            }
             node = next(node, character);
             nodes_[node].reached = true;
         }
@@ -54,6 +58,8 @@ class PartTree {
         std::size_t first;
         std::size_t last;
     };
+
+    static std::size_t lowByte(wchar_t character) { return static_cast<std::size_t>(character) & 0xFF; }
 
     std::uint32_t size() const { return static_cast<std::uint32_t>(nodes_.size()); }
 
@@ -86,6 +92,9 @@ class PartTree {
     }
 
     void link() {
+        for (std::uint32_t first = nodes_[root].firstChild; first < nodes_[root + 1].firstChild; ++first) {
+            mayStart_[lowByte(nodes_[first].character)] = true;
+        }
         for (std::uint32_t node = root; node + 1 < size(); ++node) {
             for (std::uint32_t below = nodes_[node].firstChild; below < nodes_[node + 1].firstChild;
                  ++below) {
@@ -112,6 +121,8 @@ class PartTree {
     }
 
     std::vector<Node> nodes_;
+    /// Whether a part starts with a character that ends in this byte.
+    std::array<bool, 256> mayStart_{};
     /// The node of each part.
     std::vector<std::uint32_t> ends_;
 };
@@ -140,7 +151,7 @@ bool allOccur(const std::vector<std::wstring>& parts, std::wstring_view text) {
     }
     std::ranges::sort(sorted);
     // Several trees rather than one that is larger than the text. Any two that follow each other are larger
-    // together, so that all the passes over the text take no longer than one over the parts.
+    // together, so that all the passes over the text are in proportion to the parts.
     for (Parts rest = sorted; !rest.empty();) {
         const std::size_t count = partsOfOneTree(rest, text.size());
         if (!PartTree(rest.first(count)).allOccurIn(text)) {

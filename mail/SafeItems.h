@@ -90,7 +90,6 @@ class SafeItem : public outlook::Front {
     outlook::Collection<Recipient> replyRecipients() const {
         return outlook::Collection<Recipient>(object_.get(L"ReplyRecipients").toObject());
     }
-    std::wstring senderEmailAddress() const { return object_.get(L"SenderEmailAddress").toText(); }
     automation::Date deferredDeliveryTime() const { return object_.get(L"DeferredDeliveryTime").toDate(); }
     void setDeferredDeliveryTime(automation::Date time) const { object_.put(L"DeferredDeliveryTime", time); }
     automation::Value field(std::int32_t tag) const { return object_.get(L"Fields", tag); }
