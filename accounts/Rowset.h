@@ -109,7 +109,7 @@ Rowset readRowset(std::wstring_view xml, const Limits& limits = {});
 /// The text form, byte for byte as the data-access components lay it out.
 std::wstring writeRowset(const Rowset& rowset);
 
-/// The same, once it has been read back. Throws std::length_error when that does not give the same rows: what
+/// The same, once it has been read back. Throws automation::Error when that does not give the same rows: what
 /// is read just within the limits may grow beyond them.
 std::wstring writeReadable(const Rowset& rowset, const Limits& limits = {});
 

@@ -1,9 +1,9 @@
 #include <cstddef>
-#include <stdexcept>
 
 #include "accounts/Rowset.h"
 #include "accounts/XmlReader.h"
 #include "accounts/characters.h"
+#include "platform/automation.h"
 
 namespace rowset {
 
@@ -216,7 +216,8 @@ std::wstring writeReadable(const Rowset& rowset, const Limits& limits) {
         }
     };
     if (!isReadable()) {
-        throw std::length_error("The list would be too large to be read again.");
+        throw automation::Error(automation::errors::overflow,
+                                L"The list would be too large to be read again.");
     }
     return text;
 }

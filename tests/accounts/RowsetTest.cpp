@@ -2,9 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <stdexcept>
-
 #include "accounts/XmlReader.h"
+#include "platform/automation.h"
 #include "tests/accounts/listTexts.h"
 
 namespace {
@@ -351,7 +350,7 @@ TEST(Rowset, CanReadWhatItHasWritten) {
     limits.mostAttributes = 6;
     AccountRows wide(listText(L"<z:row a='' b='' c='' d='' e=''/>"), {.mostAttributes = 8});
     wide.set({L"a@b.org", L"Work"});
-    EXPECT_THROW(rowset::writeReadable(wide.rowset(), limits), std::length_error);
+    EXPECT_THROW(rowset::writeReadable(wide.rowset(), limits), automation::Error);
     limits.mostAttributes = 8;
     EXPECT_NO_THROW(rowset::writeReadable(wide.rowset(), limits));
 }
