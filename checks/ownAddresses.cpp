@@ -32,7 +32,7 @@ class OwnDomains {
 
     bool empty() const { return upperText_.empty(); }
 
-    /// The part from the "@" on stands anywhere in the text, or the part behind it is one of the domains.
+    /// What follows from the "@" on stands anywhere in the text, or the part behind it is one of the domains.
     bool contain(const std::wstring& address) const {
         const auto at = address.find(L'@');
         if (at == std::wstring::npos) {
