@@ -49,7 +49,7 @@ output that cannot be written, 3 a prompt found no answer.
 )";
 
 std::string inQuotes(std::wstring_view text) {
-    return "\"" + text::toUtf8(text) + "\"";
+    return '"' + text::toUtf8(text) + '"';
 }
 
 /// The texts before and after the first "=".

@@ -147,7 +147,7 @@ void Report::formText(const platform::FormPrompt& prompt, const std::optional<pl
             constexpr std::size_t belowName = 10;
             const bool bracketed = control.fillable || !control.value.empty();
             line("      " + terminalLine(control.name) + ":" +
-                 (control.caption.empty() ? "" : " " + indented(control.caption, belowName)) +
+                 (control.caption.empty() ? "" : ' ' + indented(control.caption, belowName)) +
                  (bracketed ? " [" + indented(control.value, belowName) + "]" : ""));
         }
     }
