@@ -64,7 +64,7 @@ inline constexpr NumberFlag DoNotShowSelect{L"DoNotShowSelect", 0};
 
 /// Ask before sending: `0` never, `1` always, `2` for e-mails to `ConfirmEmailAddrs`.
 inline constexpr Choice DisplayConfirmation{L"DisplayConfirmation"};
-/// The addresses and domains that want a confirmation, joined by `;`.
+/// The addresses that want a confirmation, joined by `;`.
 inline constexpr Text ConfirmEmailAddrs{L"ConfirmEmailAddrs", L""};
 /// Ask before sending to more than `XRecipients` recipients.
 inline constexpr TextFlag ConfirmForXRecipients{L"ConfirmForXRecipients", false};
@@ -79,7 +79,7 @@ inline constexpr TextFlag DelayEmails{L"DelayEmails", false};
 inline constexpr Text DelayTime{L"DelayTime", L"60", L"0"};
 /// Hold all of them back; `0`: only those to `DelayedEmailAddrs`.
 inline constexpr NumberFlag AutoDelayAll{L"AutoDelayAll", 1};
-/// The addresses and domains whose e-mails are held back, joined by `;`.
+/// The addresses whose e-mails are held back, joined by `;`.
 inline constexpr Text DelayedEmailAddrs{L"DelayedEmailAddrs", L""};
 /// Ask before an e-mail is held back.
 inline constexpr TextFlag NotifyBeforeDelaying{L"NotifyBeforeDelaying", true};
