@@ -1,6 +1,9 @@
 #include "accounts/listFolder.h"
 
+#include <algorithm>
 #include <array>
+#include <map>
+#include <ranges>
 #include <utility>
 
 #include "mail/errorTrap.h"
@@ -51,9 +54,22 @@ Folder searchedChild(const Folder& parent, const std::wstring& name) {
     return {};
 }
 
+/// In an order that is the same in each Outlook on the mailbox, which that of a folder's items is not: two
+/// that unite the items at the same moment must take the same one for the first.
+void sortByEntryId(std::vector<outlook::Item>& items) {
+    std::map<std::wstring, outlook::Item> sorted;
+    for (outlook::Item& item : items) {
+        sorted.emplace(item.entryId(), item);
+    }
+    std::ranges::copy(sorted | std::views::values, items.begin());
+}
+
 /// With what it holds. Throws automation::Error.
 Place placeOf(const Folder& folder) {
     Place place{folder, {}, folder ? listItems(folder) : std::vector<outlook::Item>()};
+    if (place.others.size() > 1) {
+        sortByEntryId(place.others);
+    }
     if (!place.others.empty()) {
         place.item = place.others.front();
         place.others.erase(place.others.begin());

@@ -30,8 +30,8 @@ struct StoredLists {
     std::wstring body;
     /// Its rows, and those of the others that it has not.
     AccountRows rows;
-    /// Those others; an item that holds no list is none of them.
-    std::vector<outlook::Item> others;
+    /// Those others, with what they hold; an item that holds no list is none of them.
+    std::vector<std::pair<outlook::Item, std::wstring>> others;
 };
 
 StoredLists readLists(const Globals& globals, const listFolder::Place& place) {
@@ -41,7 +41,7 @@ StoredLists readLists(const Globals& globals, const listFolder::Place& place) {
         const std::wstring text = safe(globals, other).body();
         try {
             lists.rows.takeMissing(AccountRows(text));
-            lists.others.push_back(other);
+            lists.others.emplace_back(other, text);
         } catch (const rowset::NotARowset&) {
             continue;
         }
@@ -64,7 +64,10 @@ bool unite(const Globals& globals, const outlook::Item& first, StoredLists& list
     if (result.outcome != Outcome::Stored) {
         throw automation::Error(automation::errors::failed, result.error);
     }
-    for (const outlook::Item& other : lists.others) {
+    for (const auto& [other, known] : lists.others) {
+        if (!listBody::holdSameList(safe(globals, other).body(), known)) {
+            return false;  // Somebody has stored something there since it was read.
+        }
         other.object().call(L"Delete");
     }
     lists.body = std::move(text);

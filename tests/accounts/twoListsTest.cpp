@@ -66,6 +66,33 @@ TEST(TwoLists, LoseNothingAndRegainNothingByAFailure) {
     }
 }
 
+/// Another Outlook, which has the second item in use, stores an entry there while the two are made one. Only
+/// the moment between the last look at it and its deletion is beyond help.
+TEST(TwoLists, KeepWhatIsStoredInTheSecondMeanwhile) {
+    std::size_t lost = 0;
+    bool happened = true;
+    for (std::size_t call = 1; happened; ++call) {
+        AccountsWorld world(profileWith({listText({ann})}));
+        const automation::Object second =
+            world.outlook.store(tarnwellFolder, storedList(listText({bob})).message);
+        bool stored = false;
+        happened = false;
+        world.outlook.duringCall(call, [&] {
+            happened = true;
+            stored = world.outlook.itemsIn(tarnwellFolder).size() == 2U;
+            if (stored) {
+                world.outlook.typeBody(second, listText({bob, cy}));
+            }
+        });
+        EXPECT_TRUE(world.list.LoadList());
+        world.outlook.duringCall(0, nullptr);
+        EXPECT_TRUE(world.list.LoadList());
+        EXPECT_EQ(world.outlook.itemsIn(tarnwellFolder).size(), 1U) << "call " << call;
+        lost += stored && world.loaded() != Entries{ann, bob, cy} ? 1 : 0;
+    }
+    EXPECT_EQ(lost, 1U);
+}
+
 /// Another Outlook puts its own list there while this one makes its first.
 TEST(TwoLists, OfTwoOutlooksThatBeginTogetherBecomeOne) {
     bool happened = true;
