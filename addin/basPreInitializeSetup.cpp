@@ -28,14 +28,19 @@ std::optional<std::wstring> machinePresetId(const Globals& globals) {
 
 void copyPresets(const Globals& globals, const std::wstring& presetId) {
     const auto presets = basRegistry::EnumerateValues(globals, platform::RootKey::LocalMachine, presetKey);
+    bool sawId = false;
     for (const basRegistry::NamedValue& preset : presets) {
         const bool isId = text::equalsIgnoringCase(preset.name, modRegKeys::PreSetupID.key);
+        sawId = sawId || isId;
         if (!isId && !preset.name.empty()) {  // The key's default value has no name and is no setting.
             globals.platform.settings.write(preset.name, preset.data);
         }
     }
-    // The id comes last: when a value could not be read or written, the next start tries all of them again.
-    modRegKeys::PreSetupID.write(globals, presetId);
+    // The id comes last: when the key could not be listed, or a value not be read or written, the next start
+    // tries all of them again.
+    if (sawId) {
+        modRegKeys::PreSetupID.write(globals, presetId);
+    }
 }
 
 }  // namespace

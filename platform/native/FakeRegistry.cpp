@@ -123,11 +123,14 @@ void FakeRegistry::failValue(RootKey root, const std::wstring& path, const std::
     findValue(*keys_.at(nameOf(root, path)), name)->status = status;
 }
 
-std::int32_t FakeRegistry::open(RootKey root, const std::wstring& path, std::uint32_t /*access*/,
+std::int32_t FakeRegistry::open(RootKey root, const std::wstring& path, std::uint32_t access,
                                 std::unique_ptr<RegistryKey>& key) {
     const Name name = nameOf(root, path);
     if (const auto failure = failures_.find(name); failure != failures_.end()) {
         return failure->second;
+    }
+    if (access == registry::readAccess && unlisted_.contains(name)) {
+        return accessDenied;
     }
     const auto found = keys_.find(name);
     if (found == keys_.end() && !name.second.empty()) {

@@ -27,6 +27,8 @@ class FakeRegistry : public MachineRegistry {
     void setNumber(RootKey root, const std::wstring& path, const std::wstring& name, std::uint32_t number);
     /// From now on opening the key gives `status`.
     void failOpen(RootKey root, const std::wstring& path, std::int32_t status = accessDenied);
+    /// From now on the key can be opened to query a value, but not to list all of them.
+    void failListing(RootKey root, const std::wstring& path) { unlisted_.insert(nameOf(root, path)); }
     /// From now on whoever enumerates the key gets `status` in place of the value of that name.
     void failValue(RootKey root, const std::wstring& path, const std::wstring& name,
                    std::int32_t status = accessDenied);
@@ -49,6 +51,7 @@ class FakeRegistry : public MachineRegistry {
 
     std::map<Name, std::shared_ptr<Values>> keys_;
     std::map<Name, std::int32_t> failures_;
+    std::set<Name> unlisted_;
 };
 
 }  // namespace platform::native

@@ -38,6 +38,16 @@ TEST(Presets, CountAsAppliedOnlyWhenAllOfThemCouldBeRead) {
     EXPECT_EQ(world.settings.read(L"PreSetupID"), L"7");
 }
 
+TEST(Presets, CountAsAppliedOnlyWhenTheyCouldBeListed) {
+    TestWorld world({L"Veltro=OK"});
+    presetDelay(world);
+    world.registry.failListing(RootKey::LocalMachine, presetKey);
+    InitializeSetup(world.globals);
+    EXPECT_EQ(world.settings.read(L"PreSetupID"), std::nullopt);
+    ASSERT_EQ(world.log.messages.size(), 1U);
+    EXPECT_EQ(world.log.messages[0].text, L"Error opening key.");
+}
+
 /// Of which one setting cannot be written.
 class HalfBrokenStore : public platform::native::MemorySettingsStore {
   public:
