@@ -55,6 +55,7 @@ void Connect::OnConnection(const automation::Object& application, int /*connectM
     addInInst_ = addInInst;
     StartingUp startingUp(globals_.startingUp);
     libraryLookedFor_ = false;
+    toldOfLibrary_ = false;
 
     openResourceLibrary();
     readProductTexts();
@@ -64,6 +65,7 @@ void Connect::OnConnection(const automation::Object& application, int /*connectM
         return;
     }
     lookForLibrary();
+    tellOfMissingLibrary();
     if (wrapOpenExplorers()) {
         settingsFolder::moveToCurrentPlace(globals_);
         const auto list = basSendAcct::OpenList(globals_);
@@ -74,10 +76,17 @@ void Connect::OnConnection(const automation::Object& application, int /*connectM
     refreshEmailList();
 }
 
-/// Once, and with a window: an Outlook that a program has started without one must not wait for an answer.
 void Connect::lookForLibrary() {
     if (!std::exchange(libraryLookedFor_, true)) {
         missingLibrary::lookFor(globals_);
+    }
+}
+
+/// Once, and with a window on the screen: a program that has started Outlook without one, or works with a
+/// window that it never shows, must not wait for an answer.
+void Connect::tellOfMissingLibrary() {
+    if (globals_.redemptionMissing && !std::exchange(toldOfLibrary_, true)) {
+        skipErrors([&] { missingLibrary::tell(globals_); });
     }
 }
 

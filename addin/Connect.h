@@ -49,6 +49,7 @@ class Connect {
     void colInsp_NewInspector(const outlook::Inspector& inspector);
     void ensureOutAddIn();
     void lookForLibrary();
+    void tellOfMissingLibrary();
 
     AlertingDesktop desktop_;
     /// The world with that desktop.
@@ -60,6 +61,7 @@ class Connect {
     automation::Object addInInst_;
     std::shared_ptr<OutAddIn> outAddIn_;
     bool libraryLookedFor_ = false;
+    bool toldOfLibrary_ = false;
 
     outlook::Explorer objExpl_;
     automation::Subscription objExplEvents_;

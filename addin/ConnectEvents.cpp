@@ -49,6 +49,8 @@ void Connect::setInspector(const outlook::Inspector& inspector) {
                                                [this](std::int32_t event, std::span<automation::Value>) {
                                                    if (event == outlook::events::inspectorClose) {
                                                        objInsp_Close();
+                                                   } else if (event == outlook::events::inspectorActivate) {
+                                                       tellOfMissingLibrary();
                                                    }
                                                });
     }

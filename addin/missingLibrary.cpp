@@ -8,9 +8,6 @@ namespace missingLibrary {
 void lookFor(basGlobals::Globals& globals) {
     globals.redemptionMissing = !basGlobals::skipErrors(
         [&] { globals.platform.automation.createObject(redemption::progId::safeMailItem); });
-    if (globals.redemptionMissing) {
-        basGlobals::skipErrors([&] { tell(globals); });
-    }
 }
 
 void tell(const basGlobals::Globals& globals) {
@@ -18,7 +15,8 @@ void tell(const basGlobals::Globals& globals) {
     globals.platform.desktop.messageBox(
         title +
             L" cannot read e-mails, because the Redemption library is missing on this computer.\r\n\r\n"
-            L"Until it is installed only the subjects of your e-mails are checked. Attachments, "
+            L"Until it is installed and Outlook is started again, only the subjects of your e-mails are "
+            L"checked. Attachments, "
             L"recipients, delayed sending and preferred accounts are not.",
         {platform::Buttons::Ok, platform::Icon::Warning}, title);
 }
