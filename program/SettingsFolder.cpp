@@ -42,6 +42,15 @@ std::wstring attributeValue(std::wstring_view value) {
     throw std::runtime_error("folder file " + text::toUtf8(*line.folderFile) + ": " + why);
 }
 
+/// Also of files that are yet to be made, and of links: a run that locked one file twice would wait for
+/// itself.
+bool isSameFile(const std::filesystem::path& left, const std::filesystem::path& right) {
+    std::error_code ignored;
+    return std::filesystem::equivalent(left, right, ignored) ||
+           std::filesystem::weakly_canonical(std::filesystem::absolute(left, ignored), ignored) ==
+               std::filesystem::weakly_canonical(std::filesystem::absolute(right, ignored), ignored);
+}
+
 }  // namespace
 
 host::Message preferredAccountsItem(const std::vector<std::pair<std::wstring, std::wstring>>& accounts) {
@@ -62,9 +71,7 @@ std::optional<FileLock> holdSettingsFolder(const CommandLine& line, const std::f
     }
     try {
         const auto file = pathOf(*line.folderFile);
-        std::error_code ignored;
-        if (line.settingsFile && (pathOf(*line.settingsFile) == file ||
-                                  std::filesystem::equivalent(pathOf(*line.settingsFile), file, ignored))) {
+        if (line.settingsFile && isSameFile(pathOf(*line.settingsFile), file)) {
             throw std::runtime_error("is the settings file too");
         }
         if (auto lock = FileLock::tryLock(file)) {

@@ -89,8 +89,10 @@ TEST_F(SettingsFolderFile, IsKeptToOneRunAtATime) {
 }
 
 TEST_F(SettingsFolderFile, IsNotTheSettingsFileToo) {
-    const auto line = parse({L"--settings", text::fromUtf8(file().string())});
+    auto line = parse({L"--settings", text::fromUtf8(file().string())});
     EXPECT_THROW(program::holdSettingsFolder(line, [] {}), std::runtime_error);
+    line.settingsFile = (file().parent_path() / "." / file().filename()).wstring();
+    EXPECT_THROW(program::holdSettingsFolder(line, [] {}), std::runtime_error) << "the same, not made yet";
 }
 
 }  // namespace
