@@ -32,7 +32,8 @@ class OwnDomains {
 
     bool empty() const { return upperText_.empty(); }
 
-    /// What follows from the "@" on stands anywhere in the text, or the part behind it is one of the domains.
+    /// True when the address from its "@" on stands anywhere in the text, or its domain is one of those
+    /// listed.
     bool contain(const std::wstring& address) const {
         const auto at = address.find(L'@');
         if (at == std::wstring::npos) {
