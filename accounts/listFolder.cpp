@@ -57,7 +57,7 @@ Folder searchedChild(const Folder& parent, const std::wstring& name) {
 /// In an order that is the same in each Outlook on the mailbox, which that of a folder's items is not: two
 /// that unite the items at the same moment must take the same one for the first.
 void sortByEntryId(std::vector<outlook::Item>& items) {
-    std::map<std::wstring, outlook::Item> sorted;
+    std::multimap<std::wstring, outlook::Item> sorted;  // Items of one id, if ever, all stay.
     for (outlook::Item& item : items) {
         sorted.emplace(item.entryId(), item);
     }
