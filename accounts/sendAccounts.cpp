@@ -47,7 +47,7 @@ void stamp(const redemption::SafeItem& item, const std::array<Property, 4>& prop
         for (const Property& property : properties) {
             item.setField(property.tag, property.value);
         }
-        item.save();
+        item.saveWritten();
     } catch (...) {
         for (const Property& property : before) {
             basGlobals::skipErrors([&] { item.setField(property.tag, property.value); });

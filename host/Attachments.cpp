@@ -9,21 +9,31 @@ namespace host {
 
 using automation::Value;
 
+namespace {
+
+void noteChange(Item& item, bool safe) {
+    if (safe) {
+        item.written(Part::Attachments);
+    } else {
+        item.touch(Part::Attachments);
+    }
+}
+
+}  // namespace
+
 Attachments::Attachments(World& world, std::shared_ptr<Item> item, bool safe)
     : Automated(world), item_(std::move(item)), safe_(safe) {}
 
 constinit const Member<Attachments> Attachments::table_[] = {
     {.name = L"Count",
      .id = 80,
-     .get =
-         [](Attachments& attachments, Arguments) {
-             return Value(static_cast<std::int32_t>(attachments.item_->content().attachments.size()));
-         }},
+     .get = [](Attachments& attachments,
+               Arguments) { return Value(static_cast<std::int32_t>(attachments.list().size())); }},
     {.name = L"Item",
      .id = 81,
      .get =
          [](Attachments& attachments, Arguments arguments) {
-             const AttachmentList& list = attachments.item_->content().attachments;
+             const AttachmentList& list = attachments.list();
              return Value(attachments.world().makeObject<AttachmentObject>(
                  attachments.item_, list[position(arguments[0], list.size())], attachments.safe_));
          },
@@ -36,7 +46,8 @@ constinit const Member<Attachments> Attachments::table_[] = {
              const std::wstring path = arguments.text(0);
              auto data =
                  std::make_shared<Attachment>(Attachment{path.substr(path.find_last_of(L"\\/") + 1), {}});
-             attachments.item_->content().attachments.push_back(data);
+             attachments.list().push_back(data);
+             noteChange(*attachments.item_, attachments.safe_);
              const auto added = attachments.world().makeObject<AttachmentObject>(
                  attachments.item_, std::move(data), attachments.safe_);
              attachments.world().raise(*attachments.item_->eventSource(), L"AttachmentAdd", 0xF00B, {added});
@@ -48,9 +59,10 @@ constinit const Member<Attachments> Attachments::table_[] = {
      .id = 84,
      .call =
          [](Attachments& attachments, Arguments arguments) {
-             AttachmentList& list = attachments.item_->content().attachments;
+             AttachmentList& list = attachments.list();
              const std::size_t index = position(arguments[0], list.size());
              list.erase(list.begin() + static_cast<std::ptrdiff_t>(index));
+             noteChange(*attachments.item_, attachments.safe_);
              return Value();
          },
      .least = 1,
@@ -67,7 +79,7 @@ AttachmentObject::AttachmentObject(World& world, std::shared_ptr<Item> item, std
 
 void AttachmentObject::checkUsable() const {
     item_->checkUsable();
-    const AttachmentList& list = item_->content().attachments;
+    const AttachmentList& list = attachmentsOf(*item_, safe_);
     if (std::ranges::find(list, data_) == list.end()) {
         raise::objectNotFound();
     }
@@ -84,7 +96,8 @@ constinit const Member<AttachmentObject> AttachmentObject::table_[] = {
      .id = 105,
      .call =
          [](AttachmentObject& attachment, Arguments) {
-             std::erase(attachment.item_->content().attachments, attachment.data_);
+             std::erase(attachmentsOf(*attachment.item_, attachment.safe_), attachment.data_);
+             noteChange(*attachment.item_, attachment.safe_);
              return Value();
          }},
     {.name = L"Fields",

@@ -8,6 +8,11 @@
 
 namespace host {
 
+/// The list on Outlook's side of an item, or on that of the MAPI library.
+inline AttachmentList& attachmentsOf(Item& item, bool safe) {
+    return (safe ? item.message() : item.content()).attachments;
+}
+
 /// The attachments of an item, Outlook's or Redemption's.
 class Attachments : public Automated<Attachments> {
   public:
@@ -17,6 +22,7 @@ class Attachments : public Automated<Attachments> {
 
     std::wstring className() const override { return safe_ ? L"SafeAttachments" : L"Attachments"; }
     void checkUsable() const override { item_->checkUsable(); }
+    AttachmentList& list() const { return attachmentsOf(*item_, safe_); }
 
   private:
     static const Member<Attachments> table_[];

@@ -97,7 +97,7 @@ Value itemAt(Items& items, Arguments arguments) {
     }
     const std::wstring subject = arguments.text(0);
     const auto found = std::ranges::find_if(
-        list, [&](const auto& item) { return text::equalsIgnoringCase(item->content().subject, subject); });
+        list, [&](const auto& item) { return text::equalsIgnoringCase(item->message().subject, subject); });
     if (found == list.end()) {
         raise::objectNotFound();
     }

@@ -13,26 +13,12 @@ using automation::Value;
 
 namespace {
 
-/// What stands on an item that is to leave from another account; see field().
+/// What stands on an item that is to leave from another account. Items carry its name and its stamp, too, in
+/// properties by which Outlook does not go.
 namespace stampTag {
 constexpr std::uint32_t primarySendAccount = 0x0E28001E;
 constexpr std::uint32_t nextSendAccount = 0x0E29001E;
-constexpr std::uint32_t accountName = 0x812C001E;
-constexpr std::uint32_t accountStamp = 0x812D001E;
 }  // namespace stampTag
-
-void addRecipients(RecipientList& list, const std::vector<Address>& addresses, int type) {
-    for (const Address& address : addresses) {
-        list.push_back(std::make_shared<RecipientData>(RecipientData{type, address, address.resolvable}));
-    }
-}
-
-template <class T>
-void detach(std::vector<std::shared_ptr<T>>& list) {
-    for (auto& element : list) {
-        element = std::make_shared<T>(*element);
-    }
-}
 
 std::wstring_view nameOf(const Address& address) {
     return address.name.empty() ? address.address : address.name;
@@ -40,37 +26,10 @@ std::wstring_view nameOf(const Address& address) {
 
 }  // namespace
 
-ItemContent ItemContent::of(const Message& message) {
-    ItemContent content;
-    content.itemClass = message.itemClass;
-    content.sender = message.from;
-    content.onBehalfOf = message.onBehalfOf;
-    addRecipients(content.recipients, message.to, 1);
-    addRecipients(content.recipients, message.cc, 2);
-    addRecipients(content.recipients, message.bcc, 3);
-    addRecipients(content.replyTo, message.replyTo, 0);
-    content.subject = message.subject;
-    content.body = message.body;
-    content.html = message.html;
-    for (const Attachment& attachment : message.attachments) {
-        content.attachments.push_back(std::make_shared<Attachment>(attachment));
-    }
-    content.deliveryTime = message.deliveryTime;
-    content.deferred = message.deferredDeliveryTime;
-    content.account = message.account;
-    return content;
-}
-
-ItemContent ItemContent::copy() const {
-    ItemContent result = *this;
-    detach(result.recipients);
-    detach(result.replyTo);
-    detach(result.attachments);
-    detach(result.userProperties);
-    return result;
-}
-
-Item::Item(World& world, ItemContent content) : Automated(world), content_(std::move(content)) {}
+Item::Item(World& world, ItemContent content)
+    : Automated(world),
+      content_(std::move(content)),
+      message_(content_.saved ? content_.copy() : ItemContent{.itemClass = content_.itemClass}) {}
 
 std::wstring Item::className() const {
     switch (content_.itemClass) {
@@ -121,58 +80,30 @@ std::shared_ptr<Folder> Item::folderOrDrafts() const {
     return where ? where : world().mailbox().defaultFolder(defaultFolder::drafts);
 }
 
-RecipientList& Item::storedRecipients(RecipientList ItemContent::*list) {
-    if (folder()) {
-        return content_.*list;
-    }
-    nobody_.clear();
-    return nobody_;
-}
-
-std::wstring Item::names(int recipientType) const {
-    std::wstring result;
-    for (const auto& recipient : content_.recipients) {
-        if (recipient->type == recipientType) {
-            result += result.empty() ? L"" : L"; ";
-            result += nameOf(recipient->address);
-        }
-    }
-    return result;
-}
-
-void Item::setNames(int recipientType, std::wstring_view names) {
-    std::erase_if(content_.recipients,
-                  [&](const auto& recipient) { return recipient->type == recipientType; });
-    for (const std::wstring_view part : text::split(names, L';')) {
-        if (const std::wstring_view name = text::trim(part); !name.empty()) {
-            content_.recipients.push_back(std::make_shared<RecipientData>(
-                RecipientData{recipientType, {.name = std::wstring(name)}, false}));
-        }
-    }
-}
-
 bool Item::resolveAll() {
     bool all = true;
     for (const auto& recipient : content_.recipients) {
-        all = resolve(world(), *recipient) && all;
+        if (!recipient->resolved && resolve(world(), *recipient)) {
+            touch(Part::Recipients);
+        }
+        all = all && recipient->resolved;
     }
     return all;
 }
 
-const Account* Item::stampedAccount() const {
-    const auto text = [this](std::uint32_t tag) { return field(tag).toText(); };
-    const Account* const account = world().account(text(stampTag::accountName));
-    if (!account || text(stampTag::accountStamp) != world().stampOf(*account)) {
+const Account* Item::stampedAccount(const ItemContent& side) const {
+    const std::wstring sendStamp = side.field(stampTag::primarySendAccount).toText();
+    if (sendStamp.empty() || side.field(stampTag::nextSendAccount).toText() != sendStamp) {
         return nullptr;
     }
-    const std::wstring sendStamp = world().sendStampOf(*account);
-    const bool whole =
-        text(stampTag::primarySendAccount) == sendStamp && text(stampTag::nextSendAccount) == sendStamp;
-    return whole ? account : nullptr;
+    const auto& accounts = world().profile().accounts;
+    const auto found = std::ranges::find_if(
+        accounts, [&](const Account& account) { return world().sendStampOf(account) == sendStamp; });
+    return found == accounts.end() ? nullptr : &*found;
 }
 
 std::wstring Item::sendingAccount() const {
-    if (const Account* stamped = stampedAccount()) {
+    if (const Account* stamped = stampedAccount(content_)) {
         return stamped->name;
     }
     if (!content_.account.empty()) {
@@ -182,12 +113,20 @@ std::wstring Item::sendingAccount() const {
     return accounts.empty() ? std::wstring() : accounts.front().name;
 }
 
-void Item::changed(std::wstring_view property) {
+void Item::touch(Part part) {
+    dirty_.add(part);
     content_.saved = false;
+}
+
+void Item::changed(Part part, std::wstring_view property) {
+    touch(part);
     world().raise(events_, L"PropertyChange", 0xF009, {Value(property)});
 }
 
 void Item::save() {
+    if (content_.saved) {
+        return;
+    }
     const auto where = folder() ? folder() : firstFolder_.lock();
     const auto target = where ? where : world().mailbox().defaultFolder(defaultFolder::drafts);
     if (!target) {
@@ -200,15 +139,32 @@ void Item::save() {
     if (world().raiseCancellable(events_, L"Write", 0xF002) || gone_) {
         return;
     }
+    settle();
     if (!folder()) {
         target->take(self<Item>());
     }
+}
+
+/// Brings both sides together: of a part that Outlook has changed its own form is stored, else that which the
+/// MAPI library has written. Of an item that was never saved all the rest is stored, too.
+void Item::settle() {
+    const bool first = entryId_.empty();
+    for (std::size_t index = 0; index < partCount; ++index) {
+        const auto part = static_cast<Part>(index);
+        if (dirty_.contains(part) || (first && !written_.contains(part))) {
+            message_.take(part, content_);
+        } else if (written_.contains(part)) {
+            content_.take(part, message_);
+        }
+    }
+    dirty_.clear();
+    written_.clear();
     content_.saved = true;
 }
 
 void Item::writtenElsewhere(const std::wstring& body) {
     storedElsewhere_ = body;
-    if (content_.saved) {
+    if (content_.saved && written_.empty()) {
         opened();
     }
 }
@@ -218,7 +174,19 @@ void Item::opened() {
         content_.body = *std::exchange(storedElsewhere_, std::nullopt);
         content_.html.clear();
         content_.saved = true;
+        forgetWritten();
+        dirty_.clear();
+        message_.take(Part::Body, content_);
     }
+}
+
+void Item::forgetWritten() {
+    for (std::size_t index = 0; index < partCount; ++index) {
+        if (const auto part = static_cast<Part>(index); written_.contains(part)) {
+            message_.take(part, content_);
+        }
+    }
+    written_.clear();
 }
 
 void Item::placed(const std::shared_ptr<Folder>& folder) {
@@ -233,13 +201,16 @@ void Item::lost() {
 
 std::shared_ptr<Item> Item::moveTo(Folder& target) {
     const auto keep = shared_from_this();
-    const auto moved = world().make<Item>(std::move(content_));
-    content_ = {.itemClass = moved->content_.itemClass};
+    if (!content_.saved) {
+        settle();
+    }
+    // A folder that takes a draft counts it among its unread mails.
+    content_.unread = content_.unread || !content_.sent;
+    const auto moved = world().make<Item>(std::exchange(content_, {.itemClass = content_.itemClass}));
     if (const auto from = folder()) {
         from->release(*this);
     }
     lost();
-    moved->content_.saved = true;
     target.take(moved);
     if (const auto inspector = world().windows().inspectorOf(*this)) {
         inspector->setItem(moved);
@@ -255,7 +226,7 @@ std::shared_ptr<Item> Item::putInto(Folder& target) {
     if (const auto from = folder()) {
         from->release(*this);
     }
-    content_.saved = true;
+    settle();
     target.take(keep);
     return keep;
 }

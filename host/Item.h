@@ -1,14 +1,13 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
 #include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "host/Automated.h"
-#include "host/Message.h"
+#include "host/ItemContent.h"
 #include "host/Outlook.h"
 
 namespace host {
@@ -16,57 +15,17 @@ namespace host {
 class Folder;
 class Inspector;
 
-struct RecipientData {
-    int type = 1;
-    Address address{};
-    bool resolved = false;
-    /// Where it stands in its list, or stood before others were removed: saves the search.
-    std::size_t place = 0;
-};
-using RecipientList = std::vector<std::shared_ptr<RecipientData>>;
-using AttachmentList = std::vector<std::shared_ptr<Attachment>>;
-
-struct UserPropertyData {
-    std::wstring name{};
-    int type = 1;
-    automation::Value value{};
-};
-using UserPropertyList = std::vector<std::shared_ptr<UserPropertyData>>;
-
-/// What an item holds, apart from where it is kept.
-struct ItemContent {
-    int itemClass = itemClass::mail;
-    std::optional<Address> sender{};
-    std::optional<Address> onBehalfOf{};
-    RecipientList recipients{};
-    RecipientList replyTo{};
-    std::wstring subject{};
-    std::wstring body{};
-    std::wstring html{};
-    AttachmentList attachments{};
-    UserPropertyList userProperties{};
-    /// MAPI properties that were set by tag and are no other part of the content.
-    std::map<std::uint32_t, automation::Value> fields{};
-    std::optional<automation::Date> deliveryTime{};
-    std::optional<automation::Date> deferred{};
-    /// The account chosen in the window or through SendUsingAccount.
-    std::wstring account{};
-    bool unread = false;
-    bool sent = false;
-    bool saved = false;
-    std::optional<ReplyKind> answers{};
-
-    static ItemContent of(const Message& message);
-    /// Shares nothing with this one.
-    ItemContent copy() const;
-};
-
 /// An item of any class. Moved and deleted items fail every call; what was moved goes on as a new object.
+///
+/// Outlook keeps what was changed in a window or through its object model to itself until it saves the item:
+/// content(). The MAPI library works on the message below it, which holds what was saved last and what that
+/// library has written since: message(). Outlook skips the saving of an item that it has not changed itself.
 class Item : public Automated<Item> {
   public:
     static constexpr std::wstring_view defaultName = L"Subject";
     static std::span<const Member<Item>> members();
 
+    /// An item that is `saved` counts as stored, though no folder has it yet.
     Item(World& world, ItemContent content);
 
     std::wstring className() const override;
@@ -74,6 +33,8 @@ class Item : public Automated<Item> {
 
     ItemContent& content() noexcept { return content_; }
     const ItemContent& content() const noexcept { return content_; }
+    ItemContent& message() noexcept { return message_; }
+    const ItemContent& message() const noexcept { return message_; }
     bool isMail() const noexcept { return content_.itemClass == itemClass::mail; }
     bool gone() const noexcept { return gone_; }
     const std::wstring& entryId() const noexcept { return entryId_; }
@@ -83,34 +44,30 @@ class Item : public Automated<Item> {
     EventSource* eventSource() override { return &events_; }
     ItemView view() const;
 
-    /// What the MAPI library sees of a list of recipients: nothing of an item that was never saved.
-    RecipientList& storedRecipients(RecipientList ItemContent::*list);
-    /// The names of the recipients of one type, joined by "; ".
-    std::wstring names(int recipientType) const;
-    /// Replaces the recipients of one type by the names in a text; they wait to be resolved.
-    void setNames(int recipientType, std::wstring_view names);
     /// True when all recipients are resolved.
     bool resolveAll();
-    /// The account whose whole stamp stands on the item, or nothing: half a stamp counts for none, so that it
-    /// is noticed.
-    const Account* stampedAccount() const;
+    /// The account whose stamp stands on one side of the item, or nothing: the two properties that decide, in
+    /// one of which alone it counts for none, so that half a stamp is noticed.
+    const Account* stampedAccount(const ItemContent& side) const;
     /// The name of the account that the item leaves with.
     std::wstring sendingAccount() const;
 
-    /// A property by its MAPI tag; empty when the item has it not.
-    automation::Value field(std::uint32_t property) const;
-    void setField(std::uint32_t property, const automation::Value& value);
-
-    /// Notes a change made by automation and raises PropertyChange.
-    void changed(std::wstring_view property);
-    /// Raises Write; a new item goes to the Drafts. Nothing happens when a handler cancels. Throws when the
-    /// store refuses changes.
+    /// Notes that Outlook's side of a part was changed.
+    void touch(Part part);
+    /// The same, for a change that raises PropertyChange.
+    void changed(Part part, std::wstring_view property);
+    /// Notes that the MAPI library has written a part of the message.
+    void written(Part part) { written_.add(part); }
+    /// Raises Write; a new item goes to the Drafts. Nothing happens when the item has no changes of Outlook's
+    /// own, or a handler cancels. Throws when the store refuses changes.
     void save();
     /// Another Outlook on the same mailbox has stored another body.
     void writtenElsewhere(const std::wstring& body);
     /// The folder gives the item out: what was stored elsewhere takes the place of changes that can no longer
     /// be saved.
     void opened();
+    /// Outlook is about to send: what the MAPI library has written and nobody has saved does not go along.
+    void forgetWritten();
     /// Puts the content into another folder as a new item and leaves this one unusable.
     std::shared_ptr<Item> moveTo(Folder& target);
     /// Puts the item itself into another folder.
@@ -128,21 +85,21 @@ class Item : public Automated<Item> {
 
   private:
     static const Member<Item> table_[];
+    void settle();
+
     ItemContent content_;
+    ItemContent message_;
+    /// What was changed since the last save, by Outlook and by the MAPI library.
+    Parts dirty_;
+    Parts written_;
     std::wstring entryId_;
     bool gone_ = false;
     /// A body that another Outlook has stored while this one's changes were not saved.
     std::optional<std::wstring> storedElsewhere_;
     std::weak_ptr<Folder> folder_;
     std::weak_ptr<Folder> firstFolder_;
-    /// Stands for the recipients of an item that was never saved.
-    RecipientList nobody_;
     EventSource events_{0x0006303A, 0x0006302B};
 };
-
-/// A value as an item can keep it: text, number, date or an array of these. Throws automation::Error 13 for
-/// anything else.
-automation::Value storable(const automation::Value& value);
 
 /// A new item by the item type that CreateItem takes (0 mail, 1 appointment, 2 contact...). It is not saved.
 std::shared_ptr<Item> newItem(World& world, int itemType);

@@ -1,7 +1,7 @@
 #include <algorithm>
 
-#include "host/Item.h"
-#include "host/World.h"
+#include "host/ItemContent.h"
+#include "host/hostErrors.h"
 
 namespace host {
 
@@ -63,21 +63,21 @@ Value storable(const Value& value) {
     return value;
 }
 
-Value Item::field(std::uint32_t property) const {
+Value ItemContent::field(std::uint32_t property) const {
     const std::uint32_t wanted = canonical(property);
     // A sender who acts for nobody is his own principal.
-    const auto& principal = content_.onBehalfOf ? content_.onBehalfOf : content_.sender;
+    const auto& principal = onBehalfOf ? onBehalfOf : sender;
     switch (wanted) {
         case tag::messageClass:
-            return Value(content_.itemClass == itemClass::post     ? L"IPM.Post"
-                         : content_.itemClass == itemClass::report ? L"REPORT.IPM.Note.NDR"
-                                                                   : L"IPM.Note");
+            return Value(itemClass == host::itemClass::post     ? L"IPM.Post"
+                         : itemClass == host::itemClass::report ? L"REPORT.IPM.Note.NDR"
+                                                                : L"IPM.Note");
         case tag::subject:
-            return content_.subject;
+            return subject;
         case tag::body:
-            return content_.body;
+            return body;
         case tag::html:
-            return content_.html.empty() ? Value() : Value(content_.html);
+            return html.empty() ? Value() : Value(html);
         case tag::to:
             return names(1);
         case tag::cc:
@@ -85,11 +85,11 @@ Value Item::field(std::uint32_t property) const {
         case tag::bcc:
             return names(3);
         case tag::senderName:
-            return part(content_.sender, &Address::name);
+            return part(sender, &Address::name);
         case tag::senderType:
-            return part(content_.sender, &Address::type);
+            return part(sender, &Address::type);
         case tag::senderAddress:
-            return part(content_.sender, &Address::address);
+            return part(sender, &Address::address);
         case tag::onBehalfName:
             return part(principal, &Address::name);
         case tag::onBehalfType:
@@ -97,60 +97,60 @@ Value Item::field(std::uint32_t property) const {
         case tag::onBehalfAddress:
             return part(principal, &Address::address);
         case tag::deliveryTime:
-            return valueOf(content_.deliveryTime);
+            return valueOf(deliveryTime);
         case tag::deferredSend:
-            return valueOf(content_.deferred);
+            return valueOf(deferred);
         default: {
-            const auto found = content_.fields.find(wanted);
-            return found == content_.fields.end() ? Value() : found->second;
+            const auto found = fields.find(wanted);
+            return found == fields.end() ? Value() : found->second;
         }
     }
 }
 
-void Item::setField(std::uint32_t property, const Value& value) {
+Part ItemContent::setField(std::uint32_t property, const Value& value) {
     const std::uint32_t wanted = canonical(property);
-    content_.saved = false;
     switch (wanted) {
         case tag::subject:
-            content_.subject = value.toText();
-            break;
+            subject = value.toText();
+            return Part::Subject;
         case tag::body:
-            content_.body = value.toText();
-            break;
+            body = value.toText();
+            return Part::Body;
         case tag::html:
-            content_.html = value.toText();
-            break;
+            html = value.toText();
+            return Part::Body;
         case tag::senderName:
-            setPart(content_.sender, &Address::name, value);
-            break;
+            setPart(sender, &Address::name, value);
+            return Part::Sender;
         case tag::senderType:
-            setPart(content_.sender, &Address::type, value);
-            break;
+            setPart(sender, &Address::type, value);
+            return Part::Sender;
         case tag::senderAddress:
-            setPart(content_.sender, &Address::address, value);
-            break;
+            setPart(sender, &Address::address, value);
+            return Part::Sender;
         case tag::onBehalfName:
-            setPart(content_.onBehalfOf, &Address::name, value);
-            break;
+            setPart(onBehalfOf, &Address::name, value);
+            return Part::OnBehalfOf;
         case tag::onBehalfType:
-            setPart(content_.onBehalfOf, &Address::type, value);
-            break;
+            setPart(onBehalfOf, &Address::type, value);
+            return Part::OnBehalfOf;
         case tag::onBehalfAddress:
-            setPart(content_.onBehalfOf, &Address::address, value);
-            break;
+            setPart(onBehalfOf, &Address::address, value);
+            return Part::OnBehalfOf;
         case tag::deliveryTime:
-            content_.deliveryTime = value.toDate();
-            break;
+            deliveryTime = value.toDate();
+            return Part::DeliveryTime;
         case tag::deferredSend:
-            content_.deferred = value.toDate();
-            break;
+            deferred = value.toDate();
+            return Part::Deferred;
         case tag::to:
         case tag::cc:
         case tag::bcc:
         case tag::messageClass:
             raise::noPermission();  // Computed by the store.
         default:
-            content_.fields[wanted] = storable(value);
+            fields[wanted] = storable(value);
+            return Part::Fields;
     }
 }
 

@@ -48,13 +48,13 @@ Value getText(Item& item, Arguments) {
 
 template <int Type>
 Value getNames(Item& item, Arguments) {
-    return item.names(Type);
+    return item.content().names(Type);
 }
 
 template <int Type>
 void setNames(Item& item, Arguments, const Value& value) {
-    item.setNames(Type, value.toText());
-    item.changed(Type == 1 ? L"To" : Type == 2 ? L"CC" : L"BCC");
+    item.content().setNames(Type, value.toText());
+    item.changed(Part::Recipients, Type == 1 ? L"To" : Type == 2 ? L"CC" : L"BCC");
 }
 
 template <std::wstring Address::*Part>
@@ -135,7 +135,7 @@ Value getAccount(Item& item, Arguments) {
 
 void setAccount(Item& item, Arguments, const Value& value) {
     item.content().account = required<OutlookAccount>(value)->name();
-    item.changed(L"SendUsingAccount");
+    item.changed(Part::Account, L"SendUsingAccount");
 }
 
 }  // namespace
@@ -159,7 +159,7 @@ constinit const Member<Item> Item::table_[] = {
      .put =
          [](Item& item, Arguments, const Value& value) {
              item.content_.subject = value.toText();
-             item.changed(L"Subject");
+             item.changed(Part::Subject, L"Subject");
          }},
     {.name = L"Body",
      .id = 37120,
@@ -168,7 +168,7 @@ constinit const Member<Item> Item::table_[] = {
          [](Item& item, Arguments, const Value& value) {
              item.content_.body = value.toText();
              item.content_.html.clear();
-             item.changed(L"Body");
+             item.changed(Part::Body, L"Body");
          }},
     {.name = L"HTMLBody",
      .id = 62468,
@@ -181,7 +181,7 @@ constinit const Member<Item> Item::table_[] = {
      .put =
          [](Item& item, Arguments, const Value& value) {
              item.content_.html = value.toText();  // The text body is not derived from it.
-             item.changed(L"HTMLBody");
+             item.changed(Part::Body, L"HTMLBody");
          },
      .has = isMessage},
     {.name = L"To", .id = 3588, .get = getNames<1>, .put = host::setNames<1>, .has = onlyMail},
@@ -213,7 +213,7 @@ constinit const Member<Item> Item::table_[] = {
          [](Item& item, Arguments, const Value& value) {
              const Date date = value.toDate();
              item.content_.deferred = date == noDate ? std::nullopt : std::optional(date);
-             item.changed(L"DeferredDeliveryTime");
+             item.changed(Part::Deferred, L"DeferredDeliveryTime");
          },
      .has = onlyMail},
     {.name = L"ReceivedTime",
@@ -226,15 +226,17 @@ constinit const Member<Item> Item::table_[] = {
      .put =
          [](Item& item, Arguments, const Value& value) {
              item.content_.unread = value.toBool();
-             item.changed(L"UnRead");
+             item.changed(Part::Unread, L"UnRead");
          }},
-    {.name = L"MessageClass", .id = 26, .get = [](Item& item, Arguments) { return item.field(0x001A001E); }},
+    {.name = L"MessageClass",
+     .id = 26,
+     .get = [](Item& item, Arguments) { return item.content_.field(0x001A001E); }},
     {.name = L"SenderName", .id = 3098, .get = getSender<&Address::name>, .has = isMessage},
     {.name = L"SenderEmailType", .id = 3102, .get = getSender<&Address::type>, .has = hasSenderAddress},
     {.name = L"SenderEmailAddress", .id = 3103, .get = getSender<&Address::address>, .has = hasSenderAddress},
     {.name = L"SentOnBehalfOfName",
      .id = 66,
-     .get = [](Item& item, Arguments) { return Value(item.field(0x0042001E).toText()); },
+     .get = [](Item& item, Arguments) { return Value(item.content_.field(0x0042001E).toText()); },
      .has = onlyMail},
     {.name = L"Reply", .id = 63504, .call = respond<ReplyKind::Reply>, .has = isMessage},
     {.name = L"ReplyAll", .id = 63505, .call = respond<ReplyKind::ReplyAll>, .has = onlyMail},

@@ -202,14 +202,18 @@ ItemView Outlook::view(const Object& item) const {
 void Outlook::typeSubject(const Object& item, const std::wstring& subject) {
     const auto typed = handle<Item>(*world_, item);
     typed->content().subject = subject;
-    typed->changed(L"Subject");
+    typed->changed(Part::Subject, L"Subject");
 }
 
 void Outlook::typeBody(const Object& item, const std::wstring& body) {
     const auto typed = handle<Item>(*world_, item);
     typed->content().body = body;
     typed->content().html.clear();
-    typed->changed(L"Body");
+    typed->changed(Part::Body, L"Body");
+}
+
+void Outlook::saveItem(const Object& item) {
+    handle<Item>(*world_, item)->save();
 }
 
 void Outlook::writeBodyElsewhere(const Object& item, const std::wstring& body) {

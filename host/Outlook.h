@@ -151,6 +151,8 @@ class Outlook {
     /// The user types over the subject or the body in an open item.
     void typeSubject(const automation::Object& item, const std::wstring& subject);
     void typeBody(const automation::Object& item, const std::wstring& body);
+    /// The user saves an item, of which Outlook stores what it has changed itself.
+    void saveItem(const automation::Object& item);
     /// Another Outlook on the same mailbox writes a body. An item with changes of this Outlook's own that are
     /// not saved cannot be saved any more; it shows what is stored once the folder has given it out anew.
     void writeBodyElsewhere(const automation::Object& item, const std::wstring& body);

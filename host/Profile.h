@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -74,6 +76,8 @@ struct Profile {
     int inspectors = 0;
     /// A sent item goes on as the object that it was. Otherwise every call to that object fails.
     bool sentItemsStay = false;
+    /// MAPI properties, by their tags, that the store refuses to set on an item.
+    std::set<std::uint32_t> refusedFields{};
     bool redemptionRegistered = true;
     bool wordRegistered = true;
 };

@@ -10,6 +10,29 @@ namespace host {
 
 using automation::Value;
 
+namespace {
+
+void noteChange(Item& item, RecipientList ItemContent::*list, bool safe) {
+    const bool replyTo = list == &ItemContent::replyTo;
+    const Part part = replyTo ? Part::ReplyTo : Part::Recipients;
+    if (safe) {
+        item.written(part);
+    } else {
+        item.changed(part, replyTo ? L"ReplyRecipients" : L"To");
+    }
+}
+
+/// Resolves a recipient of the list, and notes what that has changed.
+bool resolveListed(Item& item, RecipientList ItemContent::*list, RecipientData& recipient, bool safe) {
+    if (recipient.resolved || !resolve(item.world(), recipient)) {
+        return recipient.resolved;
+    }
+    noteChange(item, list, safe);
+    return true;
+}
+
+}  // namespace
+
 Recipients::Recipients(World& world, std::shared_ptr<Item> item, RecipientList ItemContent::*list, bool safe)
     : Automated(world), item_(std::move(item)), list_(list), safe_(safe) {}
 
@@ -40,8 +63,12 @@ Value Recipients::add(Arguments arguments) {
     }
     auto data = std::make_shared<RecipientData>(RecipientData{1, {.name = name}, false});
     list().push_back(data);
-    item_->changed(L"To");
+    changed();
     return world().makeObject<Recipient>(item_, list_, std::move(data), safe_);
+}
+
+void Recipients::changed() {
+    noteChange(*item_, list_, safe_);
 }
 
 constinit const Member<Recipients> Recipients::table_[] = {
@@ -66,7 +93,7 @@ constinit const Member<Recipients> Recipients::table_[] = {
              RecipientList& list = recipients.list();
              const std::size_t index = position(arguments[0], list.size());
              list.erase(list.begin() + static_cast<std::ptrdiff_t>(index));
-             recipients.item_->changed(L"To");
+             recipients.changed();
              return Value();
          },
      .least = 1,
@@ -77,7 +104,8 @@ constinit const Member<Recipients> Recipients::table_[] = {
          [](Recipients& recipients, Arguments) {
              bool all = true;
              for (const auto& recipient : recipients.list()) {
-                 all = resolve(recipients.world(), *recipient) && all;
+                 all =
+                     resolveListed(*recipients.item_, recipients.list_, *recipient, recipients.safe_) && all;
              }
              return Value(all);
          }},
@@ -100,7 +128,7 @@ void Recipient::checkUsable() const {
 }
 
 RecipientList::iterator Recipient::place() const {
-    RecipientList& list = item_->content().*list_;
+    RecipientList& list = listOf(*item_, list_, safe_);
     if (data_->place < list.size() && list[data_->place] == data_) {
         return list.begin() + static_cast<std::ptrdiff_t>(data_->place);
     }
@@ -109,6 +137,12 @@ RecipientList::iterator Recipient::place() const {
         raise::objectNotFound();
     }
     return found;
+}
+
+void Recipient::changed() {
+    if (item_) {
+        noteChange(*item_, list_, safe_);
+    }
 }
 
 bool Recipient::sameAs(const Target& other) const {
@@ -146,6 +180,7 @@ constinit const Member<Recipient> Recipient::table_[] = {
                  raise::operationFailed();
              }
              recipient.data_->type = type;
+             recipient.changed();
          }},
     {.name = L"Resolved",
      .id = 100,
@@ -166,14 +201,19 @@ constinit const Member<Recipient> Recipient::table_[] = {
              if (!recipient.item_) {
                  raise::operationFailed();
              }
-             (recipient.item_->content().*recipient.list_).erase(recipient.place());
-             recipient.item_->changed(L"To");
+             listOf(*recipient.item_, recipient.list_, recipient.safe_).erase(recipient.place());
+             recipient.changed();
              return Value();
          }},
     {.name = L"Resolve",
      .id = 113,
-     .call = [](Recipient& recipient,
-                Arguments) { return Value(resolve(recipient.world(), *recipient.data_)); },
+     .call =
+         [](Recipient& recipient, Arguments) {
+             RecipientData& data = *recipient.data_;
+             return Value(recipient.item_
+                              ? resolveListed(*recipient.item_, recipient.list_, data, recipient.safe_)
+                              : resolve(recipient.world(), data));
+         },
      .most = 1},
     {.name = L"Fields",
      .get =

@@ -8,6 +8,11 @@
 
 namespace host {
 
+/// The list on Outlook's side of an item, or on that of the MAPI library.
+inline RecipientList& listOf(Item& item, RecipientList ItemContent::*list, bool safe) {
+    return (safe ? item.message() : item.content()).*list;
+}
+
 /// Recipients or ReplyRecipients of an item, Outlook's or Redemption's.
 class Recipients : public Automated<Recipients> {
   public:
@@ -17,12 +22,13 @@ class Recipients : public Automated<Recipients> {
 
     std::wstring className() const override { return safe_ ? L"SafeRecipients" : L"Recipients"; }
     void checkUsable() const override { item_->checkUsable(); }
-    RecipientList& list() const { return safe_ ? item_->storedRecipients(list_) : item_->content().*list_; }
+    RecipientList& list() const { return listOf(*item_, list_, safe_); }
 
   private:
     static const Member<Recipients> table_[];
     automation::Value at(Arguments arguments);
     automation::Value add(Arguments arguments);
+    void changed();
 
     std::shared_ptr<Item> item_;
     RecipientList ItemContent::*list_;
@@ -46,6 +52,7 @@ class Recipient : public Automated<Recipient> {
     static const Member<Recipient> table_[];
     /// Where the recipient stands in its list; throws when it was removed.
     RecipientList::iterator place() const;
+    void changed();
 
     std::shared_ptr<Item> item_;
     RecipientList ItemContent::*list_;

@@ -35,18 +35,32 @@ Value getRecipients(SafeItem& safe, Arguments) {
 
 template <int Type>
 Value getNames(SafeItem& safe, Arguments) {
-    return safe.item().names(Type);
+    return safe.item().message().names(Type);
 }
 
 Value getSender(SafeItem& safe, Arguments) {
-    const auto& sender = safe.item().content().sender;
+    const auto& sender = safe.item().message().sender;
     return sender ? Value(safe.world().makeObject<AddressEntry>(*sender, true)) : Value(Object());
+}
+
+void setField(SafeItem& safe, Arguments index, const Value& value) {
+    const std::uint32_t tag = mapiTag(index[0]);
+    if (safe.world().profile().refusedFields.contains(tag)) {
+        raise::noPermission();
+    }
+    safe.item().written(safe.item().message().setField(tag, value));
+}
+
+/// The store takes it at once.
+void setUnread(SafeItem& safe, Arguments, const Value& value) {
+    safe.item().content().unread = safe.item().message().unread = value.toBool();
 }
 
 Value getAccount(SafeItem& safe, Arguments) {
     World& world = safe.world();
-    const Account* const stamped = safe.item().stampedAccount();
-    const Account* const account = stamped ? stamped : world.account(safe.item().content().account);
+    const ItemContent& message = safe.item().message();
+    const Account* const stamped = safe.item().stampedAccount(message);
+    const Account* const account = stamped ? stamped : world.account(message.account);
     return account ? Value(world.makeObject<RdoAccount>(*account)) : Value(Object());
 }
 
@@ -90,25 +104,25 @@ constinit const Member<SafeItem> SafeItem::table_[] = {
      .has = [](const SafeItem& safe) { return !isRdo(safe); }},
     {.name = L"Fields",
      .id = 12245937,
-     .get = [](SafeItem& safe, Arguments arguments) { return safe.item().field(mapiTag(arguments[0])); },
-     .put = [](SafeItem& safe, Arguments index,
-               const Value& value) { safe.item().setField(mapiTag(index[0]), value); },
+     .get = [](SafeItem& safe,
+               Arguments arguments) { return safe.item().message().field(mapiTag(arguments[0])); },
+     .put = setField,
      .least = 1,
      .most = 1},
     {.name = L"Sender", .id = 12245930, .get = getSender},
     {.name = L"Body",
      .id = 37120,
-     .get = [](SafeItem& safe, Arguments) { return Value(safe.item().content().body); },
+     .get = [](SafeItem& safe, Arguments) { return Value(safe.item().message().body); },
      .put =
          [](SafeItem& safe, Arguments, const Value& value) {
-             ItemContent& content = safe.item().content();
-             content.body = value.toText();
-             content.html.clear();
-             content.saved = false;
+             ItemContent& message = safe.item().message();
+             message.body = value.toText();
+             message.html.clear();
+             safe.item().written(Part::Body);
          }},
     {.name = L"HTMLBody",
      .id = 62468,
-     .get = [](SafeItem& safe, Arguments) { return Value(safe.item().content().html); },
+     .get = [](SafeItem& safe, Arguments) { return Value(safe.item().message().html); },
      .has = isMessage},
     {.name = L"Recipients", .id = 63508, .get = getRecipients<&ItemContent::recipients>},
     {.name = L"ReplyRecipients", .id = 61459, .get = getRecipients<&ItemContent::replyTo>, .has = isMail},
@@ -123,13 +137,17 @@ constinit const Member<SafeItem> SafeItem::table_[] = {
     {.name = L"BCC", .id = 3586, .get = getNames<3>, .has = isMail},
     {.name = L"SenderName",
      .id = 3098,
-     .get = [](SafeItem& safe, Arguments) { return Value(safe.item().field(0x0C1A001E).toText()); },
+     .get = [](SafeItem& safe, Arguments) { return Value(safe.item().message().field(0x0C1A001E).toText()); },
      .has = isMessage},
     {.name = L"SenderEmailAddress",
      .id = 3103,
-     .get = [](SafeItem& safe, Arguments) { return Value(safe.item().field(0x0C1F001E).toText()); },
+     .get = [](SafeItem& safe, Arguments) { return Value(safe.item().message().field(0x0C1F001E).toText()); },
      .has = isMail},
     {.name = L"Account", .get = getAccount, .has = isRdo},
+    {.name = L"UnRead",
+     .get = [](SafeItem& safe, Arguments) { return Value(safe.item().message().unread); },
+     .put = setUnread,
+     .has = isRdo},
 };
 
 std::span<const Member<SafeItem>> SafeItem::members() {

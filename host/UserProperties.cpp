@@ -54,7 +54,7 @@ Value UserProperties::add(Arguments arguments) {
         data = std::make_shared<UserPropertyData>(
             UserPropertyData{name, type, type == textType ? Value(L"") : Value()});
         list().push_back(data);
-        item_->content().saved = false;
+        item_->touch(Part::UserProperties);
     }
     return wrap(std::move(data));
 }
@@ -87,6 +87,7 @@ constinit const Member<UserProperties> UserProperties::table_[] = {
              UserPropertyList& list = properties.list();
              const std::size_t index = position(arguments[0], list.size());
              list.erase(list.begin() + static_cast<std::ptrdiff_t>(index));
+             properties.item_->touch(Part::UserProperties);
              return Value();
          },
      .least = 1,
@@ -116,7 +117,7 @@ constinit const Member<UserProperty> UserProperty::table_[] = {
          [](UserProperty& property, Arguments, const Value& value) {
              property.data_->value =
                  property.data_->type == textType ? Value(value.toText()) : storable(value);
-             property.item_->content().saved = false;
+             property.item_->touch(Part::UserProperties);
          }},
     {.name = L"Name",
      .id = 112,
@@ -129,7 +130,7 @@ constinit const Member<UserProperty> UserProperty::table_[] = {
      .call =
          [](UserProperty& property, Arguments) {
              std::erase(property.item_->content().userProperties, property.data_);
-             property.item_->content().saved = false;
+             property.item_->touch(Part::UserProperties);
              return Value();
          }},
 };

@@ -36,8 +36,8 @@ std::wstring quotedHeader(const Item& answered) {
     std::wstring header = L"-----Original Message-----\r\n";
     header += L"From: " + (from ? nameAndMailbox(*from) : std::wstring()) + L"\r\n";
     header += L"Sent: " + (content.deliveryTime ? longDate(*content.deliveryTime) : std::wstring()) + L"\r\n";
-    header += L"To: " + answered.names(1) + L"\r\n";
-    if (const std::wstring copies = answered.names(2); !copies.empty()) {
+    header += L"To: " + content.names(1) + L"\r\n";
+    if (const std::wstring copies = content.names(2); !copies.empty()) {
         header += L"Cc: " + copies + L"\r\n";
     }
     return header + L"Subject: " + content.subject + L"\r\n\r\n";

@@ -18,9 +18,18 @@ SendOutcome cancelled(const std::shared_ptr<Item>& item, std::wstring failure = 
     return {SendState::Cancelled, item->object(), item->view(), std::move(failure)};
 }
 
+/// Why Outlook itself will not send the item, after it has resolved the names; nothing when it will.
+const wchar_t* refusalOf(Item& item) {
+    if (item.content().recipients.empty()) {
+        return noRecipients;
+    }
+    return item.resolveAll() ? nullptr : notRecognized;
+}
+
 /// Puts the sent item where it belongs.
 SendOutcome deliver(World& world, const std::shared_ptr<Item>& item) {
     ItemContent& content = item->content();
+    item->forgetWritten();
     const std::wstring account = item->sendingAccount();
     const Account* const used = world.account(account);
     content.account = account;
@@ -43,6 +52,9 @@ SendOutcome send(World& world, const std::shared_ptr<Item>& item) {
     if (item->content().sent) {
         raise::operationFailed();
     }
+    if (const wchar_t* const refusal = refusalOf(*item)) {
+        return cancelled(item, refusal);
+    }
     if (world.raiseCancellable(*item->eventSource(), L"Send", 0xF005)) {
         return cancelled(item);
     }
@@ -52,11 +64,8 @@ SendOutcome send(World& world, const std::shared_ptr<Item>& item) {
     if (item->gone()) {
         return cancelled(item, L"The item has been moved or deleted.");
     }
-    if (item->content().recipients.empty()) {
-        return cancelled(item, noRecipients);
-    }
-    if (!item->resolveAll()) {
-        return cancelled(item, notRecognized);
+    if (const wchar_t* const refusal = refusalOf(*item)) {
+        return cancelled(item, refusal);  // A handler has changed the recipients.
     }
     if (world.raiseCancellable(*item->eventSource(), L"Write", 0xF002)) {
         return cancelled(item);

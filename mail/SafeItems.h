@@ -98,6 +98,12 @@ class SafeItem : public outlook::Front {
         object_.put(L"Fields", tag, value);
     }
     void save() const { object_.call(L"Save"); }
+    /// Saves what was written through this object, too. Outlook skips the saving of an item that it has not
+    /// changed itself, so its subject is set anew first.
+    void saveWritten() const {
+        object_.put(L"Subject", subject());
+        save();
+    }
 };
 
 }  // namespace redemption

@@ -82,6 +82,7 @@ TEST(TwoLists, KeepWhatIsStoredInTheSecondMeanwhile) {
             stored = world.outlook.itemsIn(tarnwellFolder).size() == 2U;
             if (stored) {
                 world.outlook.typeBody(second, listText({bob, cy}));
+                world.outlook.saveItem(second);
             }
         });
         EXPECT_TRUE(world.list.LoadList());

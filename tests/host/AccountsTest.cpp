@@ -201,10 +201,14 @@ TEST_F(HostAccountsTest, AnItemTellsTheAccountChosenOrStampedButNotTheDefaultOne
     const Object mail = message(item);
     EXPECT_FALSE(mail.get(L"Account").toObject());
     item.put(L"SendUsingAccount", nameSpace_.get(L"Accounts", L"Web"));
+    EXPECT_FALSE(mail.get(L"Account").toObject()) << "not saved yet";
+    item.call(L"Save");
     EXPECT_EQ(mail.get(L"ACCOUNT").toObject(), account(L"Web"));
     stamp(item, account(L"2"));
     EXPECT_EQ(mail.get(L"Account").toObject(), account(L"2"));
     mail.put(L"Fields", accountName, L"Renamed since");
+    EXPECT_EQ(mail.get(L"Account").toObject(), account(L"2"));
+    mail.put(L"Fields", nextAccount, L"Another");
     EXPECT_EQ(mail.get(L"Account").toObject(), account(L"Web"))
         << "a stamp that is not whole counts for none";
     EXPECT_EQ(errorOf([&] { safe(item).get(L"Account"); }), 438) << "only the session's messages have it";

@@ -25,4 +25,6 @@ inline void stampItem(host::Outlook& outlook, const automation::Object& item, co
     const auto mail = outlook.automation().createObject(L"vtRedemption.vtSafeMailItem");
     mail.put(L"Item", item);
     writeStamp(mail, session.get(L"Accounts").toObject().get(L"Item", account).toObject());
+    item.put(L"Subject", item.get(L"Subject"));  // Otherwise Outlook sees nothing to save.
+    item.call(L"Save");
 }
