@@ -22,15 +22,16 @@ for room in ("support", "update", "checks"):
 BELOW["addin"] = BELOW["accounts"] | {"accounts", "support", "update", "checks"}
 BELOW["server"] = BELOW["addin"] | {"addin"}
 BELOW["host"] = {"platform"}
+BELOW["robot"] = {"platform"}
 # The program of the simulated Outlook starts the add-in in it.
-BELOW["program"] = BELOW["addin"] | {"addin", "host"}
+BELOW["program"] = BELOW["addin"] | {"addin", "host", "robot"}
 PRODUCT = BELOW["server"]
 # What stands outside the product may use all of it, but nothing of the product may use that.
 for room in ("tests", "bench", "fuzz"):
-    BELOW[room] = PRODUCT | {"host", "program", "server"}
+    BELOW[room] = PRODUCT | {"host", "robot", "program", "server"}
 
 # Where Windows is known.
-WINDOWS = ("platform/windows/", "server/", "host/windows/", "program/windows/", "tests/windows/", "tests/scenarios/windows/")
+WINDOWS = ("platform/windows/", "server/", "host/windows/", "robot/", "program/windows/", "tests/windows/", "tests/scenarios/windows/")
 WINDOWS_HEADERS = {
     "windows.h", "windowsx.h", "winuser.h", "winreg.h", "commctrl.h", "shellapi.h", "shlobj.h", "wininet.h",
     "htmlhelp.h", "objbase.h", "ole2.h", "olectl.h", "oleauto.h", "oaidl.h", "unknwn.h", "ocidl.h",
@@ -90,6 +91,7 @@ BAD = {
     "mail/upwards.cpp": '#include "settings/modRegKeys.h"\n',
     "checks/sideways.cpp": '#include "update/basAutoUpdate.h"\n',
     "host/Outlook.cpp": '#include "mail/basGlobals.h"\n',
+    "server/robot.cpp": '#include "robot/DialogRobot.h"\n',
     "host/Item.cpp": '#include "program/MessageJson.h"\n',
     "settings/windows.cpp": "#  include <Windows.h>\n",
     "accounts/hidden.cpp": '#include "platform/windows/Store.h"\n',

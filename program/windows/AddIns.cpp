@@ -2,9 +2,9 @@
 
 namespace program::windows {
 
+using host::windows::LoadedAddIn;
+using host::windows::RegisteredAddIn;
 using platform::windows::ConnectMode;
-using platform::windows::LoadedAddIn;
-using platform::windows::RegisteredAddIn;
 using platform::windows::RemoveMode;
 
 AddIns::AddIns(const std::vector<RegisteredAddIn>& registered, host::Outlook& outlook,

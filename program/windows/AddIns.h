@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "host/Outlook.h"
-#include "platform/windows/AddInLoader.h"
+#include "host/windows/AddInLoader.h"
 #include "platform/windows/Exporter.h"
 #include "program/Report.h"
 
@@ -14,7 +14,7 @@ namespace program::windows {
 /// add-in fails at is reported and not raised: Outlook goes on without it.
 class AddIns {
   public:
-    AddIns(const std::vector<platform::windows::RegisteredAddIn>& registered, host::Outlook& outlook,
+    AddIns(const std::vector<host::windows::RegisteredAddIn>& registered, host::Outlook& outlook,
            platform::windows::Exporter& exporter, Report& report);
     AddIns(const AddIns&) = delete;
     AddIns& operator=(const AddIns&) = delete;
@@ -24,7 +24,7 @@ class AddIns {
 
   private:
     Report& report_;
-    std::vector<std::unique_ptr<platform::windows::LoadedAddIn>> loaded_;
+    std::vector<std::unique_ptr<host::windows::LoadedAddIn>> loaded_;
 };
 
 }  // namespace program::windows

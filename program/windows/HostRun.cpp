@@ -13,7 +13,7 @@ namespace program::windows {
 HostRun::HostRun(const CommandLine& line)
     : line_(line),
       // Where the add-ins of the present user are registered is out of sight once the user is replaced.
-      registered_(platform::windows::registeredAddIns()),
+      registered_(host::windows::registeredAddIns()),
       folderLock_(holdSettingsFolder(
           line,
           [&line] { complain("waiting for another run that uses " + text::toUtf8(*line.folderFile)); })),

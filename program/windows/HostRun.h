@@ -35,7 +35,7 @@ class HostRun {
 
   private:
     const CommandLine& line_;
-    std::vector<platform::windows::RegisteredAddIn> registered_;
+    std::vector<host::windows::RegisteredAddIn> registered_;
     std::optional<FileLock> folderLock_;
     std::optional<FileSettingsStore> settingsFile_;
     platform::windows::WindowsClock clock_;

@@ -17,11 +17,11 @@
 
 #include "host/windows/MainWindow.h"
 #include "platform/text.h"
-#include "platform/windows/DialogRobot.h"
 #include "program/Console.h"
 #include "program/Session.h"
 #include "program/windows/HostRun.h"
 #include "program/windows/sampleMail.h"
+#include "robot/DialogRobot.h"
 
 namespace {
 
@@ -64,7 +64,7 @@ DWORD pauseBeforeAnswer() {
 }
 
 /// Answers the dialogs from the command line, and reports them.
-platform::windows::DialogRobot::Answers scripted(platform::AnswerList& answers, program::Report& report) {
+robot::DialogRobot::Answers scripted(platform::AnswerList& answers, program::Report& report) {
     return {[&](const platform::MessagePrompt& prompt) {
                 Sleep(pauseBeforeAnswer());
                 const auto answer = answers.take(prompt);
@@ -89,7 +89,7 @@ ExitStatus runCommand(const CommandLine& line) {
     }
     program::windows::HostRun host(line);
     platform::AnswerList answers(line.answers);
-    std::optional<platform::windows::DialogRobot> robot;
+    std::optional<robot::DialogRobot> robot;
     if (!person) {
         robot.emplace(scripted(answers, report));
     }

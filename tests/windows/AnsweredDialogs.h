@@ -10,15 +10,15 @@
 #include <string>
 #include <vector>
 
-#include "platform/windows/DialogRobot.h"
 #include "platform/windows/WindowsDesktop.h"
-#include "platform/windows/dialogDriver.h"
+#include "robot/DialogRobot.h"
+#include "robot/dialogDriver.h"
 
 /// Real dialogs, shown to a user whose answers are given beforehand.
 class AnsweredDialogs : public testing::Test {
   protected:
     void show(forms::Form& form, std::deque<platform::FormAnswer> answers) {
-        platform::windows::DialogRobot robot(
+        robot::DialogRobot robot(
             {[this](const platform::MessagePrompt& prompt) {
                  messages.push_back(prompt);
                  return messageAnswer;
@@ -26,7 +26,7 @@ class AnsweredDialogs : public testing::Test {
              [this, &answers](const platform::FormPrompt& prompt) -> std::optional<platform::FormAnswer> {
                  prompts.push_back(prompt);
                  if (meanwhile) {
-                     meanwhile(platform::windows::dialogDriver::topDialog());
+                     meanwhile(robot::dialogDriver::topDialog());
                  }
                  if (answers.empty()) {
                      return std::nullopt;

@@ -6,8 +6,8 @@
 #include <string>
 
 #include "platform/forms.h"
-#include "platform/windows/listDriver.h"
 #include "platform/windows/windowText.h"
+#include "robot/listDriver.h"
 #include "tests/windows/AnsweredDialogs.h"
 
 using forms::Button;
@@ -89,7 +89,7 @@ TEST_F(DialogTest, OnlyTheCaptionThatALabelIsMadeWithHasAnAccessKey) {
     std::vector<bool> marked;
     meanwhile = [&](HWND dialog) {
         for (const wchar_t* label : {L"lblSubject", L"lblCount"}) {
-            const HWND window = platform::windows::dialogDriver::findControl(dialog, label);
+            const HWND window = robot::dialogDriver::findControl(dialog, label);
             marked.push_back((GetWindowLongPtrW(window, GWL_STYLE) & SS_NOPREFIX) == 0);
         }
     };
@@ -176,11 +176,11 @@ TEST_F(DialogTest, MessageBoxesShowTheirPromptAndReturnTheButton) {
         {Buttons::OkCancel, Icon::Warning, Answer::Ok}, {Buttons::OkCancel, Icon::Warning, Answer::Cancel},
         {Buttons::YesNo, Icon::Question, Answer::Yes},  {Buttons::YesNo, Icon::Critical, Answer::No}};
     for (const auto& [buttons, icon, answer] : cases) {
-        platform::windows::DialogRobot robot({[&, wanted = answer](const MessagePrompt& prompt) {
-                                                  messages.push_back(prompt);
-                                                  return std::optional(wanted);
-                                              },
-                                              [](const FormPrompt&) { return std::nullopt; }});
+        robot::DialogRobot robot({[&, wanted = answer](const MessagePrompt& prompt) {
+                                      messages.push_back(prompt);
+                                      return std::optional(wanted);
+                                  },
+                                  [](const FormPrompt&) { return std::nullopt; }});
         EXPECT_EQ(desktop.messageBox(L"First line\r\n\r\nSecond", {buttons, icon}, L"Title - Veltro"),
                   answer);
         EXPECT_EQ(robot.unanswered(), std::nullopt);
@@ -232,7 +232,7 @@ TEST_F(DialogTest, ControlsThatAnswerWithAnErrorHaveNoText) {
     SetWindowLongPtrW(list, GWLP_USERDATA, GetWindowLongPtrW(list, GWLP_WNDPROC));
     SetWindowLongPtrW(list, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&changedMeanwhile));
     platform::ControlState state;
-    platform::windows::listDriver::describe(list, forms::Kind::ListBox, state);
+    robot::listDriver::describe(list, forms::Kind::ListBox, state);
     EXPECT_EQ(state.caption, L"one");
     EXPECT_EQ(platform::windows::windowText(list), L"");
     DestroyWindow(list);

@@ -11,7 +11,7 @@
 #include "platform/windows/dialogProperties.h"
 #include "tests/windows/AnsweredDialogs.h"
 
-namespace dialogDriver = platform::windows::dialogDriver;
+namespace dialogDriver = robot::dialogDriver;
 
 namespace {
 

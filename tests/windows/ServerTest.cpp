@@ -10,12 +10,12 @@
 #include <string>
 #include <vector>
 
+#include "host/windows/AddInLoader.h"
 #include "platform/windows/ActivationContext.h"
-#include "platform/windows/AddInLoader.h"
-#include "platform/windows/DialogRobot.h"
 #include "platform/windows/RegKey.h"
 #include "platform/windows/WindowsResources.h"
 #include "platform/windows/extensibility.h"
+#include "robot/DialogRobot.h"
 #include "tests/windows/ComTest.h"
 #include "tests/windows/LoadedServer.h"
 #include "tests/windows/TestTarget.h"
@@ -62,7 +62,7 @@ std::set<std::wstring> registryKeys() {
 }
 
 bool isRegistered() {
-    return std::ranges::any_of(platform::windows::registeredAddIns(),
+    return std::ranges::any_of(host::windows::registeredAddIns(),
                                [](const auto& addIn) { return addIn.progId == progId; });
 }
 
@@ -143,8 +143,8 @@ TEST_F(ServerTest, RegistersAsAnAddInAndLeavesNothing) {
     EXPECT_FALSE(isRegistered());
 
     ASSERT_EQ(server.registerServer(), S_OK);
-    const auto addIns = platform::windows::registeredAddIns();
-    const auto found = std::ranges::find(addIns, progId, &platform::windows::RegisteredAddIn::progId);
+    const auto addIns = host::windows::registeredAddIns();
+    const auto found = std::ranges::find(addIns, progId, &host::windows::RegisteredAddIn::progId);
     ASSERT_NE(found, addIns.end());
     EXPECT_EQ(found->friendlyName, L"Veltro");
     EXPECT_FALSE(found->description.empty());
@@ -237,7 +237,7 @@ std::shared_ptr<TestTarget> outlookWithoutWindows() {
 TEST_F(ServerTest, ConnectsAndDisconnectsWithoutALeak) {
     ASSERT_EQ(server.registerServer(), S_OK);
     // Whatever the add-in may have to say about this Outlook.
-    const platform::windows::DialogRobot robot(
+    const robot::DialogRobot robot(
         {[](const auto& prompt) { return platform::neutralAnswer(prompt.style.buttons); },
          [](const auto&) { return std::nullopt; }});
     const auto outlook = outlookWithoutWindows();
@@ -245,7 +245,7 @@ TEST_F(ServerTest, ConnectsAndDisconnectsWithoutALeak) {
     instance->add(L"ProgId", [](automation::Access, std::span<const Value>) { return Value(progId); });
     instance->add(L"Object", [](automation::Access, std::span<const Value>) { return Value(); });
     {
-        platform::windows::LoadedAddIn loaded(progId);
+        host::windows::LoadedAddIn loaded(progId);
         loaded.connect(host->exportObject(Object(outlook)).get(), platform::windows::ConnectMode::Startup,
                        host->exportObject(Object(instance)).get());
         loaded.startupComplete();
@@ -260,7 +260,7 @@ TEST_F(ServerTest, ConnectsAndDisconnectsWithoutALeak) {
 
 TEST_F(ServerTest, ConnectsLateBoundToo) {
     ASSERT_EQ(server.registerServer(), S_OK);
-    const platform::windows::DialogRobot robot(
+    const robot::DialogRobot robot(
         {[](const auto& prompt) { return platform::neutralAnswer(prompt.style.buttons); },
          [](const auto&) { return std::nullopt; }});
     ComPtr<IUnknown> made;

@@ -2,16 +2,16 @@
 
 #include <filesystem>
 
+#include "host/windows/AddInLoader.h"
 #include "host/windows/OutlookServer.h"
 #include "host/windows/PrivateUser.h"
-#include "platform/windows/AddInLoader.h"
-#include "platform/windows/DialogRobot.h"
 #include "platform/windows/Exporter.h"
 #include "platform/windows/LiveObjects.h"
 #include "platform/windows/RegKey.h"
 #include "platform/windows/RegistrySettingsStore.h"
 #include "platform/windows/WindowsClock.h"
 #include "platform/windows/ownModule.h"
+#include "robot/DialogRobot.h"
 #include "tests/scenarios/AddInWorld.h"
 
 namespace {
@@ -148,8 +148,8 @@ class WindowsWorld : public AddInWorld {
     WindowsClock clock_;
     RegistrySettingsStore settings_;
     platform::AnswerList answers_;
-    DialogRobot robot_;
-    std::optional<LoadedAddIn> addIn_;
+    robot::DialogRobot robot_;
+    std::optional<host::windows::LoadedAddIn> addIn_;
 };
 
 }  // namespace

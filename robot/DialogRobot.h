@@ -10,7 +10,7 @@
 
 #include "platform/Prompts.h"
 
-namespace platform::windows {
+namespace robot {
 
 /// Answers this process's real dialogs in a person's place: the message boxes and forms of the add-in, found
 /// by their windows and moved by the messages that typing and clicking make. Forms and controls are addressed
@@ -27,8 +27,8 @@ namespace platform::windows {
 class DialogRobot {
   public:
     struct Answers {
-        std::function<std::optional<Answer>(const MessagePrompt&)> message;
-        std::function<std::optional<FormAnswer>(const FormPrompt&)> form;
+        std::function<std::optional<platform::Answer>(const platform::MessagePrompt&)> message;
+        std::function<std::optional<platform::FormAnswer>(const platform::FormPrompt&)> form;
     };
 
     /// Watches from now on. Throws automation::Error when Windows gives it no thread.
@@ -48,7 +48,7 @@ class DialogRobot {
         /// Tells this dialog from a later one whose window has the same handle.
         ULONG_PTR mark;
         std::wstring form;
-        FormAnswer answer;
+        platform::FormAnswer answer;
         std::size_t next = 0;
         bool keyPressed = false;
     };
@@ -76,4 +76,4 @@ class DialogRobot {
     HANDLE thread_ = nullptr;
 };
 
-}  // namespace platform::windows
+}  // namespace robot

@@ -8,11 +8,11 @@
 #include "platform/forms.h"
 
 /// The part of dialogDriver that sees and moves lists.
-namespace platform::windows::listDriver {
+namespace robot::listDriver {
 
 /// Fills in caption and value, as the control of that kind itself gives them.
-void describe(HWND control, forms::Kind kind, ControlState& state);
+void describe(HWND control, forms::Kind kind, platform::ControlState& state);
 /// Selects or ticks as the user does; false when the list has no such entry or row.
 bool enter(HWND control, forms::Kind kind, const std::wstring& value);
 
-}  // namespace platform::windows::listDriver
+}  // namespace robot::listDriver

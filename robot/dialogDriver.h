@@ -10,18 +10,18 @@
 
 /// Sees and moves this process's dialogs from another thread, by window messages alone. What opens or closes
 /// dialogs in its turn is sent without waiting, in the order of the calls; settle() waits.
-namespace platform::windows::dialogDriver {
+namespace robot::dialogDriver {
 
 /// The dialog on top that a user could act on now; null when there is none.
 HWND topDialog();
 /// Waits until all that was sent to the dialog is done, or until its thread waits in another dialog.
 void settle(HWND dialog);
 
-MessagePrompt describeMessageBox(HWND dialog);
-FormPrompt describeForm(HWND dialog, const std::wstring& name);
+platform::MessagePrompt describeMessageBox(HWND dialog);
+platform::FormPrompt describeForm(HWND dialog, const std::wstring& name);
 
 /// Presses the button of a message box; false when it has none such.
-bool answerMessageBox(HWND dialog, Answer answer);
+bool answerMessageBox(HWND dialog, platform::Answer answer);
 
 /// A control of a form by its name, letter case ignored; null when there is none.
 HWND findControl(HWND form, const std::wstring& name);
@@ -33,4 +33,4 @@ bool pressKey(HWND form, const std::wstring& key);
 /// What Escape and the close box do.
 void cancel(HWND dialog);
 
-}  // namespace platform::windows::dialogDriver
+}  // namespace robot::dialogDriver

@@ -4,10 +4,10 @@
 
 #include <functional>
 
-namespace platform::windows {
+namespace robot {
 
 /// Runs the work on the thread of a window of this process and waits for it: ten thousand messages from
 /// thread to thread take seconds, on the window's own thread an instant. The work must not open dialogs.
 void onThreadOf(HWND window, const std::function<void()>& work);
 
-}  // namespace platform::windows
+}  // namespace robot

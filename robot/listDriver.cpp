@@ -1,4 +1,4 @@
-#include "platform/windows/listDriver.h"
+#include "robot/listDriver.h"
 
 #include <algorithm>
 #include <optional>
@@ -6,9 +6,12 @@
 
 #include "platform/windows/checkListState.h"
 #include "platform/windows/listMessages.h"
-#include "platform/windows/onThreadOf.h"
+#include "robot/onThreadOf.h"
 
-namespace platform::windows::listDriver {
+namespace robot::listDriver {
+
+using namespace platform;
+using namespace platform::windows;
 
 namespace {
 
@@ -151,4 +154,4 @@ bool enter(HWND control, forms::Kind kind, const std::wstring& value) {
     return index.has_value();
 }
 
-}  // namespace platform::windows::listDriver
+}  // namespace robot::listDriver

@@ -1,4 +1,4 @@
-#include "platform/windows/AddInLoader.h"
+#include "host/windows/AddInLoader.h"
 
 #include <objbase.h>
 
@@ -8,7 +8,9 @@
 #include "platform/windows/RegKey.h"
 #include "platform/windows/comErrors.h"
 
-namespace platform::windows {
+namespace host::windows {
+
+using namespace platform::windows;
 
 namespace {
 
@@ -83,4 +85,4 @@ void LoadedAddIn::disconnect(RemoveMode mode) {
     check(addIn_->OnDisconnection(mode, custom.address()));
 }
 
-}  // namespace platform::windows
+}  // namespace host::windows

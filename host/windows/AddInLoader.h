@@ -8,7 +8,7 @@
 #include "platform/windows/ComPtr.h"
 #include "platform/windows/extensibility.h"
 
-namespace platform::windows {
+namespace host::windows {
 
 /// An add-in that Outlook would load at its start.
 struct RegisteredAddIn {
@@ -27,13 +27,13 @@ class LoadedAddIn {
     /// Makes the add-in's object. Throws automation::Error when the class cannot be made or is no add-in.
     explicit LoadedAddIn(const std::wstring& progId);
 
-    void connect(IDispatch* application, ConnectMode mode, IDispatch* addInInstance);
+    void connect(IDispatch* application, platform::windows::ConnectMode mode, IDispatch* addInInstance);
     void startupComplete();
     void beginShutdown();
-    void disconnect(RemoveMode mode);
+    void disconnect(platform::windows::RemoveMode mode);
 
   private:
-    ComPtr<IDTExtensibility2> addIn_;
+    platform::windows::ComPtr<platform::windows::IDTExtensibility2> addIn_;
 };
 
-}  // namespace platform::windows
+}  // namespace host::windows

@@ -1,8 +1,8 @@
-#include "platform/windows/onThreadOf.h"
+#include "robot/onThreadOf.h"
 
 #include <exception>
 
-namespace platform::windows {
+namespace robot {
 
 namespace {
 
@@ -51,4 +51,4 @@ void onThreadOf(HWND window, const std::function<void()>& work) {
     }
 }
 
-}  // namespace platform::windows
+}  // namespace robot

@@ -1,14 +1,17 @@
-#include "platform/windows/dialogDriver.h"
+#include "robot/dialogDriver.h"
 
 #include <algorithm>
 
 #include "platform/text.h"
 #include "platform/windows/dialogProperties.h"
 #include "platform/windows/dialogTemplate.h"
-#include "platform/windows/listDriver.h"
 #include "platform/windows/windowText.h"
+#include "robot/listDriver.h"
 
-namespace platform::windows::dialogDriver {
+namespace robot::dialogDriver {
+
+using namespace platform;
+using namespace platform::windows;
 
 namespace {
 
@@ -251,4 +254,4 @@ void cancel(HWND dialog) {
     SendNotifyMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
 }
 
-}  // namespace platform::windows::dialogDriver
+}  // namespace robot::dialogDriver

@@ -1,14 +1,17 @@
-#include "platform/windows/DialogRobot.h"
+#include "robot/DialogRobot.h"
 
 #include <algorithm>
 #include <utility>
 
 #include "platform/text.h"
 #include "platform/windows/comErrors.h"
-#include "platform/windows/dialogDriver.h"
 #include "platform/windows/dialogProperties.h"
+#include "robot/dialogDriver.h"
 
-namespace platform::windows {
+namespace robot {
+
+using namespace platform;
+using namespace platform::windows;
 
 namespace {
 
@@ -185,4 +188,4 @@ void DialogRobot::giveUp(std::wstring why) {
     }
 }
 
-}  // namespace platform::windows
+}  // namespace robot
