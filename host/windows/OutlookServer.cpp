@@ -3,6 +3,7 @@
 #include <objbase.h>
 #include <oleauto.h>
 
+#include "host/windows/leftBehind.h"
 #include "platform/windows/ComObject.h"
 #include "platform/windows/RegKey.h"
 #include "platform/windows/comErrors.h"
@@ -11,19 +12,24 @@ namespace host::windows {
 
 using platform::windows::ComPtr;
 using platform::windows::Exporter;
+using platform::windows::RegKey;
 
 namespace {
 
 struct KnownClass {
     const wchar_t* progId;
     const wchar_t* classId;
+    /// Where a request for the class may come from.
+    DWORD context = CLSCTX_INPROC_SERVER;
 };
 
-constexpr wchar_t applicationProgId[] = L"Outlook.Application";
+/// On a ProgID that a host registered: its process.
+constexpr wchar_t ownerValue[] = L"Veltro host";
 
 /// Outlook and Word have ids of their own; Redemption's are this host's where none is registered.
 constexpr KnownClass knownClasses[] = {
-    {applicationProgId, L"{0006F03A-0000-0000-C000-000000000046}"},
+    {L"Outlook.Application", L"{0006F03A-0000-0000-C000-000000000046}",
+     CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER},
     {L"Word.Application", L"{000209FF-0000-0000-C000-000000000046}"},
     {L"vtRedemption.vtSafeMailItem", L"{6C1B1D5E-52C4-4B0E-9B0B-5A1E6C0D7B01}"},
     {L"vtRedemption.vtSafePostItem", L"{6C1B1D5E-52C4-4B0E-9B0B-5A1E6C0D7B02}"},
@@ -73,12 +79,12 @@ class HostFactory final : public platform::windows::ComObject<IClassFactory> {
 /// end.
 class OutlookServer::ProgId {
   public:
-    ProgId(const std::wstring& progId, const std::wstring& classId) {
+    ProgId(const std::wstring& progId, const std::wstring& classId) : path_(L"Software\\Classes\\" + progId) {
+        sweep();
         if (SUCCEEDED(CLSIDFromProgID(progId.c_str(), &id_))) {
             return;
         }
         platform::windows::check(CLSIDFromString(classId.c_str(), &id_));
-        path_ = L"Software\\Classes\\" + progId;
         root_ = HKEY_LOCAL_MACHINE;
         LONG status = write(classId);
         if (status == ERROR_ACCESS_DENIED) {
@@ -99,20 +105,39 @@ class OutlookServer::ProgId {
 
   private:
     LONG write(const std::wstring& classId) {
-        platform::windows::RegKey key;
-        const LONG status = key.create(root_, path_ + L"\\CLSID");
-        return status == ERROR_SUCCESS ? key.setText(L"", classId) : status;
+        RegKey key;
+        RegKey classKey;
+        LONG status = key.create(root_, path_);
+        // Marked first: a host may be killed at any time.
+        status = status == ERROR_SUCCESS ? key.setNumber(ownerValue, GetCurrentProcessId()) : status;
+        status = status == ERROR_SUCCESS ? classKey.create(root_, path_ + L"\\CLSID") : status;
+        return status == ERROR_SUCCESS ? classKey.setText(L"", classId) : status;
     }
 
+    /// Deletes what a host left that was killed. What another program registered has no owner.
+    void sweep() const {
+        for (HKEY root : {HKEY_LOCAL_MACHINE, HKEY_CURRENT_USER}) {
+            RegKey key;
+            if (key.open(root, path_, KEY_READ) != ERROR_SUCCESS) {
+                continue;
+            }
+            const auto owner = key.number(ownerValue);
+            key.close();
+            if (owner && isLeftBehind(*owner)) {
+                platform::windows::deleteKeyTree(root, path_);
+            }
+        }
+    }
+
+    std::wstring path_;
     CLSID id_{};
     HKEY root_ = nullptr;
-    std::wstring path_;
 };
 
 struct OutlookServer::Class {
     Class(const KnownClass& known, IClassFactory& factory) : progId(known.progId, known.classId) {
         platform::windows::check(
-            CoRegisterClassObject(progId.id(), &factory, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &cookie));
+            CoRegisterClassObject(progId.id(), &factory, known.context, REGCLS_MULTIPLEUSE, &cookie));
     }
     Class(const Class&) = delete;
     Class& operator=(const Class&) = delete;

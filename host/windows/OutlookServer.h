@@ -11,8 +11,9 @@
 namespace host::windows {
 
 /// Shows a simulated Outlook to COM: its application object as the running Outlook, which other processes
-/// find too, and its classes, Redemption's and Word's included, to everything in this process. ProgIDs that
-/// the machine does not know are registered for as long as this lives.
+/// find and create too, and its classes, Redemption's and Word's included, to everything in this process.
+/// ProgIDs that the machine does not know are registered for as long as this lives; those that a killed host
+/// left are deleted.
 ///
 /// Lives in a single-threaded apartment and no longer than the Outlook. An add-in registered for the present
 /// user stays visible only if HKEY_CURRENT_USER is replaced after this was made and restored before it ends.

@@ -2,6 +2,7 @@
 
 #include <cwchar>
 
+#include "host/windows/leftBehind.h"
 #include "platform/SettingsStore.h"
 #include "platform/windows/RegKey.h"
 #include "platform/windows/comErrors.h"
@@ -14,16 +15,6 @@ using platform::windows::RegKey;
 
 constexpr wchar_t parentPath[] = L"Software\\Veltro host";
 
-bool isRunning(DWORD processId) {
-    const HANDLE process = OpenProcess(SYNCHRONIZE, FALSE, processId);
-    if (!process) {
-        return GetLastError() == ERROR_ACCESS_DENIED;
-    }
-    const bool running = WaitForSingleObject(process, 0) == WAIT_TIMEOUT;
-    CloseHandle(process);
-    return running;
-}
-
 /// Deletes what processes left that ended before their time.
 void sweep() {
     RegKey parent;
@@ -33,8 +24,7 @@ void sweep() {
     std::vector<std::wstring> abandoned;
     std::wstring name;
     for (DWORD index = 0; parent.enumerateKey(index, name) == ERROR_SUCCESS; ++index) {
-        const DWORD processId = std::wcstoul(name.c_str(), nullptr, 10);
-        if (processId == GetCurrentProcessId() || !isRunning(processId)) {
+        if (isLeftBehind(std::wcstoul(name.c_str(), nullptr, 10))) {
             abandoned.push_back(name);
         }
     }
