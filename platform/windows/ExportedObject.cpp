@@ -6,6 +6,7 @@
 
 #include "platform/windows/ComTarget.h"
 #include "platform/windows/ConnectionPoint.h"
+#include "platform/windows/Enumerator.h"
 #include "platform/windows/Exporter.h"
 #include "platform/windows/comErrors.h"
 
@@ -95,6 +96,14 @@ STDMETHODIMP ExportedObject::Invoke(DISPID member, REFIID, LCID, WORD flags, DIS
                                     VARIANT* result, EXCEPINFO* details, UINT*) {
     const ComPtr<IUnknown> self(identity());
     return guardedInvoke(details, [&] {
+        if (member == DISPID_NEWENUM) {
+            auto enumerator = Enumerator::make(target_, exporter_);
+            if (result) {
+                result->vt = VT_UNKNOWN;
+                result->punkVal = enumerator.detach();
+            }
+            return S_OK;
+        }
         const bool put = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
         IncomingArguments arguments(parameters, put, *exporter_);
         const Value value = access(member, flags, arguments.values());

@@ -13,7 +13,8 @@ namespace platform::windows {
 
 class Exporter;
 
-/// An automation object as COM sees it: late bound, and a source of the events that its target raises.
+/// An automation object as COM sees it: late bound, a source of the events that its target raises, and a
+/// collection to be walked if it has the members of one.
 class ExportedObject final : public DispatchObject<IDispatch, IConnectionPointContainer> {
   public:
     /// Made by Exporter::toCom only.
