@@ -79,6 +79,7 @@ constinit const Member<NameSpace> NameSpace::table_[] = {
      .id = 61696,
      .get = [](NameSpace& session, Arguments) { return Value(session.mapiObject_->object()); }},
     {.name = L"Accounts",
+     .id = 64208,
      .get = [](NameSpace& session,
                Arguments) { return Value(session.world().makeObject<OutlookAccounts>()); },
      .has = hasAccounts},
@@ -96,9 +97,11 @@ bool OutlookAccount::sameAs(const Target& other) const {
 }
 
 constinit const Member<OutlookAccount> OutlookAccount::table_[] = {
-    {.name = L"DisplayName", .get = [](OutlookAccount& account, Arguments) { return Value(account.name_); }},
+    {.name = L"DisplayName",
+     .id = 12289,
+     .get = [](OutlookAccount& account, Arguments) { return Value(account.name_); }},
     {.name = L"UserName", .get = addressOf},
-    {.name = L"SmtpAddress", .get = addressOf},
+    {.name = L"SmtpAddress", .id = 64212, .get = addressOf},
 };
 
 std::span<const Member<OutlookAccount>> OutlookAccount::members() {

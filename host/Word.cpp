@@ -60,9 +60,10 @@ std::wstring WordFile::name() const {
 }
 
 constinit const Member<WordFile> WordFile::table_[] = {
-    {.name = L"Name", .get = [](WordFile& file, Arguments) { return Value(file.name()); }},
+    {.name = L"Name", .id = 0, .get = [](WordFile& file, Arguments) { return Value(file.name()); }},
     {.name = L"FullName", .get = [](WordFile& file, Arguments) { return Value(file.path_); }},
     {.name = L"Installed",
+     .id = 4,
      .get = [](WordFile& file, Arguments) { return Value(file.installed_); },
      .put = [](WordFile& file, Arguments, const Value& value) { file.installed_ = value.toBool(); }},
     {.name = L"Saved",
@@ -83,6 +84,7 @@ std::shared_ptr<WordFile> WordFiles::find(std::wstring_view name) const {
 
 constinit const Member<WordFiles> WordFiles::table_[] = {
     {.name = L"Count",
+     .id = 1,
      .get = [](WordFiles& files, Arguments) { return Value(static_cast<std::int32_t>(files.list_.size())); }},
     {.name = L"Item",
      .id = 0,
@@ -101,6 +103,7 @@ constinit const Member<WordFiles> WordFiles::table_[] = {
      .least = 1,
      .most = 1},
     {.name = L"Add",
+     .id = 2,
      .call =
          [](WordFiles& files, Arguments arguments) {
              const std::wstring path = arguments.text(0);
@@ -144,6 +147,7 @@ void WordApplication::closed(const WordDocument& document) {
 constinit const Member<WordApplication> WordApplication::table_[] = {
     {.name = L"Name", .get = [](WordApplication&, Arguments) { return Value(L"Microsoft Word"); }},
     {.name = L"Run",
+     .id = 445,
      .call =
          [](WordApplication& word, Arguments arguments) {
              const auto& macro = word.world().wordMacro;
@@ -154,8 +158,11 @@ constinit const Member<WordApplication> WordApplication::table_[] = {
          },
      .least = 1,
      .most = 31},
-    {.name = L"AddIns", .get = [](WordApplication& word, Arguments) { return Value(word.files_->object()); }},
+    {.name = L"AddIns",
+     .id = 22,
+     .get = [](WordApplication& word, Arguments) { return Value(word.files_->object()); }},
     {.name = L"Templates",
+     .id = 67,
      .get = [](WordApplication& word, Arguments) { return Value(word.files_->object()); }},
     {.name = L"Windows",
      .get = [](WordApplication& word,

@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <sstream>
 
+#include "platform/text.h"
 #include "tests/host/EventLog.h"
 
 namespace {
@@ -318,30 +320,71 @@ TEST(HostObjectModelTest, DispatchIdsAreOutlooks) {
     auto all = everyObject(outlook);
     struct Case {
         const wchar_t* object;
-        const wchar_t* member;
-        std::int32_t id;
+        const wchar_t* members;
     };
     const Case cases[] = {
-        {L"Application", L"ActiveInspector", 274},
-        {L"NameSpace", L"GetDefaultFolder", 8459},
-        {L"Explorer", L"Selection", 8706},
-        {L"Inspector", L"EditorType", 8464},
-        {L"Item", L"Subject", 55},
-        {L"Item", L"DeferredDeliveryTime", 15},
-        {L"Item", L"SendUsingAccount", 64209},
-        {L"Recipients", L"ResolveAll", 126},
-        {L"Recipient", L"AddressEntry", 121},
-        {L"ListEntry", L"Members", 772},
-        {L"Folder", L"FolderPath", 64120},
-        {L"UserProperties", L"Find", 103},
-        {L"UserProperty", L"Delete", 108},
-        {L"vtSafeMailItem", L"Fields", 12245937},
-        {L"Rdo", L"GetMessageFromID", 9},
-        {L"RdoAccount", L"Stamp", 7},
-        {L"AddIn", L"ProgId", 3},
+        {L"Application",
+         L"Application 61440 Class 61450 Session 61451 CreateItem 266 GetNamespace 272 "
+         L"ActiveExplorer 273 ActiveInspector 274 Quit 275 Version 278 COMAddIns 280 "
+         L"Explorers 281 Inspectors 282 ActiveWindow 287 Name 12289"},
+        {L"NameSpace",
+         L"Application 61440 Parent 61441 Class 61450 Session 61451 CurrentUser 8449 "
+         L"Folders 8451 Type 8452 Logon 8453 GetFolderFromID 8456 GetItemFromID 8457 "
+         L"GetDefaultFolder 8459 MAPIOBJECT 61696 Accounts 64208"},
+        {L"Accounts", L"Count 80 Item 81"},
+        {L"Account", L"DisplayName 12289 SmtpAddress 64212"},
+        {L"Explorers", L"Count 80 Item 81 Add 95"},
+        {L"Explorer",
+         L"Application 61440 Parent 61441 Class 61450 Session 61451 CommandBars 8448 "
+         L"CurrentFolder 8449 Close 8451 Display 8452 Caption 8465 Activate 8467 Selection 8706"},
+        {L"Selection", L"Count 80 Item 81"},
+        {L"Inspectors", L"Count 80 Item 81 Add 95"},
+        {L"Inspector",
+         L"Application 61440 Parent 61441 Class 61450 Session 61451 CommandBars 8448 "
+         L"CurrentItem 8450 Close 8451 Display 8452 IsWordMail 8453 WordEditor 8463 "
+         L"EditorType 8464 Caption 8465 Activate 8467"},
+        {L"Item",
+         L"Application 61440 Parent 61441 Class 61450 Session 61451 Subject 55 Body 37120 "
+         L"HTMLBody 62468 To 3588 CC 3587 BCC 3586 Recipients 63508 Attachments 63509 "
+         L"UserProperties 63510 EntryID 61470 Saved 61603 Sent 62466 DeferredDeliveryTime 15 "
+         L"MessageClass 26 SenderName 3098 SenderEmailType 3102 SenderEmailAddress 3103 "
+         L"Reply 63504 ReplyAll 63505 Forward 63507 Send 61557 Save 61512 Close 61475 "
+         L"Display 61606 Delete 61514 Move 61492 GetInspector 61502 SendUsingAccount 64209"},
+        {L"Recipients", L"Count 80 Item 81 Add 111 Remove 84 ResolveAll 126"},
+        {L"Recipient",
+         L"Name 12289 Address 12291 AddressEntry 121 Type 3093 Resolved 100 EntryID 61470 "
+         L"DisplayType 14592 Delete 110 Resolve 113"},
+        {L"ListEntry", L"Name 12289 Type 12290 Address 12291 ID 61470 DisplayType 14592 Members 772"},
+        {L"SafeEntry", L"Name 12289 Type 12290 Address 12291 Fields 1"},
+        {L"Members", L"Count 80 Item 81"},
+        {L"Attachments", L"Count 80 Item 81"},
+        {L"Folders", L"Count 80 Item 81 Add 95 Remove 84"},
+        {L"Folder",
+         L"Application 61440 Parent 61441 Class 61450 Session 61451 Name 12289 EntryID 61470 "
+         L"StoreID 12552 Folders 8451 Items 12544 MoveTo 61492 Delete 61509 FolderPath 64120"},
+        {L"Items", L"Count 80 Item 81 Add 95"},
+        {L"UserProperties", L"Count 80 Item 81 Add 102 Find 103 Remove 82"},
+        {L"UserProperty", L"Value 0 Name 112 Delete 108"},
+        {L"AddIns", L"Item 0 Count 1"},
+        {L"AddIn", L"Description 0 ProgId 3 Guid 4 Connect 6 Object 7"},
+        {L"vtSafeMailItem",
+         L"Item 12245934 Fields 12245937 Sender 12245930 Body 37120 HTMLBody 62468 "
+         L"Recipients 63508 Attachments 63509"},
+        {L"Rdo",
+         L"LoggedOn 2 MAPIOBJECT 3 Logon 4 Stores 6 GetMessageFromID 9 CurrentUser 13 "
+         L"Accounts 19"},
+        {L"RdoAccount", L"Name 4 ID 6 Stamp 7 Fields 13"},
+        {L"Word", L"Run 445 AddIns 22 Templates 67"},
+        {L"WordAddIns", L"Item 0 Count 1 Add 2"},
+        {L"WordAddIn", L"Name 0 Installed 4"},
     };
     for (const Case& test : cases) {
-        EXPECT_EQ(all.at(test.object).target()->memberId(test.member), test.id);
+        std::wistringstream members(test.members);
+        std::wstring member;
+        for (std::int32_t id = 0; members >> member >> id;) {
+            EXPECT_EQ(all.at(test.object).target()->memberId(member), id)
+                << text::toUtf8(test.object + (L'.' + member));
+        }
     }
 }
 
