@@ -2,7 +2,6 @@
 
 #include "accounts/basSendAcct.h"
 #include "accounts/frmEmailAddress.h"
-#include "addin/WindowWrappers.h"
 #include "addin/missingLibrary.h"
 #include "addin/replyEvents.h"
 #include "mail/basGlobals.h"
@@ -122,40 +121,12 @@ void ExplorerWrap::watch(const outlook::Item& item, std::size_t change) {
 
 void ExplorerWrap::onItemEvent(std::int32_t event, std::span<automation::Value> arguments) {
     const outlook::Item item = mailItem_;
-    if (replyEvents::isAnswer(event) && !isLeftToInspector() && !isLeftToOtherExplorer()) {
+    if (replyEvents::isAnswer(event) && !keeper_.othersAct(*this)) {
         replyEvents::handle(globals_, item, event, arguments);
     }
 }
 
-/// True when the mail is open in the active item window and that window has a wrapper, which then handles the
-/// event. Windows from before the connection have none.
-bool ExplorerWrap::isLeftToInspector() const {
-    const auto left = [&] {
-        const outlook::Inspector active = globals_.outlook.activeInspector();
-        return active && watchesSame(active.currentItem()) && wrappers_.watches(active);
-    };
-    return basGlobals::attempt(left).value_or(false);
-}
-
-/// The mail may be selected in several main windows, each of which hears that it is answered: the active one
-/// handles it, or the oldest of them when the active one shows something else. Where that cannot be told the
-/// check is made: once too often is better than never.
-bool ExplorerWrap::isLeftToOtherExplorer() const {
-    const auto active = basGlobals::attempt([&] { return globals_.outlook.activeExplorer().object(); });
-    if (!active || *active == explorer_.object()) {
-        return false;
-    }
-    bool left = false;
-    wrappers_.explorers().forEach([&](const ExplorerWrap& other) {
-        const bool goesFirst = other.key_ < key_ || other.explorer_.object() == *active;
-        const auto same = [&] { return other.watchesSame(mailItem_); };
-        left = left || (goesFirst && basGlobals::attempt(same).value_or(false));
-    });
-    return left;
-}
-
-/// Compared by id, as one item comes in different objects and many share a subject. Throws automation::Error.
-bool ExplorerWrap::watchesSame(const outlook::Item& item) const {
+bool ExplorerWrap::watches(const outlook::Item& item) const {
     return mailItem_ && item.entryId() == mailItem_.entryId();
 }
 
@@ -175,10 +146,8 @@ outlook::Item ExplorerWrap::selectedMail() const {
 }
 
 void ExplorerWrap::m_objExpl_Close() {
-    basGlobals::trapErrors(globals_, basGlobals::ErrorReport::usual(L"m_objExpl_Close"), [&] {
-        auto self = shared_from_this();
-        wrappers_.KillExpl(key_, self);
-    });
+    basGlobals::trapErrors(globals_, basGlobals::ErrorReport::usual(L"m_objExpl_Close"),
+                           [&] { keeper_.closed(shared_from_this()); });
     release();
 }
 

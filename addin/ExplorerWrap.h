@@ -2,20 +2,28 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <span>
+#include <utility>
 
 #include "addin/menu.h"
 #include "mail/Globals.h"
 #include "platform/outlook.h"
 
-class WindowWrappers;
-
 /// Watches one main window and the mail selected in it.
 class ExplorerWrap : public std::enable_shared_from_this<ExplorerWrap> {
   public:
-    ExplorerWrap(basGlobals::Globals& globals, WindowWrappers& wrappers)
-        : globals_(globals), wrappers_(wrappers) {}
+    /// What the keeper of the wrappers does for each.
+    struct Keeper {
+        /// The window has closed: lets the wrapper go.
+        std::function<void(const std::shared_ptr<ExplorerWrap>&)> closed;
+        /// True when another window's wrapper handles that the watched mail is answered.
+        std::function<bool(const ExplorerWrap&)> othersAct;
+    };
+
+    ExplorerWrap(basGlobals::Globals& globals, Keeper keeper)
+        : globals_(globals), keeper_(std::move(keeper)) {}
 
     std::int32_t Key() const { return key_; }
     void setKey(std::int32_t key) { key_ = key; }
@@ -29,6 +37,9 @@ class ExplorerWrap : public std::enable_shared_from_this<ExplorerWrap> {
 
     /// The mail whose events are watched, or nothing.
     const outlook::Item& watchedItem() const { return mailItem_; }
+    /// Compared by id, as one item comes in different objects and many share a subject. Throws
+    /// automation::Error.
+    bool watches(const outlook::Item& item) const;
 
     /// Reads the subject of the first item selected in the active explorer, which makes Outlook settle the
     /// selection.
@@ -39,9 +50,6 @@ class ExplorerWrap : public std::enable_shared_from_this<ExplorerWrap> {
     void m_objExpl_SelectionChange();
     void watch(const outlook::Item& item, std::size_t change);
     void onItemEvent(std::int32_t event, std::span<automation::Value> arguments);
-    bool isLeftToInspector() const;
-    bool isLeftToOtherExplorer() const;
-    bool watchesSame(const outlook::Item& item) const;
     bool isHarmless(const automation::Error& error) const;
     void m_objExpl_Close();
     void gcmdTWl_Veltro_List_Click();
@@ -49,7 +57,7 @@ class ExplorerWrap : public std::enable_shared_from_this<ExplorerWrap> {
     outlook::Item selectedMail() const;
 
     basGlobals::Globals& globals_;
-    WindowWrappers& wrappers_;
+    Keeper keeper_;
     std::int32_t key_ = 0;
     outlook::Explorer explorer_;
     outlook::Item mailItem_;

@@ -1,6 +1,7 @@
 #include "addin/WindowWrappers.h"
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 #include "addin/ExplorerWrap.h"
@@ -8,7 +9,12 @@
 #include "mail/errorTrap.h"
 
 void WindowWrappers::AddExpl(const outlook::Explorer& explorer) {
-    auto wrapper = std::make_shared<ExplorerWrap>(globals_, *this);
+    auto wrapper = std::make_shared<ExplorerWrap>(
+        globals_, ExplorerWrap::Keeper{.closed = [this](auto closed) { KillExpl(closed->Key(), closed); },
+                                       .othersAct =
+                                           [this](const ExplorerWrap& asking) {
+                                               return inspectorActs(asking) || otherExplorerActs(asking);
+                                           }});
     wrapper->setExplorer(explorer);
     explorers_.add(wrapper);
     wrapper->InitButton();
@@ -24,10 +30,40 @@ void WindowWrappers::KillExpl(std::int32_t key, std::shared_ptr<ExplorerWrap>& w
     explorers_.remove(key, wrapper, L"Unexpected Error in KillExpl");
 }
 
+/// True when the mail is open in the active item window and that window has a wrapper, which then handles the
+/// event. Windows from before the connection have none.
+bool WindowWrappers::inspectorActs(const ExplorerWrap& asking) const {
+    const auto acts = [&] {
+        const outlook::Inspector active = globals_.outlook.activeInspector();
+        return active && asking.watches(active.currentItem()) && watches(active);
+    };
+    return basGlobals::attempt(acts).value_or(false);
+}
+
+/// The mail may be selected in several main windows, each of which hears that it is answered: the active one
+/// handles it, or the oldest of them when the active one shows something else. Where that cannot be told the
+/// check is made: once too often is better than never.
+bool WindowWrappers::otherExplorerActs(const ExplorerWrap& asking) const {
+    const auto active = basGlobals::attempt([&] { return globals_.outlook.activeExplorer().object(); });
+    if (!active || *active == asking.Explorer().object()) {
+        return false;
+    }
+    bool acts = false;
+    explorers_.forEach([&](const ExplorerWrap& other) {
+        const bool goesFirst = other.Key() < asking.Key() || other.Explorer().object() == *active;
+        const auto same = [&] { return other.watches(asking.watchedItem()); };
+        acts = acts || (goesFirst && basGlobals::attempt(same).value_or(false));
+    });
+    return acts;
+}
+
 std::wstring WindowWrappers::AddInsp(const outlook::Inspector& inspector, const outlook::Item& item,
                                      std::int32_t itemClass) {
     letGoOfAbandoned();
-    auto wrapper = std::make_shared<clsInspWrap>(globals_, *this);
+    auto wrapper = std::make_shared<clsInspWrap>(
+        globals_, clsInspWrap::Keeper{.activated = std::bind_front(&WindowWrappers::takeBack, this),
+                                      .itemCloses = std::bind_front(&WindowWrappers::setAside, this),
+                                      .closed = std::bind_front(&WindowWrappers::letGo, this)});
     wrapper->setInspector(inspector);
     switch (itemClass) {
         case outlook::itemClass::mail:

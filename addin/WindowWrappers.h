@@ -27,13 +27,6 @@ class WindowWrappers {
                          std::int32_t itemClass);
     void KillInsp(std::int32_t key, std::shared_ptr<clsInspWrap>& wrapper);
 
-    /// The wrapper's item closes, and its window is about to: takes the wrapper from the collection, but
-    /// keeps it while the window may stay open all the same. Throws as KillInsp does.
-    void setAside(const std::shared_ptr<clsInspWrap>& wrapper);
-    /// The window stays open: puts a wrapper that was set aside into the collection, under a new key.
-    void takeBack(const std::shared_ptr<clsInspWrap>& wrapper);
-    /// The window has closed. Throws as KillInsp does.
-    void letGo(const std::shared_ptr<clsInspWrap>& wrapper);
     /// True when a wrapper, be it one that is set aside, watches this item window.
     bool watches(const outlook::Inspector& inspector) const;
 
@@ -43,6 +36,16 @@ class WindowWrappers {
     void release();
 
   private:
+    bool inspectorActs(const ExplorerWrap& asking) const;
+    bool otherExplorerActs(const ExplorerWrap& asking) const;
+
+    /// The wrapper's item closes, and its window is about to: takes the wrapper from the collection, but
+    /// keeps it while the window may stay open all the same. Throws as KillInsp does.
+    void setAside(const std::shared_ptr<clsInspWrap>& wrapper);
+    /// The window stays open: puts a wrapper that was set aside into the collection, under a new key.
+    void takeBack(const std::shared_ptr<clsInspWrap>& wrapper);
+    /// The window has closed. Throws as KillInsp does.
+    void letGo(const std::shared_ptr<clsInspWrap>& wrapper);
     void letGoOfAbandoned();
 
     basGlobals::Globals& globals_;

@@ -1,6 +1,5 @@
 #include "addin/clsInspWrap.h"
 
-#include "addin/WindowWrappers.h"
 #include "addin/eventArguments.h"
 #include "addin/replyEvents.h"
 #include "checks/basVeltro.h"
@@ -109,17 +108,17 @@ bool clsInspWrap::isAbandoned() const {
 
 void clsInspWrap::activated() {
     shown_ = true;
-    wrappers_.takeBack(shared_from_this());
+    keeper_.activated(shared_from_this());
 }
 
 void clsInspWrap::itemCloses() {
     basGlobals::trapErrors(globals_, basGlobals::ErrorReport::usual(L"clsInspWrap.Close"),
-                           [&] { wrappers_.setAside(shared_from_this()); });
+                           [&] { keeper_.itemCloses(shared_from_this()); });
 }
 
 void clsInspWrap::close() {
     basGlobals::trapErrors(globals_, basGlobals::ErrorReport::usual(L"clsInspWrap.Close"),
-                           [&] { wrappers_.letGo(shared_from_this()); });
+                           [&] { keeper_.closed(shared_from_this()); });
     release();
 }
 

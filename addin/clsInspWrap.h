@@ -1,13 +1,13 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <span>
+#include <utility>
 
 #include "mail/Globals.h"
 #include "platform/outlook.h"
-
-class WindowWrappers;
 
 /// Watches one item window and its item; of the item's properties the one of its class is set.
 ///
@@ -15,8 +15,17 @@ class WindowWrappers;
 /// refuse the closing, too. So the wrapper goes on listening after its item's Close until its window's.
 class clsInspWrap : public std::enable_shared_from_this<clsInspWrap> {
   public:
-    clsInspWrap(basGlobals::Globals& globals, WindowWrappers& wrappers)
-        : globals_(globals), wrappers_(wrappers) {}
+    /// What the keeper of the wrappers does when it is told what became of the window.
+    struct Keeper {
+        using Told = std::function<void(const std::shared_ptr<clsInspWrap>&)>;
+        Told activated;
+        /// The window is about to close, too, but may stay open all the same.
+        Told itemCloses;
+        Told closed;
+    };
+
+    clsInspWrap(basGlobals::Globals& globals, Keeper keeper)
+        : globals_(globals), keeper_(std::move(keeper)) {}
 
     std::int32_t Key() const { return key_; }
     void setKey(std::int32_t key) { key_ = key; }
@@ -51,7 +60,7 @@ class clsInspWrap : public std::enable_shared_from_this<clsInspWrap> {
     void close();
 
     basGlobals::Globals& globals_;
-    WindowWrappers& wrappers_;
+    Keeper keeper_;
     std::int32_t key_ = 0;
     outlook::Inspector inspector_;
     outlook::Item item_;

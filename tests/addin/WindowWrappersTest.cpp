@@ -55,7 +55,7 @@ TEST(WindowWrappers, RefuseToRemoveAnotherWindowsWrapper) {
     TestWorld world;
     WindowWrappers wrappers(world.globals);
     wrappers.AddExpl(outlook::Explorer(world.outlook.openExplorer()));
-    auto stranger = std::make_shared<ExplorerWrap>(world.globals, wrappers);
+    auto stranger = std::make_shared<ExplorerWrap>(world.globals, ExplorerWrap::Keeper{});
     try {
         wrappers.KillExpl(0, stranger);
         FAIL() << "removed";
@@ -230,7 +230,7 @@ TEST(ExplorerWrap, KeepsQuietAboutWindowsThatCloseInAnyLanguage) {
         WindowWrappers wrappers(world.globals);
         const auto explorer =
             std::make_shared<BrokenWindow>(automation::Error(given.number, given.description), given.closed);
-        const auto wrapper = std::make_shared<ExplorerWrap>(world.globals, wrappers);
+        const auto wrapper = std::make_shared<ExplorerWrap>(world.globals, ExplorerWrap::Keeper{});
         wrapper->setExplorer(outlook::Explorer(automation::Object(explorer)));
         explorer->select();
         ASSERT_EQ(world.log.messages.size(), given.reported ? 1U : 0U);
@@ -245,7 +245,7 @@ TEST(ExplorerWrap, WatchesTheSelectedMailOutsideTheOutbox) {
     TestWorld world;
     WindowWrappers wrappers(world.globals);
     const auto window = world.outlook.openExplorer();
-    auto wrapper = std::make_shared<ExplorerWrap>(world.globals, wrappers);
+    auto wrapper = std::make_shared<ExplorerWrap>(world.globals, ExplorerWrap::Keeper{});
     wrapper->setExplorer(outlook::Explorer(window));
     host::Message contact;
     contact.itemClass = host::itemClass::contact;
@@ -272,7 +272,7 @@ TEST(ExplorerWrap, WatchesTheLatestSelectionWhenOneComesInsideAnother) {
         TestWorld world;
         WindowWrappers wrappers(world.globals);
         const auto window = world.outlook.openExplorer();
-        const auto wrapper = std::make_shared<ExplorerWrap>(world.globals, wrappers);
+        const auto wrapper = std::make_shared<ExplorerWrap>(world.globals, ExplorerWrap::Keeper{});
         wrapper->setExplorer(outlook::Explorer(window));
         const auto first = world.outlook.receive({});
         const auto second = world.outlook.receive({});
