@@ -3,7 +3,6 @@
 #include "addin/eventArguments.h"
 #include "checks/basVeltro.h"
 #include "checks/pruneReply.h"
-#include "mail/basGlobals.h"
 #include "mail/errorTrap.h"
 
 namespace replyEvents {
@@ -35,8 +34,7 @@ void replyAll(Globals& globals, const outlook::Item& answered, const outlook::It
     }
     basVeltro::AnsweredMail mail(globals, answered);
     basVeltro::vtReplyAllCheck(globals, mail, response, cancel);
-    // A response of the add-in's own making is pruned by its maker, who knows whom to keep.
-    if (!cancel && !globals.suppressed) {
+    if (!cancel) {
         basVeltro::pruneReply(globals, mail, response);
     }
 }
@@ -56,7 +54,8 @@ bool isAnswer(std::int32_t event) {
 void handle(Globals& globals, const outlook::Item& item, std::int32_t event,
             std::span<automation::Value> arguments) {
     namespace events = outlook::events;
-    if (!isAnswer(event) || basGlobals::itemUnreadable(item)) {
+    const auto id = basGlobals::attempt([&] { return item.entryId(); });
+    if (!isAnswer(event) || !id || id == globals.answering) {
         return;
     }
     basGlobals::skipErrors([&] {

@@ -4,9 +4,11 @@
 #include <set>
 
 #include "checks/responseRecipients.h"
+#include "mail/basGlobals.h"
 #include "mail/errorTrap.h"
 #include "platform/number.h"
 #include "platform/text.h"
+#include "settings/modRegKeys.h"
 
 namespace basVeltro {
 
@@ -63,20 +65,39 @@ std::vector<int> positionsToDelete(const std::vector<MailRecipient>& recipients,
     return positions;
 }
 
+void prune(AnsweredMail& answered, const outlook::Item& reply, const RecipientSet& dropped, bool clearOwn,
+           const RecipientSet& kept = {}) {
+    const OwnAddresses nobody(L"");
+    const OwnAddresses& own = clearOwn && answered.ownAddresses() ? *answered.ownAddresses() : nobody;
+    deleteRecipients(reply, positionsToDelete(readResponse(answered, reply), dropped, own, kept));
+}
+
+basGlobals::ErrorReport report() {
+    return basGlobals::ErrorReport::usual(L"basVeltro.pruneReply");
+}
+
 }  // namespace
 
-void pruneReply(Globals& globals, AnsweredMail& answered, const outlook::Item& reply,
-                const RecipientSet& kept) {
-    basGlobals::trapErrors(globals, basGlobals::ErrorReport::usual(L"basVeltro.pruneReply"), [&] {
+bool clearsOwnAddresses(const Globals& globals) {
+    return modRegKeys::ReplyAllAutoRemove.read(globals) && basGlobals::OutlookMajorVersion(globals) != L"10";
+}
+
+void pruneReply(Globals& globals, AnsweredMail& answered, const outlook::Item& reply) {
+    basGlobals::trapErrors(globals, report(), [&] {
         const auto marked = takeMark(reply, replyMark::removeRecipients);
         const bool clearOwn = takeMark(reply, replyMark::clearOwnAddress).has_value();
-        if (!marked && !clearOwn) {
-            return;
+        if (marked || clearOwn) {
+            prune(answered, reply, marked ? markedRecipients(answered, *marked) : RecipientSet(), clearOwn);
         }
-        const auto dropped = marked ? markedRecipients(answered, *marked) : RecipientSet();
-        const OwnAddresses nobody(L"");
-        const OwnAddresses& own = clearOwn && answered.ownAddresses() ? *answered.ownAddresses() : nobody;
-        deleteRecipients(reply, positionsToDelete(readResponse(answered, reply), dropped, own, kept));
+    });
+}
+
+void clearOwnAddresses(Globals& globals, AnsweredMail& answered, const outlook::Item& replyAll,
+                       const RecipientSet& kept) {
+    basGlobals::trapErrors(globals, report(), [&] {
+        if (clearsOwnAddresses(globals)) {
+            prune(answered, replyAll, {}, true, kept);
+        }
     });
 }
 

@@ -14,9 +14,16 @@ inline constexpr wchar_t removeRecipients[] = L"ReplyToAllRemoveReciptAt";
 inline constexpr wchar_t clearOwnAddress[] = L"ReplyToAllCLearMyEmail";
 }  // namespace replyMark
 
-/// Removes from the reply whom its marks name, and the marks, which must not travel with the mail. An address
-/// of the user's own stays when it is one of those `kept`. Errors are reported.
-void pruneReply(basGlobals::Globals& globals, AnsweredMail& answered, const outlook::Item& reply,
-                const RecipientSet& kept = {});
+/// True when the settings want the user's own addresses off a Reply to All, and the version can.
+bool clearsOwnAddresses(const basGlobals::Globals& globals);
+
+/// Removes from the reply whom its marks name, and the marks, which must not travel with the mail. Errors are
+/// reported.
+void pruneReply(basGlobals::Globals& globals, AnsweredMail& answered, const outlook::Item& reply);
+
+/// Removes the user's own addresses from an unmarked Reply to All where clearsOwnAddresses says so, those
+/// `kept` excepted. Errors are reported.
+void clearOwnAddresses(basGlobals::Globals& globals, AnsweredMail& answered, const outlook::Item& replyAll,
+                       const RecipientSet& kept);
 
 }  // namespace basVeltro

@@ -29,7 +29,7 @@ double ageInDays(const Globals& globals, const outlook::Item& answered) {
 std::wstring vtOldSubject(Globals& globals, const outlook::Item& answered, const outlook::Item& reply) {
     std::wstring result = noSubjectChange;
     basGlobals::trapErrors(globals, basGlobals::ErrorReport::usual(L"basVeltro.vtOldSubject"), [&] {
-        if (globals.suppressed || !modRegKeys::PromptReplyOnOlderEmails.read(globals)) {
+        if (!modRegKeys::PromptReplyOnOlderEmails.read(globals)) {
             return;
         }
         const std::wstring days = modRegKeys::OldEmailDays.read(globals);

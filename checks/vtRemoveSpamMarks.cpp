@@ -45,9 +45,6 @@ std::wstring asUserWants(const Globals& globals, const std::wstring& oldSubject,
 
 void vtRemoveSpamMarks(Globals& globals, const outlook::Item& item) {
     basGlobals::trapErrors(globals, basGlobals::ErrorReport::usual(L"basVeltro.vtRemoveSpamMarks"), [&] {
-        if (globals.suppressed) {
-            return;
-        }
         const std::wstring oldSubject = item.subject();
         std::wstring newSubject = withoutSpamMarks(globals, oldSubject);
         const bool phrasesRemoved = newSubject != oldSubject;

@@ -96,13 +96,12 @@ bool userGoesOn(Globals& globals, AnsweredMail& answered, const outlook::Item& r
 
 void vtReplyAllCheck(Globals& globals, AnsweredMail& answered, const outlook::Item& reply, bool& cancel) {
     const redemption::MapiCleanUp cleanUp(globals.platform.automation);
-    if (!globals.suppressed && !userGoesOn(globals, answered, reply)) {
+    if (!userGoesOn(globals, answered, reply)) {
         cancel = true;
         return;
     }
     basGlobals::trapErrors(globals, basGlobals::ErrorReport::module(L"vtReplyAllCheck"), [&] {
-        if (modRegKeys::ReplyAllAutoRemove.read(globals) &&
-            basGlobals::OutlookMajorVersion(globals) != L"10") {
+        if (clearsOwnAddresses(globals)) {
             basGlobals::AddUserProperties(globals, reply, replyMark::clearOwnAddress, L"True");
         }
     });

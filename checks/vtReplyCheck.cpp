@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "checks/basVeltro.h"
 #include "checks/frmReplyMultRecipt.h"
 #include "checks/ownAddresses.h"
@@ -13,22 +15,15 @@ namespace {
 
 using basGlobals::Globals;
 
-/// While the add-in itself answers a mail, its own checks keep quiet.
-class Suppression {
-  public:
-    explicit Suppression(Globals& globals) : flag_(globals.suppressed), before_(flag_) { flag_ = true; }
-    ~Suppression() { flag_ = before_; }
-    Suppression(const Suppression&) = delete;
-    Suppression& operator=(const Suppression&) = delete;
-
-  private:
-    bool& flag_;
-    bool before_;
-};
-
-/// `how` is a method of items: Reply or ReplyAll.
+/// The add-in's own answer to a mail, about which its checks keep quiet. `how` is a method of items: Reply or
+/// ReplyAll.
 outlook::Item answer(Globals& globals, const outlook::Item& item, const wchar_t* how) {
-    const Suppression suppression(globals);
+    struct Answering {
+        std::optional<std::wstring>& id;
+        std::optional<std::wstring> before;
+        ~Answering() { id = std::move(before); }
+    };
+    const Answering answering{globals.answering, std::exchange(globals.answering, item.entryId())};
     return outlook::Item(item.object().call(how).toObject());
 }
 
@@ -89,7 +84,7 @@ void offerOtherRecipients(Globals& globals, AnsweredMail& answered, const outloo
     const std::wstring subject = plainReply.subject();  // The subject checks have been over it.
     const RecipientSet plain = recipientsOf(answered, plainReply);
     const outlook::Item replyAll = answer(globals, answered.item(), L"ReplyAll");
-    pruneReply(globals, answered, replyAll, plain);
+    clearOwnAddresses(globals, answered, replyAll, plain);
     frmReplyMultRecipt form(globals, rowsOf(readResponse(answered, replyAll), plain));
     prompts::show(globals, form);
     if (!form.confirmed()) {
@@ -105,8 +100,7 @@ void offerOtherRecipients(Globals& globals, AnsweredMail& answered, const outloo
 
 void vtReplyCheck(Globals& globals, AnsweredMail& answered, const outlook::Item& reply, bool& cancel) {
     basGlobals::trapErrors(globals, basGlobals::ErrorReport::module(L"vtReplyCheck"), [&] {
-        if (globals.suppressed || !modRegKeys::ReplyMultiple.read(globals) ||
-            answered.safe().recipients().count() <= 1 ||
+        if (!modRegKeys::ReplyMultiple.read(globals) || answered.safe().recipients().count() <= 1 ||
             !vtCheckIfUserInRecipients(globals, answered, noSender).value_or(false)) {
             return;
         }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "mail/clsResource.h"
@@ -53,9 +54,9 @@ struct Globals {
     bool googleApps = false;
     /// From the first step of the start-up to its last; stays set when Outlook started without a window.
     bool startingUp = false;
-    /// Set while the add-in itself makes or changes items; the checks of subjects and replies then keep
-    /// quiet.
-    bool suppressed = false;
+    /// The entry id of the mail that the add-in itself is answering: its checks keep quiet about that answer,
+    /// and about no other that comes inside the same call of Outlook's.
+    std::optional<std::wstring> answering;
     /// Raised by the offer to add an address, on either side of Word's, to stop the send.
     bool sendCancelled = false;
     DialogMode dialogMode = DialogMode::None;

@@ -216,6 +216,32 @@ TEST(ReplyFromAWindow, IsCheckedOnce) {
     EXPECT_EQ(bench.prompts().size(), 1U);
 }
 
+/// Outlook lets events in while it is called: inside each call of a reply another mail is answered, whose
+/// check must not be taken for one of the add-in's own answer.
+TEST(ReplyInsideAReply, IsCheckedAsWell) {
+    bool inside = true;
+    for (std::size_t call = 1; inside; ++call) {
+        Bench bench({.settings = quiet({{L"ReplyMultiple", L"True"}, {L"ReplyALL_BCC", L"True"}}),
+                     .answers = {L"frmReplyMultRecipt=lstRecipients=1,2; cmdOK", L"BCCed e-mail=No"}});
+        const auto first = selected(bench, mailTo({bob, me}));
+        const auto second = bench.outlook().receive(mailTo({carl}));
+        bench.outlook().select(bench.outlook().openExplorer(), {second});
+        std::optional<bool> secondOpened;
+        inside = false;
+        bench.outlook().duringCall(call, [&] {
+            inside = true;
+            secondOpened = bench.outlook().replyAll(second).opened;
+        });
+        const auto outcome = bench.outlook().reply(first);
+        bench.outlook().duringCall(0, nullptr);
+        EXPECT_EQ(secondOpened.value_or(false), false) << "call " << call;
+        EXPECT_EQ(bench.prompts().size(), inside ? 2U : 1U) << "call " << call;
+        ASSERT_EQ(outcome.newInspectors.size(), 1U) << "call " << call;
+        EXPECT_EQ(namesOf(bench, bench.outlook().itemOf(outcome.newInspectors[0])), (Names{L"Ann", L"Bob"}))
+            << "call " << call;
+    }
+}
+
 TEST(ReplyTwice, IsCheckedTwice) {
     Bench bench({.settings = quiet({{L"ReplyMultiple", L"True"}}),
                  .answers = {L"frmReplyMultRecipt=cmdCancel", L"frmReplyMultRecipt=cmdOK"}});

@@ -150,4 +150,12 @@ TEST(UntickedRecipient, IsNotTakenForANamesake) {
     EXPECT_EQ(recipients[2].address.address, boss.address);
 }
 
+TEST(OfferedRecipients, IncludeTheUserWhereNothingTakesThemOff) {
+    Bench bench({.settings = {{L"ReplyAllAutoRemove", L"False"}}, .answers = {L"frmReplyMultRecipt=cmdOK"}});
+    bench.outlook().reply(selected(bench, mailTo({bob, me})));
+    ASSERT_EQ(bench.promptNames(), (Names{L"frmReplyMultRecipt"}));
+    EXPECT_EQ(bench.prompts()[0].control(L"lstRecipients").caption,
+              L"Ann (ann@example.com)\nBob (bob@example.com)\nMe (ME@example.org)");
+}
+
 }  // namespace
