@@ -26,20 +26,25 @@ void ExplorerWrap::setExplorer(const outlook::Explorer& explorer) {
 }
 
 void ExplorerWrap::InitButton() {
+    if (buttons_.accountList || std::exchange(buildingMenu_, true)) {
+        return;  // Outlook's calls let events in: an Activate must not build a second menu beside the first.
+    }
     basGlobals::skipErrors([&] {
-        buttons_ = menu::build(globals_, explorer_, key_);
-        if (!buttons_.accountList) {
+        const menu::Buttons built = menu::build(globals_, explorer_, key_);
+        if (!built.accountList) {
             return;
         }
         accountListEvents_ = automation::subscribe(
-            buttons_.accountList, events::commandBarButton,
+            built.accountList, events::commandBarButton,
             [self = weak_from_this()](std::int32_t event, std::span<automation::Value>) {
                 const auto wrapper = self.lock();  // Held: the window may close while the list is open.
                 if (wrapper && event == events::commandBarButtonClick) {
                     wrapper->gcmdTWl_Veltro_List_Click();
                 }
             });
+        buttons_ = built;
     });
+    buildingMenu_ = false;
 }
 
 void ExplorerWrap::gcmdTWl_Veltro_List_Click() {
@@ -65,6 +70,9 @@ void ExplorerWrap::gcmdTWl_Veltro_List_Click() {
 
 void ExplorerWrap::onExplorerEvent(std::int32_t event) {
     switch (event) {
+        case events::explorerActivate:
+            InitButton();
+            break;
         case events::explorerSelectionChange:
             m_objExpl_SelectionChange();
             break;

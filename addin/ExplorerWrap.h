@@ -32,7 +32,8 @@ class ExplorerWrap : public std::enable_shared_from_this<ExplorerWrap> {
     /// Lets the window go: no event reaches the wrapper any more, even while something holds it.
     void release();
 
-    /// Builds the product's menu in the window. A window whose menu cannot be built is guarded all the same.
+    /// Builds the product's menu in the window, unless it is there already. A window whose menu cannot be
+    /// built is guarded all the same; that of a new window can be built from its first Activate on.
     void InitButton();
 
     /// The mail whose events are watched, or nothing.
@@ -65,6 +66,7 @@ class ExplorerWrap : public std::enable_shared_from_this<ExplorerWrap> {
     std::size_t changes_ = 0;
     automation::Subscription explorerEvents_;
     automation::Subscription itemEvents_;
+    bool buildingMenu_ = false;
     menu::Buttons buttons_;
     automation::Subscription accountListEvents_;
 };

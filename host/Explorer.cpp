@@ -65,7 +65,13 @@ constinit const Member<Explorer> Explorer::table_[] = {
      .get = [](Explorer& explorer, Arguments) { return Value(explorer.world().nameSpace().object()); }},
     {.name = L"CommandBars",
      .id = 8448,
-     .get = [](Explorer& explorer, Arguments) { return Value(explorer.bars_->object()); }},
+     .get =
+         [](Explorer& explorer, Arguments) {
+             if (!explorer.shown_) {
+                 raise::operationFailed();
+             }
+             return Value(explorer.bars_->object());
+         }},
     {.name = L"CurrentFolder",
      .id = 8449,
      .get = [](Explorer& explorer, Arguments) { return Value(explorer.folder_->object()); },

@@ -33,6 +33,8 @@ class Explorer : public Automated<Explorer> {
     /// Raises SelectionChange twice: for what was left and for what is selected.
     void select(const std::vector<std::shared_ptr<Item>>& items);
     void closed() { closed_ = true; }
+    /// The window comes to the screen.
+    void shown() { shown_ = true; }
 
   private:
     static const Member<Explorer> table_[];
@@ -40,6 +42,8 @@ class Explorer : public Automated<Explorer> {
     std::vector<std::weak_ptr<Item>> selection_;
     std::shared_ptr<CommandBars> bars_;
     bool closed_ = false;
+    /// Until it was on the screen an explorer has no command bars that a caller could get.
+    bool shown_ = false;
     EventSource events_{0x0006304F, 0x0006300F};
 };
 

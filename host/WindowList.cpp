@@ -50,6 +50,7 @@ void WindowList::open(int explorers, int inspectors) {
     for (int i = 0; i < explorers; ++i) {
         const auto inbox = world_.mailbox().defaultFolder(defaultFolder::inbox);
         explorers_.push_back(world_.make<Explorer>(inbox, nullptr));
+        explorers_.back()->shown();
         order_.push_back(explorers_.back());
     }
     for (int i = 0; i < inspectors; ++i) {
@@ -137,6 +138,9 @@ void WindowList::activate(const std::shared_ptr<HostObject>& window) {
     }
     std::erase(order_, window);
     order_.push_back(window);
+    if (const auto explorer = std::dynamic_pointer_cast<Explorer>(window)) {
+        explorer->shown();
+    }
     world_.raise(*window->eventSource(), L"Activate", activated);
 }
 

@@ -136,6 +136,24 @@ TEST_F(HostCommandBarsTest, ControlsKeepWhatIsWrittenAndTheirPlaceInTheOrder) {
     EXPECT_EQ(captions(menu_).back(), L"&Tarnwell");
 }
 
+TEST_F(HostCommandBarsTest, ANewWindowHasNoneBeforeItsFirstActivate) {
+    std::vector<std::int32_t> errors;
+    const auto ask = [&](const Object& window) {
+        errors.push_back(errorOf([&] { window.get(L"CommandBars"); }));
+    };
+    automation::Subscription activated;
+    const auto opened = automation::subscribe(
+        outlook_.application().get(L"Explorers").toObject(), outlook::events::explorers,
+        [&](std::int32_t, std::span<Value> arguments) {
+            const Object window = arguments[0].toObject();
+            ask(window);
+            activated = automation::subscribe(window, outlook::events::explorer,
+                                              [&, window](std::int32_t, std::span<Value>) { ask(window); });
+        });
+    outlook_.openExplorer();
+    EXPECT_EQ(errors, (std::vector<std::int32_t>{automation::errors::failed, 0}));
+}
+
 TEST_F(HostCommandBarsTest, ADeletedPopupTakesItsControlsWithIt) {
     Object tarnwell = add(menu_, popup, L"Tarnwell");
     Object veltro = add(controlsOf(tarnwell), popup, L"Veltro");

@@ -270,6 +270,9 @@ TEST(FailingMenu, LeavesTheWindowGuarded) {
         const bool inMenu = std::ranges::find(made, L"Explorer.CommandBars") != made.end();
         failed = bench.outlook().calls() - before >= call;
         bench.outlook().failCall(0);
+        bench.outlook().activate(bench.outlook().explorers().front());
+        bench.outlook().activate(window);
+        EXPECT_EQ(lastMenus(window).size(), inMenu ? 2U : 1U) << "call " << call;
         bench.outlook().select(window, {item});
         const host::ReplyOutcome outcome = bench.outlook().reply(item);
         EXPECT_FALSE(outcome.opened && inMenu) << "call " << call;
@@ -282,6 +285,26 @@ TEST(FailingMenu, LeavesTheWindowGuarded) {
     EXPECT_GT(call, 20U);
     EXPECT_LT(call, most);
     EXPECT_EQ(bench.send(brokenPromise).state, host::SendState::Cancelled);
+}
+
+/// Inside each call of a window's opening the user goes to another window and back.
+TEST(Menu, IsBuiltOnceHoweverOftenItsWindowIsActivatedMeanwhile) {
+    bool inside = true;
+    for (std::size_t call = 1; inside; ++call) {
+        Bench bench;
+        firstMenuBar(bench).get(L"Item", L"Tarnwell").toObject().call(L"Delete");
+        inside = false;
+        bench.outlook().duringCall(call, [&] {
+            inside = true;
+            const auto explorers = bench.outlook().explorers();
+            bench.outlook().activate(explorers.front());
+            bench.outlook().activate(explorers.back());
+        });
+        const Object window = bench.outlook().openExplorer();
+        bench.outlook().duringCall(0, nullptr);
+        EXPECT_EQ(lastMenus(window), (std::vector<std::wstring>{L"Tarn&well", L"&Help"})) << "call " << call;
+        EXPECT_EQ(captions(entriesOf(menuBar(window), L"Tarnwell")), std::vector<std::wstring>{L"Veltro"});
+    }
 }
 
 /// Each call that takes the menu away fails once.
