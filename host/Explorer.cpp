@@ -3,6 +3,7 @@
 #include "host/Application.h"
 #include "host/Folder.h"
 #include "host/Item.h"
+#include "host/ItemAlias.h"
 #include "host/NameSpace.h"
 #include "host/World.h"
 
@@ -160,7 +161,8 @@ constinit const Member<Selection> Selection::table_[] = {
      .id = 81,
      .get =
          [](Selection& selection, Arguments arguments) {
-             return Value(selection.items_[position(arguments[0], selection.items_.size())]->object());
+             const auto& item = selection.items_[position(arguments[0], selection.items_.size())];
+             return Value(selection.world().makeObject<ItemAlias>(item));
          },
      .least = 1,
      .most = 1},

@@ -60,6 +60,8 @@ class HostObject : public automation::Target, public std::enable_shared_from_thi
     virtual void checkUsable() const {}
     virtual std::wstring className() const = 0;
     virtual EventSource* eventSource() { return nullptr; }
+    /// The object that this one stands for; itself, unless it is another one's alias.
+    virtual std::shared_ptr<HostObject> behind() { return shared_from_this(); }
 
     World& world() const;
     automation::Object object() { return automation::Object(shared_from_this()); }
@@ -91,7 +93,8 @@ class HostObject : public automation::Target, public std::enable_shared_from_thi
 /// The host object of class T that `object` refers to, or nothing.
 template <class T>
 std::shared_ptr<T> as(const automation::Object& object) {
-    return std::dynamic_pointer_cast<T>(object.target());
+    const auto found = std::dynamic_pointer_cast<HostObject>(object.target());
+    return found ? std::dynamic_pointer_cast<T>(found->behind()) : nullptr;
 }
 
 /// The host object of class T that a value refers to. Throws automation::Error 13 when it is none.

@@ -24,6 +24,16 @@ std::wstring_view nameOf(const Address& address) {
     return address.name.empty() ? address.address : address.name;
 }
 
+/// Takes over some parts of another content, which need not be noted any more.
+void takeParts(ItemContent& content, Parts& parts, const ItemContent& from) {
+    for (std::size_t index = 0; index < partCount; ++index) {
+        if (const auto part = static_cast<Part>(index); parts.contains(part)) {
+            content.take(part, from);
+        }
+    }
+    parts.clear();
+}
+
 }  // namespace
 
 Item::Item(World& world, ItemContent content)
@@ -180,13 +190,15 @@ void Item::opened() {
     }
 }
 
-void Item::forgetWritten() {
-    for (std::size_t index = 0; index < partCount; ++index) {
-        if (const auto part = static_cast<Part>(index); written_.contains(part)) {
-            message_.take(part, content_);
-        }
+void Item::readAnew() {
+    if (folder() && !world().windows().inspectorOf(*this)) {
+        takeParts(content_, dirty_, message_);
+        content_.saved = true;
     }
-    written_.clear();
+}
+
+void Item::forgetWritten() {
+    takeParts(message_, written_, content_);
 }
 
 void Item::placed(const std::shared_ptr<Folder>& folder) {

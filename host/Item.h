@@ -66,6 +66,8 @@ class Item : public Automated<Item> {
     /// The folder gives the item out: what was stored elsewhere takes the place of changes that can no longer
     /// be saved.
     void opened();
+    /// Outlook opens the item anew: changes that nobody has saved do not show, unless a window holds them.
+    void readAnew();
     /// Outlook is about to send: what the MAPI library has written and nobody has saved does not go along.
     void forgetWritten();
     /// Puts the content into another folder as a new item and leaves this one unusable.

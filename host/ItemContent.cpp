@@ -10,7 +10,7 @@ namespace {
 
 void addRecipients(RecipientList& list, const std::vector<Address>& addresses, int type) {
     for (const Address& address : addresses) {
-        list.push_back(std::make_shared<RecipientData>(RecipientData{type, address, address.resolvable}));
+        list.push_back(std::make_shared<RecipientData>(RecipientData{type, address, isResolved(address)}));
     }
 }
 

@@ -28,11 +28,6 @@ constexpr std::uint32_t body = 0x1000001E;
 constexpr std::uint32_t html = 0x1013001E;
 }  // namespace tag
 
-/// The Unicode form of a text property has the same content as its 8-bit form.
-std::uint32_t canonical(std::uint32_t property) {
-    return (property & 0xFFFF) == 0x001F ? (property & 0xFFFF0000) | 0x001E : property;
-}
-
 template <class T>
 Value valueOf(const std::optional<T>& value) {
     return value ? Value(*value) : Value();
@@ -64,10 +59,9 @@ Value storable(const Value& value) {
 }
 
 Value ItemContent::field(std::uint32_t property) const {
-    const std::uint32_t wanted = canonical(property);
     // A sender who acts for nobody is his own principal.
     const auto& principal = onBehalfOf ? onBehalfOf : sender;
-    switch (wanted) {
+    switch (property) {
         case tag::messageClass:
             return Value(itemClass == host::itemClass::post     ? L"IPM.Post"
                          : itemClass == host::itemClass::report ? L"REPORT.IPM.Note.NDR"
@@ -101,15 +95,14 @@ Value ItemContent::field(std::uint32_t property) const {
         case tag::deferredSend:
             return valueOf(deferred);
         default: {
-            const auto found = fields.find(wanted);
+            const auto found = fields.find(property);
             return found == fields.end() ? Value() : found->second;
         }
     }
 }
 
 Part ItemContent::setField(std::uint32_t property, const Value& value) {
-    const std::uint32_t wanted = canonical(property);
-    switch (wanted) {
+    switch (property) {
         case tag::subject:
             subject = value.toText();
             return Part::Subject;
@@ -149,7 +142,7 @@ Part ItemContent::setField(std::uint32_t property, const Value& value) {
         case tag::messageClass:
             raise::noPermission();  // Computed by the store.
         default:
-            fields[wanted] = storable(value);
+            fields[property] = storable(value);
             return Part::Fields;
     }
 }

@@ -30,6 +30,11 @@ struct Address {
     bool resolvable = true;
 };
 
+/// Whether an address is one already; a mere name waits for the address book.
+inline bool isResolved(const Address& address) {
+    return address.resolvable && !address.address.empty();
+}
+
 struct Attachment {
     std::wstring fileName{};
     /// Without the angle brackets; empty when there is none.

@@ -3,6 +3,7 @@
 #include "host/Application.h"
 #include "host/Folder.h"
 #include "host/Item.h"
+#include "host/ItemAlias.h"
 #include "host/Recipients.h"
 #include "host/World.h"
 
@@ -34,7 +35,8 @@ Value itemFromId(NameSpace& session, Arguments arguments) {
     if (!item) {
         raise::objectNotFound();
     }
-    return item->object();
+    item->readAnew();
+    return session.world().makeObject<ItemAlias>(item);
 }
 
 Value folderFromId(NameSpace& session, Arguments arguments) {

@@ -40,6 +40,12 @@ std::vector<Object> objects(const std::vector<std::shared_ptr<T>>& list) {
     return result;
 }
 
+/// A button of the window answers the first item selected.
+bool showsFirst(const Explorer& explorer, const std::shared_ptr<Item>& item) {
+    const auto selection = explorer.selection();
+    return !selection.empty() && selection.front() == item;
+}
+
 }  // namespace
 
 Outlook::Outlook(Profile profile, std::function<automation::Date()> now)
@@ -246,19 +252,28 @@ ReplyOutcome Outlook::forward(const Object& item) {
 
 ReplyOutcome Outlook::answer(ReplyKind kind, const Object& item) {
     const auto answered = handle<Item>(*world_, item);
-    WindowList& windows = world_->windows();
-    if (const auto open = windows.inspectorOf(*answered)) {
-        windows.activate(open);
-    } else {
-        const auto explorer = windows.topExplorer([&](const Explorer& window) {
-            const auto selection = window.selection();
-            return !selection.empty() && selection.front() == answered;
-        });
-        if (!explorer) {
-            raise::operationFailed();  // No window has a button for it.
-        }
-        windows.activate(explorer);
+    std::shared_ptr<HostObject> window = world_->windows().inspectorOf(*answered);
+    if (!window) {
+        window = world_->windows().topExplorer(
+            [&](const Explorer& explorer) { return showsFirst(explorer, answered); });
     }
+    if (!window) {
+        raise::operationFailed();  // No window has a button for it.
+    }
+    return answerIn(window->object(), kind, item);
+}
+
+ReplyOutcome Outlook::answerIn(const Object& window, ReplyKind kind, const Object& item) {
+    const auto answered = handle<Item>(*world_, item);
+    const auto pressed = handle<HostObject>(*world_, window);
+    const auto explorer = as<Explorer>(window);
+    const bool shows =
+        explorer ? showsFirst(*explorer, answered) : pressed == world_->windows().inspectorOf(*answered);
+    if (!shows) {
+        raise::operationFailed();
+    }
+    WindowList& windows = world_->windows();
+    windows.activate(pressed);
     const auto before = windows.inspectors();
     ReplyOutcome outcome;
     if (const auto response = raiseAnswer(*answered, kind)) {

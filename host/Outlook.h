@@ -168,6 +168,9 @@ class Outlook {
     ReplyOutcome replyAll(const automation::Object& item);
     ReplyOutcome forward(const automation::Object& item);
     ReplyOutcome answer(ReplyKind kind, const automation::Object& item);
+    /// Presses the button in this window, an explorer in which the item is selected or its inspector,
+    /// wherever else the item may be open.
+    ReplyOutcome answerIn(const automation::Object& window, ReplyKind kind, const automation::Object& item);
     /// Raises Application.Quit.
     void quit();
 

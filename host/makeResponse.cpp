@@ -54,9 +54,9 @@ std::wstring asHtml(std::wstring_view lines) {
 class DistinctRecipients {
   public:
     void add(const Address& address, int type) {
-        if (known_.insert(text::upper(address.address)).second) {
+        if (known_.insert(text::upper(address.address.empty() ? address.name : address.address)).second) {
             list_.push_back(
-                std::make_shared<RecipientData>(RecipientData{type, address, address.resolvable}));
+                std::make_shared<RecipientData>(RecipientData{type, address, isResolved(address)}));
         }
     }
     RecipientList take() && { return std::move(list_); }

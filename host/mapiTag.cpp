@@ -13,7 +13,10 @@ std::uint32_t mapiTag(const automation::Value& value) {
     if (std::isnan(number) || number < least || number > most) {
         raise::typeMismatch();
     }
-    return static_cast<std::uint32_t>(static_cast<std::int64_t>(number));
+    const auto tag = static_cast<std::uint32_t>(static_cast<std::int64_t>(number));
+    constexpr std::uint32_t unicodeText = 0x001F;
+    constexpr std::uint32_t text = 0x001E;
+    return (tag & 0xFFFF) == unicodeText ? (tag & 0xFFFF0000) | text : tag;
 }
 
 }  // namespace host

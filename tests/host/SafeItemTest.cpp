@@ -125,6 +125,83 @@ TEST(HostSafeItemTest, RecipientsAndAttachmentsHaveFieldsOnlyWhenSafe) {
     EXPECT_EQ(errorOf([&] { item.get(L"Attachments", 1).toObject().get(L"Fields", tag(0x3712001E)); }), 438);
 }
 
+TEST(HostSafeItemTest, SeesWhatOutlookHasSaved) {
+    host::Outlook outlook({});
+    const Object item = outlook.itemOf(outlook.openNewMail(mailTo(L"bob@example.com")));
+    const Object mail = safe(outlook, L"vtRedemption.vtSafeMailItem", item);
+    const auto expect = [&](const wchar_t* body, const wchar_t* to, std::int32_t attachments) {
+        EXPECT_EQ(mail.get(L"Body").toText(), body);
+        EXPECT_EQ(mail.get(L"To").toText(), to);
+        EXPECT_EQ(mail.get(L"Attachments").toObject().get(L"Count").toInteger(), attachments);
+    };
+    outlook.typeBody(item, L"Hello");
+    expect(L"", L"", 0);
+    item.call(L"Save");
+    expect(L"Hello", L"Bob", 0);
+    outlook.typeBody(item, L"Hello again");
+    item.put(L"To", L"ann@example.com");
+    item.get(L"Attachments").toObject().call(L"Add", L"C:\\plan.pdf");
+    expect(L"Hello", L"Bob", 0);
+    mail.call(L"Save");
+    expect(L"Hello again", L"ann@example.com", 1);
+}
+
+TEST(HostSafeItemTest, WritesWhatOutlookSeesOnceItHasSaved) {
+    constexpr auto ownField = tag(0x66660003);
+    const struct {
+        const char* name;
+        bool touched;
+        bool saved;
+        bool kept;
+    } cases[] = {{"left alone", false, false, false},
+                 {"saved untouched", false, true, false},
+                 {"touched only", true, false, false},
+                 {"touched and saved", true, true, true}};
+    for (const auto& given : cases) {
+        host::Outlook outlook({});
+        const Object inspector = outlook.openNewMail(mailTo(L"bob@example.com"));
+        const Object item = outlook.itemOf(inspector);
+        item.call(L"Save");
+        const Object mail = safe(outlook, L"vtRedemption.vtSafeMailItem", item);
+        mail.put(L"Body", L"Written");
+        mail.put(L"Fields", ownField, 7);
+        EXPECT_EQ(mail.get(L"Body").toText(), L"Written") << given.name;
+        if (given.touched) {
+            item.put(L"Subject", item.get(L"Subject"));
+        }
+        if (given.saved) {
+            item.call(L"Save");
+        }
+        EXPECT_EQ(outlook.view(item).body == L"Written", given.kept) << given.name;
+        const Object sent = outlook.send(inspector).item;
+        EXPECT_EQ(sent.get(L"Body").toText() == L"Written", given.kept) << given.name;
+        const Object copy = safe(outlook, L"vtRedemption.vtSafeMailItem", sent);
+        EXPECT_EQ(copy.get(L"Fields", ownField).isEmpty(), !given.kept) << given.name;
+    }
+}
+
+TEST(HostSafeItemTest, OfTwoWritersOfOnePartOutlookIsTheLast) {
+    host::Outlook outlook({});
+    const Object item = outlook.itemOf(outlook.openNewMail(mailTo(L"bob@example.com")));
+    item.call(L"Save");
+    const Object mail = safe(outlook, L"vtRedemption.vtSafeMailItem", item);
+    mail.put(L"Body", L"Written");
+    outlook.typeBody(item, L"Typed");
+    item.call(L"Save");
+    EXPECT_EQ(mail.get(L"Body").toText(), L"Typed");
+    EXPECT_EQ(outlook.view(item).body, L"Typed");
+}
+
+TEST(HostSafeItemTest, AStoreCanRefuseAProperty) {
+    host::Outlook outlook({.refusedFields = {0x812C001E}});
+    const Object item = outlook.itemOf(outlook.openNewMail(mailTo(L"bob@example.com")));
+    const Object mail = safe(outlook, L"vtRedemption.vtSafeMailItem", item);
+    EXPECT_NE(errorOf([&] { mail.put(L"Fields", tag(0x812C001E), L"Work"); }), 0);
+    EXPECT_NE(errorOf([&] { mail.put(L"Fields", tag(0x812C001F), L"Work"); }), 0) << "its Unicode form";
+    mail.put(L"Fields", tag(0x812D001E), L"Work");
+    EXPECT_EQ(mail.get(L"Fields", tag(0x812D001E)).toText(), L"Work");
+}
+
 TEST(HostSafeItemTest, TheSessionKnowsAccountsStoresAndMessages) {
     host::Profile profile;
     profile.accounts = {{.name = L"Work", .address = L"me@example.org"},

@@ -157,6 +157,7 @@ TEST_F(HostSendingTest, RefusesNamesThatItDoesNotKnow) {
             EXPECT_EQ(outcome.mail.recipients[0].address.address, test.address);
         } else {
             EXPECT_FALSE(outcome.failure.empty());
+            EXPECT_EQ(log_.lines(), Lines{L"item PropertyChange"}) << "before any event of a send";
         }
         log_.endAll();
     }

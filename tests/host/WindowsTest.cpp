@@ -40,7 +40,10 @@ TEST(HostWindowsTest, SelectingRaisesSelectionChangeForTheOldAndTheNewSelection)
     });
     outlook.select(explorer, {item});
     EXPECT_EQ(counts, (std::vector<int>{0, 1}));
-    EXPECT_EQ(explorer.get(L"Selection", 1).toObject(), item);
+    const Object selected = explorer.get(L"Selection", 1).toObject();
+    EXPECT_EQ(selected.get(L"EntryID").toText(), item.get(L"EntryID").toText());
+    EXPECT_FALSE(selected == outlook.itemOf(outlook.openItem(item))) << "another object for the same item";
+    outlook.closeInspector(outlook.inspectors().front());
     log.clear();
     outlook.switchFolder(explorer, L"Outbox");
     EXPECT_EQ(log.lines(),

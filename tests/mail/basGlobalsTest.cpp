@@ -121,6 +121,7 @@ TEST(UserProperties, AreAddedFoundAndDeleted) {
     EXPECT_EQ(world.outlook.view(item.object()).userProperties.at(L"mark"), L"1;2");
     EXPECT_TRUE(world.outlook.fieldsOf(L"Inbox").empty()) << "a mark is no column for the user";
     EXPECT_TRUE(basGlobals::DeleteUserProperties(world.globals, item, L"mark"));
+    EXPECT_TRUE(item.object().get(L"Saved").toBool()) << "the user has changed nothing";
     EXPECT_FALSE(basGlobals::DeleteUserProperties(world.globals, item, L"mark"));
     EXPECT_TRUE(world.outlook.view(item.object()).userProperties.empty());
 }

@@ -9,6 +9,9 @@
 #include "host/Outlook.h"
 #include "platform/Prompts.h"
 
+/// Wednesday, 15 May 2024, 12:00.
+inline constexpr automation::Date noonOfAnOrdinaryDay{45427.5};
+
 /// How a scenario finds the machine and the user.
 struct Given {
     host::Profile profile{};
@@ -20,6 +23,8 @@ struct Given {
     /// Answers to prompts, as "WHERE=WHAT".
     std::vector<std::wstring> answers{};
     bool resourceLibrary = true;
+    /// The local time, at which the clock stands still.
+    automation::Date now = noonOfAnOrdinaryDay;
     /// False leaves connect() to the scenario.
     bool connected = true;
 };
@@ -33,8 +38,6 @@ class AddInWorld {
     virtual bool connect() = 0;
     /// `removeMode` 0: Outlook shuts down, 1: the user takes the add-in off.
     virtual void disconnect(int removeMode) = 0;
-    /// The time as the add-in sees it.
-    virtual automation::Date now() = 0;
     virtual std::optional<std::wstring> setting(const std::wstring& key) = 0;
     virtual void set(const std::wstring& key, const std::wstring& value) = 0;
     /// Which prompt found no answer; nothing when all did.

@@ -44,7 +44,7 @@ void PromptLog::form(const platform::FormPrompt& prompt, const std::optional<pla
 
 Bench::Bench(Given setup)
     : setup_(withUsualSettings(std::move(setup))),
-      outlook_(setup_.profile, [this] { return world_ ? world_->now() : automation::Date{}; }),
+      outlook_(setup_.profile, [this] { return setup_.now; }),
       world_(makeAddInWorld(outlook_, setup_, parsed(setup_.answers), log_)) {
     if (setup_.connected) {
         connect();

@@ -50,6 +50,7 @@ class Bench {
 
     host::Outlook& outlook() { return outlook_; }
     AddInWorld& world() { return *world_; }
+    automation::Date now() const { return setup_.now; }
     bool connect();
     void disconnect(int removeMode = 0);
 

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "platform/civilTime.h"
 #include "tests/scenarios/Bench.h"
 
 namespace {
@@ -87,11 +88,37 @@ TEST(OldMail, IsPromptedOncePastTheLimit) {
     for (const Case& given : cases) {
         Bench bench({.settings = given.settings, .answers = {L"frmOldSubject=txtSubject=RE: New; cmdOK"}});
         host::Message message = received(L"Budget");
-        message.deliveryTime = automation::Date{bench.world().now().days - given.daysAgo};
+        message.deliveryTime = automation::Date{bench.now().days - given.daysAgo};
         const auto outcome = bench.outlook().reply(selected(bench, message));
         EXPECT_EQ(bench.prompts().size(), given.asked ? 1U : 0U) << given.name;
         EXPECT_EQ(bench.outlook().view(outcome.item).subject, given.asked ? L"RE: New" : L"RE: Budget")
             << given.name;
+    }
+}
+
+/// What counts are the midnights between, whatever the time of day.
+TEST(OldMail, AgesAtMidnight) {
+    const struct {
+        const char* name;
+        platform::CivilTime delivered;
+        platform::CivilTime now;
+        bool asked;
+    } cases[] = {
+        {"last second of the day", {2024, 5, 13, 0, 0, 0}, {2024, 5, 14, 23, 59, 59}, false},
+        {"one second and a day, two midnights", {2024, 5, 13, 23, 59, 59}, {2024, 5, 15, 0, 0, 0}, true},
+        {"end of a year", {2023, 12, 30, 23, 59, 59}, {2024, 1, 1, 0, 0, 0}, true},
+        {"leap day", {2024, 2, 28, 12, 0, 0}, {2024, 3, 1, 11, 0, 0}, true},
+        {"no leap day", {2023, 2, 28, 12, 0, 0}, {2023, 3, 1, 11, 0, 0}, false},
+        {"from the future", {2024, 5, 16, 0, 0, 0}, {2024, 5, 14, 12, 0, 0}, false},
+    };
+    for (const auto& given : cases) {
+        Bench bench({.settings = {{L"OldEmailDays", L"1"}},
+                     .answers = {L"frmOldSubject=cmdOK"},
+                     .now = platform::toDate(given.now)});
+        host::Message message = received(L"Budget");
+        message.deliveryTime = platform::toDate(given.delivered);
+        bench.outlook().reply(selected(bench, message));
+        EXPECT_EQ(bench.prompts().size(), given.asked ? 1U : 0U) << given.name;
     }
 }
 

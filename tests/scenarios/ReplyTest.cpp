@@ -216,6 +216,37 @@ TEST(ReplyFromAWindow, IsCheckedOnce) {
     EXPECT_EQ(bench.prompts().size(), 1U);
 }
 
+/// The mail is open, perhaps below the window of another one, while Reply to All is pressed in the main
+/// window.
+TEST(ReplyToAMailOpenBehind, IsCheckedOnce) {
+    for (const bool belowAnother : {false, true}) {
+        Bench bench({.settings = quiet({{L"ReplyALL_BCC", L"True"}}), .answers = {L"BCCed e-mail=Yes"}});
+        const auto item = selected(bench, mailTo({bob}));
+        bench.outlook().openItem(item);
+        if (belowAnother) {
+            bench.outlook().openItem(bench.outlook().receive(mailTo({carl})));
+        }
+        const auto mainWindow = bench.outlook().explorers().front();
+        const auto outcome = bench.outlook().answerIn(mainWindow, host::ReplyKind::ReplyAll, item);
+        EXPECT_TRUE(outcome.opened) << belowAnother;
+        EXPECT_EQ(bench.prompts().size(), 1U) << belowAnother;
+    }
+}
+
+/// A recipient whom the address book resolves only now is a person in the reply that opens, too.
+TEST(ReplyToSeveral, StoresWhatTheAddressBookKnows) {
+    const host::Address dora{.name = L"Dora", .address = L"dora@example.com"};
+    Bench bench({.profile = {.addressBook = {dora}},
+                 .settings = quiet({{L"ReplyMultiple", L"True"}}),
+                 .answers = {L"frmReplyMultRecipt=lstRecipients=1,2; cmdOK"}});
+    const auto outcome = bench.outlook().reply(selected(bench, mailTo({{.name = L"Dora"}, me})));
+    ASSERT_EQ(outcome.newInspectors.size(), 1U);
+    const auto reply = bench.outlook().view(bench.outlook().itemOf(outcome.newInspectors[0]));
+    ASSERT_EQ(reply.recipients.size(), 2U);
+    EXPECT_EQ(reply.recipients[1].address.address, L"dora@example.com");
+    EXPECT_TRUE(reply.recipients[1].resolved);
+}
+
 /// Outlook lets events in while it is called: inside each call of a reply another mail is answered, whose
 /// check must not be taken for one of the add-in's own answer.
 TEST(ReplyInsideAReply, IsCheckedAsWell) {

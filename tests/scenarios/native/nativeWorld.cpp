@@ -9,6 +9,7 @@
 #include "platform/native/SystemClock.h"
 #include "platform/text.h"
 #include "tests/scenarios/AddInWorld.h"
+#include "tests/scenarios/native/CountedObjects.h"
 
 namespace {
 
@@ -22,7 +23,9 @@ class NativeWorld : public AddInWorld {
     NativeWorld(host::Outlook& outlook, const Given& setup, platform::AnswerList answers,
                 platform::PromptObserver& observer)
         : outlook_(outlook),
+          objects_(outlook.automation()),
           desktop_(std::move(answers), observer),
+          clock_(setup.now),
           system_(setup.resourceLibrary ? programFolder() : L"\\nowhere"),
           connection_(world_) {
         for (const auto& [key, value] : setup.settings) {
@@ -35,30 +38,29 @@ class NativeWorld : public AddInWorld {
 
     bool connect() override {
         try {
-            connection_.OnConnection(outlook_.application(), 1, outlook_.makeAddIn(L"Veltro.Connect"));
+            connection_.OnConnection(objects_.counted(outlook_.application()), 1,
+                                     objects_.counted(outlook_.makeAddIn(L"Veltro.Connect")));
             return true;
         } catch (const automation::Error&) {
             return false;
         }
     }
     void disconnect(int removeMode) override { connection_.OnDisconnection(removeMode); }
-    automation::Date now() override { return clock_.now(); }
     std::optional<std::wstring> setting(const std::wstring& key) override { return settings_.read(key); }
     void set(const std::wstring& key, const std::wstring& value) override { settings_.write(key, value); }
     std::optional<std::wstring> unanswered() override { return desktop_.unanswered(); }
-    /// What is held natively keeps the host's objects alive, which LeakSanitizer would see at the end.
-    std::size_t heldObjects() override { return 0; }
+    std::size_t heldObjects() override { return objects_.count(); }
 
   private:
     host::Outlook& outlook_;
+    CountedObjects objects_;
     platform::native::ScriptedDesktop desktop_;
     platform::native::MemorySettingsStore settings_;
     platform::native::FakeRegistry registry_;
     platform::native::FileResources resources_;
-    platform::native::SystemClock clock_;
+    platform::native::SetClock clock_;
     platform::native::FixedSystemInfo system_;
-    platform::Platform world_{
-        outlook_.automation(), desktop_, settings_, registry_, resources_, clock_, system_};
+    platform::Platform world_{objects_, desktop_, settings_, registry_, resources_, clock_, system_};
     addin::Connect connection_;
 };
 

@@ -9,10 +9,10 @@
 #include "platform/windows/LiveObjects.h"
 #include "platform/windows/RegKey.h"
 #include "platform/windows/RegistrySettingsStore.h"
-#include "platform/windows/WindowsClock.h"
 #include "platform/windows/ownModule.h"
 #include "robot/DialogRobot.h"
 #include "tests/scenarios/AddInWorld.h"
+#include "tests/scenarios/windows/StoppedClock.h"
 
 namespace {
 
@@ -86,7 +86,8 @@ class WindowsWorld : public AddInWorld {
   public:
     WindowsWorld(host::Outlook& outlook, const Given& given, platform::AnswerList answers,
                  platform::PromptObserver& observer)
-        : resources_(!given.resourceLibrary),
+        : now_(given.now),
+          resources_(!given.resourceLibrary),
           presets_(given.presets),
           outlook_(outlook),
           exporter_(Exporter::make(liveObjects_)),
@@ -112,6 +113,7 @@ class WindowsWorld : public AddInWorld {
         try {
             addIn_.emplace(L"Veltro.Connect");
             keepLoaded();
+            stopClockOfAddIn(now_);
             addIn_->connect(exporter_->exportObject(outlook_.application()).get(), ConnectMode::Startup,
                             exporter_->exportObject(outlook_.makeAddIn(L"Veltro.Connect")).get());
             addIn_->startupComplete();
@@ -129,13 +131,13 @@ class WindowsWorld : public AddInWorld {
         }
     }
 
-    automation::Date now() override { return clock_.now(); }
     std::optional<std::wstring> setting(const std::wstring& key) override { return settings_.read(key); }
     void set(const std::wstring& key, const std::wstring& value) override { settings_.write(key, value); }
     std::optional<std::wstring> unanswered() override { return robot_.unanswered(); }
     std::size_t heldObjects() override { return exporter_->liveAdapters() - shownBefore_; }
 
   private:
+    automation::Date now_;
     Apartment apartment_;
     HiddenResources resources_;
     Presets presets_;
@@ -145,7 +147,6 @@ class WindowsWorld : public AddInWorld {
     host::windows::OutlookServer server_;
     std::size_t shownBefore_;
     host::windows::PrivateUser user_;
-    WindowsClock clock_;
     RegistrySettingsStore settings_;
     platform::AnswerList answers_;
     robot::DialogRobot robot_;

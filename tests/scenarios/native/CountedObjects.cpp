@@ -1,0 +1,73 @@
+#include "tests/scenarios/native/CountedObjects.h"
+
+#include <vector>
+
+namespace {
+
+using automation::Object;
+using automation::Value;
+using Count = std::shared_ptr<std::size_t>;
+
+/// By-reference arguments go through as they are: none of them carries an object.
+bool carriesObject(const Value& value) {
+    return !value.isReference() && value.holds<Object>() && value.toObject();
+}
+
+class CountedObject : public automation::Target {
+  public:
+    CountedObject(std::shared_ptr<Target> object, Count count)
+        : object_(std::move(object)), count_(std::move(count)) {
+        ++*count_;
+    }
+    ~CountedObject() override { --*count_; }
+    CountedObject(const CountedObject&) = delete;
+    CountedObject& operator=(const CountedObject&) = delete;
+
+    std::int32_t memberId(std::wstring_view name) override { return object_->memberId(name); }
+
+    Value invoke(std::int32_t member, automation::Access access, std::span<const Value> arguments) override {
+        std::vector<Value> bare;
+        for (const Value& argument : arguments) {
+            bare.push_back(carriesObject(argument) ? Value(bareOf(argument.toObject())) : argument);
+        }
+        return counted(object_->invoke(member, access, bare), count_);
+    }
+
+    automation::Subscription subscribe(automation::EventInterface events,
+                                       automation::EventSink sink) override {
+        return object_->subscribe(
+            events, [sink = std::move(sink), count = count_](std::int32_t event, std::span<Value> given) {
+                std::vector<Value> arguments;
+                for (const Value& argument : given) {
+                    arguments.push_back(counted(argument, count));
+                }
+                sink(event, arguments);
+            });
+    }
+
+    bool sameAs(const Target& other) const override {
+        const auto* const counted = dynamic_cast<const CountedObject*>(&other);
+        return counted && Object(counted->object_) == Object(object_);
+    }
+
+    static Value counted(const Value& value, const Count& count) {
+        return carriesObject(value)
+                   ? Value(Object(std::make_shared<CountedObject>(value.toObject().target(), count)))
+                   : value;
+    }
+
+  private:
+    static Object bareOf(const Object& object) {
+        const auto own = std::dynamic_pointer_cast<CountedObject>(object.target());
+        return own ? Object(own->object_) : object;
+    }
+
+    std::shared_ptr<Target> object_;
+    Count count_;
+};
+
+}  // namespace
+
+Object CountedObjects::counted(const Object& object) const {
+    return CountedObject::counted(object, count_).toObject();
+}
