@@ -5,6 +5,7 @@
 #include "accounts/frmEmailAddressEdit.h"
 #include "accounts/frmSelectSendAcct.h"
 #include "mail/MapiSession.h"
+#include "mail/OutlookVersion.h"
 #include "mail/SafeItems.h"
 #include "mail/basGlobals.h"
 #include "mail/basWordMail.h"
@@ -76,8 +77,8 @@ void Step::run() {
 }
 
 bool Step::concerns() const {
-    const std::wstring version = basGlobals::OutlookMajorVersion(globals_);
-    if (version == L"9" || version == L"10") {
+    const auto version = basGlobals::outlookVersion(globals_);
+    if (version == basGlobals::outlook2000 || version == basGlobals::outlook2002) {
         return false;
     }
     const redemption::SafeItem mail(globals_.platform.automation, item_);

@@ -4,7 +4,7 @@
 #include "accounts/frmEmailAddress.h"
 #include "addin/missingLibrary.h"
 #include "addin/replyEvents.h"
-#include "mail/basGlobals.h"
+#include "mail/OutlookVersion.h"
 #include "mail/errorTrap.h"
 #include "settings/prompts.h"
 
@@ -50,8 +50,8 @@ void ExplorerWrap::InitButton() {
 void ExplorerWrap::gcmdTWl_Veltro_List_Click() {
     const auto report = basGlobals::ErrorReport::usual(L"ExplorerWrap.gcmdTWl_Veltro_List_Click");
     basGlobals::trapErrors(globals_, report, [&] {
-        const std::wstring version = basGlobals::OutlookMajorVersion(globals_);
-        if (version == L"9" || version == L"10") {
+        const auto version = basGlobals::outlookVersion(globals_);
+        if (version == basGlobals::outlook2000 || version == basGlobals::outlook2002) {
             globals_.platform.desktop.messageBox(
                 L"Account Sentry is only supported in Outlook 2003 and above.",
                 {platform::Buttons::Ok, platform::Icon::Information},

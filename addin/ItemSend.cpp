@@ -2,6 +2,7 @@
 #include "accounts/basSendAcct.h"
 #include "addin/OutAddIn.h"
 #include "checks/basVeltro.h"
+#include "mail/OutlookVersion.h"
 #include "mail/SafeItems.h"
 #include "mail/basGlobals.h"
 #include "mail/basWordMail.h"
@@ -35,7 +36,7 @@ void delaySending(Globals& globals, const outlook::Item& item, bool& cancel) {
     }
     if (!basWordMail::editsInWord(globals)) {
         basVeltro::vtDelayEmailSending(globals, item, cancel);
-    } else if (basGlobals::OutlookMajorVersion(globals) != L"9") {
+    } else if (basGlobals::outlookVersion(globals) != basGlobals::outlook2000) {
         basGlobals::skipErrors([&] {
             basWordMail::runMacro(globals, globals.outlook.activeInspector(), L"vtDelayEmailSendingWord",
                                   item, cancel);

@@ -17,13 +17,11 @@ void OutAddIn::Initialise(const outlook::Application& application, const std::ws
             }
         });
     progId_ = progId;
-    nameSpace_ = application.mapiNameSpace();
     initialised_ = true;
 }
 
 void OutAddIn::UnInitialise() {
     applicationEvents_.end();
-    nameSpace_ = {};
     globals_.outlook = {};
     objOutlook_ = {};
     wrappers_.release();

@@ -15,7 +15,7 @@ class OutAddIn : public std::enable_shared_from_this<OutAddIn> {
         : globals_(globals), wrappers_(wrappers) {}
 
     bool initialised() const { return initialised_; }
-    /// Takes hold of the application and its MAPI name space. Throws automation::Error.
+    /// Takes hold of the application. Throws automation::Error.
     void Initialise(const outlook::Application& application, const std::wstring& progId);
     /// Lets everything of Outlook go, so that it can shut down.
     void UnInitialise();
@@ -29,6 +29,5 @@ class OutAddIn : public std::enable_shared_from_this<OutAddIn> {
     outlook::Application objOutlook_;
     automation::Subscription applicationEvents_;
     std::wstring progId_;
-    outlook::NameSpace nameSpace_;
     bool initialised_ = false;
 };

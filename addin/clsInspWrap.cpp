@@ -3,6 +3,7 @@
 #include "addin/eventArguments.h"
 #include "addin/replyEvents.h"
 #include "checks/basVeltro.h"
+#include "mail/OutlookVersion.h"
 #include "mail/basGlobals.h"
 #include "mail/basWordMail.h"
 #include "mail/errorTrap.h"
@@ -89,7 +90,7 @@ void clsInspWrap::checkSubject(bool& cancel) {
     const auto inWord = basGlobals::attempt([&] { return basWordMail::editsInWord(globals_, inspector_); });
     if (!inWord.value_or(false)) {
         basVeltro::vtEmptySubjectCheck(globals_, item_, cancel);
-    } else if (basGlobals::OutlookMajorVersion(globals_) != L"9") {
+    } else if (basGlobals::outlookVersion(globals_) != basGlobals::outlook2000) {
         // A Word without the template leaves the question unasked.
         basGlobals::skipErrors(
             [&] { basWordMail::runMacro(globals_, inspector_, L"vtEmptySubjectCheckWord", item_, cancel); });

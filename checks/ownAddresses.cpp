@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 
+#include "mail/OutlookVersion.h"
 #include "mail/ProfileAddresses.h"
 #include "mail/basGlobals.h"
 #include "mail/errorTrap.h"
@@ -56,7 +57,7 @@ std::optional<std::wstring> vtGetUserEmails(Globals& globals) {
         globals, ErrorReport::module(L"vtGetUserEmails"),
         [&]() -> std::optional<std::wstring> {
             const bool fromProfile = modRegKeys::UseOutlookSettings.read(globals) &&
-                                     basGlobals::OutlookMajorVersion(globals) != L"9";
+                                     basGlobals::outlookVersion(globals) != basGlobals::outlook2000;
             const auto addresses = fromProfile ? basGlobals::vtAccountsEmailAddress(globals)
                                                : std::optional(modRegKeys::EmailList.read(globals));
             return addresses ? std::optional<std::wstring>(text::trim(*addresses)) : std::nullopt;

@@ -1,8 +1,8 @@
 #include "mail/basGlobals.h"
 
 #include "mail/MapiSession.h"
+#include "mail/OutlookVersion.h"
 #include "mail/errorTrap.h"
-#include "platform/number.h"
 #include "platform/text.h"
 
 namespace basGlobals {
@@ -77,14 +77,6 @@ void showUnresolved(Globals& globals, const std::wstring& title) {
 
 }  // namespace
 
-std::wstring OutlookMajorVersion(const Globals& globals) {
-    return std::wstring(text::before(globals.outlook.version(), L'.'));
-}
-
-double OutlookMajorNumber(const Globals& globals) {
-    return number::leading(OutlookMajorVersion(globals));
-}
-
 bool itemUnreadable(const outlook::Item& item) {
     return !skipErrors([&] { item.entryId(); });
 }
@@ -111,7 +103,7 @@ std::wstring RecipientEmail(Globals& globals, const redemption::Recipient& recip
     const MapiCleanUp cleanUp(globals.platform.automation);
     const auto read = [&]() -> std::wstring {
         if (options.resolveFirst) {
-            const bool tied = OutlookMajorNumber(globals) < 12;
+            const bool tied = outlookVersion(globals) < outlook2007;
             if (tied) {
                 cleanUp.tieTo(globals.outlook.mapiNameSpace());
             }
@@ -156,7 +148,7 @@ std::optional<std::wstring> findRecipientAddress(Globals& globals, const redempt
 
 bool GoogleAppConnected(Globals& globals) {
     const auto connected = [&] {
-        if (OutlookMajorVersion(globals) == L"9") {
+        if (outlookVersion(globals) == outlook2000) {
             return false;
         }
         const redemption::Session session(globals);

@@ -7,15 +7,10 @@
 #include "mail/Globals.h"
 #include "mail/SafeItems.h"
 
-/// Functions that every room shares: Outlook's version, the SMTP addresses behind senders and recipients, and
+/// Functions that every room shares: the SMTP addresses behind senders and recipients, and
 /// user properties of items. An address function that fails returns what it has found so far, often nothing:
 /// an empty result is an unknown address and never a match.
 namespace basGlobals {
-
-/// The text of the application's Version before its first ".".
-std::wstring OutlookMajorVersion(const Globals& globals);
-/// The same as a number, for comparisons with 12: below it, Word as the editor has a window of its own.
-double OutlookMajorNumber(const Globals& globals);
 
 /// True when the item was moved or deleted, so that nothing of it can be read any more.
 bool itemUnreadable(const outlook::Item& item);

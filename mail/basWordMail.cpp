@@ -1,7 +1,7 @@
 #include "mail/basWordMail.h"
 
+#include "mail/OutlookVersion.h"
 #include "mail/SafeItems.h"
-#include "mail/basGlobals.h"
 
 namespace basWordMail {
 
@@ -15,9 +15,8 @@ automation::Object wordOf(const basGlobals::Globals& globals, const outlook::Ins
     return safe.get(L"WordEditor").toObject().get(L"Application").toObject();
 }
 
-/// From version 12 on Word edits every mail, but inside Outlook's own window.
 bool hasWordWindows(const basGlobals::Globals& globals) {
-    return basGlobals::OutlookMajorNumber(globals) < 12;
+    return basGlobals::outlookVersion(globals) < basGlobals::outlook2007;
 }
 
 }  // namespace

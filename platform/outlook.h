@@ -191,8 +191,27 @@ class Application : public Front {
     Explorer activeExplorer() const { return Explorer(object_.call(L"ActiveExplorer").toObject()); }
     /// Nothing when no inspector is open.
     Inspector activeInspector() const { return Inspector(object_.call(L"ActiveInspector").toObject()); }
-    NameSpace mapiNameSpace() const { return NameSpace(object_.call(L"GetNamespace", L"MAPI").toObject()); }
-    std::wstring version() const { return object_.get(L"Version").toText(); }
+    /// The name space and the version stay the same while Outlook runs, so that each is asked for once.
+    NameSpace mapiNameSpace() const {
+        NameSpace found = nameSpace_;
+        if (!found) {
+            found = NameSpace(object_.call(L"GetNamespace", L"MAPI").toObject());
+            if (object_) {  // Unless Outlook was let go meanwhile.
+                nameSpace_ = found;
+            }
+        }
+        return found;
+    }
+    std::wstring version() const {
+        if (version_.empty()) {
+            version_ = object_.get(L"Version").toText();
+        }
+        return version_;
+    }
+
+  private:
+    mutable NameSpace nameSpace_;
+    mutable std::wstring version_;
 };
 
 }  // namespace outlook
