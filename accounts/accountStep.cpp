@@ -4,11 +4,9 @@
 #include "accounts/frmAddEmailToList.h"
 #include "accounts/frmEmailAddressEdit.h"
 #include "accounts/frmSelectSendAcct.h"
+#include "accounts/wordSide.h"
 #include "mail/MapiSession.h"
 #include "mail/OutlookVersion.h"
-#include "mail/SafeItems.h"
-#include "mail/basGlobals.h"
-#include "mail/basWordMail.h"
 #include "mail/errorTrap.h"
 #include "platform/text.h"
 #include "settings/modRegKeys.h"
@@ -18,8 +16,8 @@ namespace accountStep {
 
 namespace {
 
-using basGlobals::DialogMode;
 using basGlobals::Globals;
+using Decision = AccountAnswer::Decision;
 
 /// Kinds of address entry that are lists.
 constexpr std::int32_t distributionList = 1;
@@ -28,66 +26,63 @@ constexpr std::int32_t personalDistributionList = 5;
 /// The step at one send.
 class Step {
   public:
-    Step(Globals& globals, clsSendAcct& list, const outlook::Item& item, bool& cancel)
-        : globals_(globals), list_(list), item_(item), cancel_(cancel) {}
+    Step(Globals& globals, clsSendAcct& list, OutgoingMail& mail, bool& cancel)
+        : globals_(globals), list_(list), mail_(mail), cancel_(cancel) {}
 
-    void run();
+    void run(const listFolder::Place& found);
 
   private:
     bool concerns() const;
     void offerUnknown();
     void useListed();
-    void replaceMissingAccount();
-    void selectAccount();
-    void decide();
+    AccountAnswer replaceMissingAccount();
+    std::wstring accountInUse() const;
+    void actOn(const AccountAnswer& answer);
     void switchTo(const std::wstring& account);
-    template <class... Arguments>
-    bool runMacro(const wchar_t* macro, const Arguments&... arguments);
 
     Globals& globals_;
     clsSendAcct& list_;
-    const outlook::Item& item_;
+    OutgoingMail& mail_;
     bool& cancel_;
     std::wstring address_;
     std::wstring accountInUse_;
     std::wstring preferred_;
 };
 
-void Step::run() {
+void Step::run(const listFolder::Place& found) {
+    const auto version = basGlobals::outlookVersion(globals_);
+    if (version == basGlobals::outlook2000 || version == basGlobals::outlook2002) {
+        return;
+    }
+    const bool offers = modRegKeys::MsgAddAddress.read(globals_) != 1;
+    const bool loaded = list_.LoadFound(found);
+    if (loaded && list_.count() == 0 && !offers) {
+        return;  // Whoever the mail is to: it need not be read.
+    }
     if (!concerns()) {
         return;
     }
-    list_.strChangeAcct.clear();
-    globals_.dialogMode = DialogMode::None;
-    globals_.sendCancelled = false;
-    if (!list_.LoadList()) {
+    if (!list_.isLoaded() && !list_.LoadList()) {
         return;  // A list that cannot be read has nothing to say, and nothing can be added to it.
     }
-    const basSendAcct::Membership membership = basSendAcct::ListMembership(globals_, list_, item_);
+    const basSendAcct::Membership membership = basSendAcct::ListMembership(list_, mail_);
     if (!list_.isLoaded()) {
         return;  // Another send, inside of one of the calls, could not read it: nobody is known to be on it.
     }
     address_ = membership.address;
     if (membership.listed) {
         useListed();
-    } else {
+    } else if (offers) {
         offerUnknown();
     }
-    globals_.dialogMode = DialogMode::None;
 }
 
 bool Step::concerns() const {
-    const auto version = basGlobals::outlookVersion(globals_);
-    if (version == basGlobals::outlook2000 || version == basGlobals::outlook2002) {
+    mail_.stored();
+    if (mail_.recipientCount() == 0) {
         return false;
     }
-    const redemption::SafeItem mail(globals_.platform.automation, item_);
-    mail.save();
-    const auto recipients = mail.recipients();
-    if (recipients.count() == 0) {
-        return false;
-    }
-    const redemption::AddressEntry entry = recipients.item(1).addressEntry();
+    const redemption::AddressEntry entry = mail_.firstRecipient();
     if (!entry) {
         return false;  // Nobody that Outlook knows: it will refuse the mail itself.
     }
@@ -96,27 +91,18 @@ bool Step::concerns() const {
 }
 
 /// The account set on the mail, else the one that Outlook takes by default.
-std::wstring accountInUseFor(clsSendAcct& list, const outlook::Item& item) {
-    std::wstring selected = list.GetSelectedMailAccount(item);
-    return selected.empty() ? list.GetAccountInUse() : selected;
+std::wstring Step::accountInUse() const {
+    std::wstring selected = clsSendAcct::GetSelectedMailAccount(mail_);
+    return selected.empty() ? clsSendAcct::GetAccountInUse(mail_) : selected;
 }
 
 void Step::offerUnknown() {
-    if (address_.empty() || modRegKeys::MsgAddAddress.read(globals_) == 1) {
+    if (address_.empty()) {
         return;
     }
-    accountInUse_ = accountInUseFor(list_, item_);
-    if (!basWordMail::editsInWord(globals_)) {
-        offerToAdd(globals_, list_, address_, accountInUse_);
-    } else if (!runMacro(L"vtAddEmail", address_, accountInUse_)) {
-        return;
-    }
-    if (globals_.sendCancelled) {
-        globals_.sendCancelled = false;
-        cancel_ = true;
-        return;
-    }
-    decide();
+    accountInUse_ = accountInUse();
+    actOn(mail_.editsInWord() ? wordSide::offerToAdd(globals_, list_, address_, accountInUse_)
+                              : offerToAdd(globals_, list_, address_, accountInUse_));
 }
 
 void Step::useListed() {
@@ -125,98 +111,56 @@ void Step::useListed() {
     if (text::trim(preferred_).empty() || text::equalsTrimmed(preferred_, noAccount)) {
         return;
     }
-    // Read once: an account must not count as gone because a second reading failed.
-    const std::vector<std::wstring> accounts = basSendAcct::AccountOrder(globals_);
-    if (accounts.size() < 2) {
+    const auto accounts = basGlobals::attempt([&] { return mail_.accounts(); });
+    if (!accounts || accounts->size() < 2) {
         return;
     }
-    accountInUse_ = accountInUseFor(list_, item_);
+    accountInUse_ = accountInUse();
     if (text::equalsTrimmed(accountInUse_, preferred_)) {
         return;
     }
-    if (!basSendAcct::HasAccount(accounts, preferred_)) {
-        replaceMissingAccount();
+    // Of the accounts as they were read: one must not count as gone because a second reading failed.
+    if (!basSendAcct::HasAccount(*accounts, preferred_)) {
+        actOn(replaceMissingAccount());
     } else if (modRegKeys::DoNotShowSelect.read(globals_) == 1) {
         switchTo(preferred_);
     } else {
-        selectAccount();
+        actOn(mail_.editsInWord() ? wordSide::select(globals_, list_, accountInUse_, preferred_, address_)
+                                  : select(globals_, list_, accountInUse_, preferred_, address_));
     }
 }
 
-void Step::replaceMissingAccount() {
+AccountAnswer Step::replaceMissingAccount() {
     const std::wstring message =
         L"Veltro has detected that the preffered account \r\n(" + preferred_ + L") for " + address_ +
         L" is not available.\r\n\r\nThis may be due to the account being renamed or deleted.\r\n\r\nPlease "
         L"select another preferred account for this e-mail address.\r\n\r\nIf you click Cancel, then the "
         L"currently selected account will be used.";
-    globals_.dialogMode = DialogMode::MissingAccount;
-    if (!basWordMail::editsInWord(globals_)) {
-        replaceMissing(globals_, list_, accountInUse_, address_, message);
-    } else if (!runMacro(L"vtPrefAcctExistsFalse", static_cast<std::int32_t>(globals_.dialogMode),
-                         accountInUse_, address_, message)) {
-        return;
-    }
-    decide();
+    return mail_.editsInWord() ? wordSide::replaceMissing(globals_, list_, accountInUse_, address_, message)
+                               : replaceMissing(globals_, list_, accountInUse_, address_, message);
 }
 
-void Step::selectAccount() {
-    std::wstring account;
-    if (!basWordMail::editsInWord(globals_)) {
-        account = select(globals_, list_, accountInUse_, preferred_, address_);
-    } else {
-        list_.strAccount.clear();
-        if (!runMacro(L"vtSelPostroute", accountInUse_, preferred_, address_) ||
-            list_.strChangeAcct.empty()) {
-            return;
-        }
-        account = list_.strAccount.empty() ? preferred_ : list_.strAccount;
-    }
-    if (globals_.dialogMode == DialogMode::AnswerIgnored) {
-        return;
-    }
-    if (list_.strChangeAcct == answerCancel) {
-        cancel_ = true;
-    } else {
-        switchTo(account);
-    }
-}
-
-/// Acts on the answer that a dialog about the list has left. The account is the one that the list has now.
-void Step::decide() {
-    if (globals_.dialogMode == DialogMode::AnswerIgnored) {
-        return;
-    }
-    if (list_.strChangeAcct == answerChange) {
-        switchTo(basSendAcct::PreferredAccount(list_, address_));
-    } else if (list_.strChangeAcct == answerCancel) {
+void Step::actOn(const AccountAnswer& answer) {
+    if (answer.decision == Decision::Change) {
+        switchTo(answer.account);
+    } else if (answer.decision == Decision::GoBack) {
         cancel_ = true;
     }
 }
 
 /// A mail whose account cannot be changed leaves with the one that Outlook chose.
 void Step::switchTo(const std::wstring& account) {
-    if (account.empty() || text::equalsTrimmed(account, noAccount)) {
-        list_.strChangeAcct.clear();
-    } else {
-        basSendAcct::SetAccount(list_, item_, account);
+    if (!account.empty() && !text::equalsTrimmed(account, noAccount)) {
+        clsSendAcct::SendUsingPrefAccount(mail_, account);
     }
-}
-
-/// False when the macro cannot be run: a template that is missing leaves the question unasked. What the macro
-/// has stored is loaded anew, the answer that it has left is kept.
-template <class... Arguments>
-bool Step::runMacro(const wchar_t* macro, const Arguments&... arguments) {
-    const bool ran =
-        basGlobals::skipErrors([&] { basWordMail::activeWord(globals_).call(L"Run", macro, arguments...); });
-    return ran && list_.LoadList();
 }
 
 }  // namespace
 
-void checkPreferredAccount(Globals& globals, clsSendAcct& list, const outlook::Item& item,
-                           bool& cancel) noexcept {
+void checkPreferredAccount(Globals& globals, clsSendAcct& list, OutgoingMail& mail,
+                           const listFolder::Place& found, bool& cancel) noexcept {
     try {
-        Step(globals, list, item, cancel).run();
+        Step(globals, list, mail, cancel).run(found);
     } catch (...) {
         cancel = true;
         const automation::Error error = basGlobals::currentError();
@@ -226,37 +170,38 @@ void checkPreferredAccount(Globals& globals, clsSendAcct& list, const outlook::I
                                                 {platform::Buttons::Ok, platform::Icon::Critical},
                                                 globals.product.title);
         });
-        const redemption::MapiCleanUp cleanUp(globals.platform.automation);
+        basGlobals::skipErrors([&] { redemption::cleanUp(globals.platform.automation); });
     }
 }
 
-// The answer is the dialog's own until it closes: meanwhile a send in another window may ask, too.
+// The account to change to is the one that the list has when the dialog has closed: meanwhile a send in
+// another window may have changed it.
 
-void offerToAdd(Globals& globals, clsSendAcct& list, const std::wstring& address,
-                const std::wstring& accountInUse) {
+AccountAnswer offerToAdd(Globals& globals, clsSendAcct& list, const std::wstring& address,
+                         const std::wstring& accountInUse) {
     frmAddEmailToList form(globals, list, address, accountInUse);
     prompts::show(globals, form);
-    list.strChangeAcct = form.answer();
+    return form.changesAccount()
+               ? AccountAnswer{Decision::Change, basSendAcct::PreferredAccount(list, address)}
+               : AccountAnswer{};
 }
 
-void replaceMissing(Globals& globals, clsSendAcct& list, const std::wstring& accountInUse,
-                    const std::wstring& address, const std::wstring& message) {
-    globals.dialogMode = DialogMode::MissingAccount;
-    frmEmailAddressEdit form(globals, list, {address, accountInUse, message});
+/// Despite what the message says, cancelling keeps the e-mail from being sent.
+AccountAnswer replaceMissing(Globals& globals, clsSendAcct& list, const std::wstring& accountInUse,
+                             const std::wstring& address, const std::wstring& message) {
+    frmEmailAddressEdit form(globals, list, frmEmailAddressEdit::Mode::MissingAccount,
+                             {address, accountInUse, message});
     prompts::show(globals, form);
-    list.strChangeAcct = form.answer();
+    return form.saved() ? AccountAnswer{Decision::Change, basSendAcct::PreferredAccount(list, address)}
+                        : AccountAnswer{Decision::GoBack};
 }
 
-std::wstring select(Globals& globals, clsSendAcct& list, const std::wstring& accountInUse,
-                    const std::wstring& preferred, const std::wstring& address) {
+AccountAnswer select(Globals& globals, clsSendAcct& list, const std::wstring& accountInUse,
+                     const std::wstring& preferred, const std::wstring& address) {
     frmSelectSendAcct form(globals, list, preferred, address, accountInUse);
     prompts::show(globals, form);
-    list.strChangeAcct = form.answer();
-    if (form.answer() == answerCancel) {
-        return {};
-    }
-    list.strAccount = form.account();
-    return form.account();
+    const auto& account = form.account();
+    return account ? AccountAnswer{Decision::Change, *account} : AccountAnswer{Decision::GoBack};
 }
 
 }  // namespace accountStep

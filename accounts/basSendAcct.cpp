@@ -4,8 +4,6 @@
 #include <optional>
 
 #include "mail/MapiSession.h"
-#include "mail/SafeItems.h"
-#include "mail/basGlobals.h"
 #include "mail/errorTrap.h"
 #include "platform/text.h"
 
@@ -32,7 +30,7 @@ std::optional<std::size_t> rowOf(const clsSendAcct& list, std::wstring_view addr
 
 bool moveTo(clsSendAcct& list, std::optional<std::size_t> row) {
     if (row) {
-        list.AbsolutePosition(std::to_wstring(*row + 1));
+        list.AbsolutePosition(static_cast<std::int32_t>(*row) + 1);
     }
     return row.has_value();
 }
@@ -55,11 +53,15 @@ bool occursInList(const clsSendAcct& list, std::wstring_view address) {
 
 }  // namespace
 
-std::shared_ptr<clsSendAcct> OpenList(Globals& globals) {
+std::shared_ptr<clsSendAcct> TheList(Globals& globals) {
     if (!globals.sendAccounts) {
         globals.sendAccounts = std::make_shared<clsSendAcct>(globals);
     }
-    const auto list = globals.sendAccounts;
+    return globals.sendAccounts;
+}
+
+std::shared_ptr<clsSendAcct> OpenList(Globals& globals) {
+    const auto list = TheList(globals);
     if (globals.settingsFolder.empty()) {
         list->Initialise();
     }
@@ -80,9 +82,9 @@ std::vector<std::wstring> AccountOrder(Globals& globals) {
     return basGlobals::attempt(read).value_or(std::vector<std::wstring>());
 }
 
-bool HasAccount(const std::vector<std::wstring>& accounts, const std::wstring& account) {
+bool HasAccount(const std::vector<OutgoingMail::NamedAccount>& accounts, const std::wstring& name) {
     return std::ranges::any_of(accounts,
-                               [&](const std::wstring& name) { return text::equalsTrimmed(name, account); });
+                               [&](const auto& account) { return text::equalsTrimmed(account.name, name); });
 }
 
 std::wstring PreferredAccount(const clsSendAcct& list, const std::wstring& address) {
@@ -99,24 +101,15 @@ std::wstring PreferredAddresses(const clsSendAcct& list) {
     return addresses;
 }
 
-Membership ListMembership(Globals& globals, const clsSendAcct& list, const outlook::Item& item) {
+Membership ListMembership(const clsSendAcct& list, OutgoingMail& mail) {
     Membership result;
-    basGlobals::skipErrors([&] {
-        const redemption::SafeItem mail(globals.platform.automation, item);
-        result.address = text::trim(basGlobals::RecipientEmail(globals, mail.recipients().item(1)));
-    });
+    result.address = text::trim(mail.recipientAddress(1));
     // An unknown address would be found in every list.
     result.listed = !result.address.empty() && occursInList(list, result.address);
     if (result.listed) {
         result.message = L"This e-mail has an address that is normally sent with Exchange Server. Continue?";
     }
     return result;
-}
-
-void FillAccounts(Globals& globals, forms::ComboBox& box) {
-    std::vector<std::wstring> names = AccountOrder(globals);
-    names.insert(names.begin(), noAccount);
-    box.setItems(std::move(names));
 }
 
 bool SelectAccount(forms::ComboBox& box, const std::wstring& account) {
@@ -128,12 +121,6 @@ bool SelectAccount(forms::ComboBox& box, const std::wstring& account) {
     }
     box.select(static_cast<int>(found - names.begin()));
     return true;
-}
-
-bool SetAccount(clsSendAcct& list, const outlook::Item& item, const std::wstring& account) {
-    const bool set = list.SendUsingPrefAccount(item, account);
-    list.strChangeAcct.clear();
-    return set;
 }
 
 bool MoveToAddress(clsSendAcct& list, const std::wstring& address) {

@@ -6,6 +6,7 @@
 
 #include "accounts/clsSendAcct.h"
 #include "mail/Globals.h"
+#include "mail/OutgoingMail.h"
 #include "platform/forms.h"
 
 /// Look-ups in the list of preferred accounts, and what the dialogs and the send share of accounts. Names and
@@ -13,14 +14,17 @@
 /// walks read it where it is.
 namespace basSendAcct {
 
-/// The one list, opened when it is not yet. Held while it is worked with: a question about it may be open
+/// The one list, made when it is not yet. Held while it is worked with: a question about it may be open
 /// while the last window closes.
+std::shared_ptr<clsSendAcct> TheList(basGlobals::Globals& globals);
+/// The same, with its folder looked for unless it is known.
 std::shared_ptr<clsSendAcct> OpenList(basGlobals::Globals& globals);
 
 /// The names of the profile's mail accounts in their order; none when they cannot be read.
 std::vector<std::wstring> AccountOrder(basGlobals::Globals& globals);
 
-bool HasAccount(const std::vector<std::wstring>& accounts, const std::wstring& account);
+/// Whether one of the accounts has this name.
+bool HasAccount(const std::vector<OutgoingMail::NamedAccount>& accounts, const std::wstring& name);
 
 /// The preferred account of an address; empty when the list does not have it.
 std::wstring PreferredAccount(const clsSendAcct& list, const std::wstring& address);
@@ -38,16 +42,10 @@ struct Membership {
 
 /// Whether the first recipient's address occurs anywhere in PreferredAddresses: one that is the end of a
 /// listed address counts as listed. Recipients that cannot be read are on no list and have no address.
-Membership ListMembership(basGlobals::Globals& globals, const clsSendAcct& list, const outlook::Item& item);
-
-/// Fills the box with noAccount and the accounts in their order.
-void FillAccounts(basGlobals::Globals& globals, forms::ComboBox& box);
+Membership ListMembership(const clsSendAcct& list, OutgoingMail& mail);
 
 /// Selects the first entry that names the account; false, and nothing changed, when there is none.
 bool SelectAccount(forms::ComboBox& box, const std::wstring& account);
-
-/// Has the item sent with the account, and clears the stored decision.
-bool SetAccount(clsSendAcct& list, const outlook::Item& item, const std::wstring& account);
 
 /// Moves the list to the row that PreferredAccount reads, and takes its values. It is not always the one that
 /// Find finds: an address may be listed twice, in different letter case.

@@ -5,7 +5,6 @@
 
 #include "accounts/characters.h"
 #include "mail/errorTrap.h"
-#include "platform/number.h"
 #include "platform/text.h"
 #include "settings/prompts.h"
 
@@ -30,15 +29,11 @@ std::int32_t clsSendAcct::AbsolutePosition() const {
     return hasCurrentRow() ? static_cast<std::int32_t>(list_->position()) + 1 : endOfList;
 }
 
-void clsSendAcct::AbsolutePosition(const std::wstring& position) {
+void clsSendAcct::AbsolutePosition(std::int32_t position) {
     try {
-        const auto number = number::parse(position);
-        if (!number) {
-            throw automation::Error(automation::errors::typeMismatch, L"Type mismatch");
-        }
-        const auto row = number::toInteger<std::int32_t>(*number);
-        if (row < 1 || !list_ || !list_->moveTo(static_cast<std::size_t>(row) - 1)) {
-            throw automation::Error(badArgument, L"There is no row at position " + position + L".");
+        if (position < 1 || !list_ || !list_->moveTo(static_cast<std::size_t>(position) - 1)) {
+            throw automation::Error(badArgument,
+                                    L"There is no row at position " + std::to_wstring(position) + L'.');
         }
         takeCurrentValues();
     } catch (...) {

@@ -4,18 +4,16 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "accounts/ListChange.h"
 #include "accounts/listFolder.h"
+#include "accounts/wordSide.h"
 #include "mail/Globals.h"
 #include "platform/outlook.h"
 
 /// Stands for an account where none was chosen.
 inline constexpr wchar_t noAccount[] = L"No Account Selected";
-
-/// The answers that the dialogs of a send leave.
-inline constexpr wchar_t answerChange[] = L"CHANGE";
-inline constexpr wchar_t answerCancel[] = L"CANCEL";
 
 /// The list that says which account to send with to which address, and what is done with accounts at a send.
 ///
@@ -31,13 +29,13 @@ class clsSendAcct {
     /// The current values: Find and a move fill them from the row, Update writes them into it.
     std::wstring strEmailAddress;
     std::wstring strAccount;
-    /// answerChange, answerCancel, or empty when no dialog of this send has been answered.
-    std::wstring strChangeAcct;
+    /// What the macros of the Word template leave when they ask in place of a dialog.
+    wordSide::Answers leftByWord;
     /// Why the last Edit, Update or Delete failed; empty when it did not.
     std::wstring ErrorReport;
 
-    /// Looks for the folder of the list. Without one nothing is shown.
-    void Initialise();
+    /// Looks for the folder of the list, and gives what it holds. Without one nothing is shown.
+    listFolder::Place Initialise();
 
     // The stored list.
     /// Writes the rows in place of the stored ones. When that fails, which is shown, the item keeps what it
@@ -53,6 +51,9 @@ class clsSendAcct {
     bool EmailAddressListMailOpen(const std::wstring& folderPath);
     /// The same, once the folder has been found or made; before that it does nothing and gives false.
     bool LoadList();
+    /// The same from where the list was found a moment ago. Where that is no longer to be relied on, or holds
+    /// no list, this says nothing and gives false.
+    bool LoadFound(const listFolder::Place& place);
 
     // The list in memory.
     bool isLoaded() const { return list_ != nullptr; }
@@ -65,8 +66,8 @@ class clsSendAcct {
     /// The 1-based position of the current row; endOfList when there is none.
     std::int32_t AbsolutePosition() const;
     static constexpr std::int32_t endOfList = -3;
-    /// Moves to the row at a position given as text, and takes its values. A failure is shown.
-    void AbsolutePosition(const std::wstring& position);
+    /// Moves to the row at a position, and takes its values. A failure is shown.
+    void AbsolutePosition(std::int32_t position);
 
     /// Moves to the first row from the current one on that holds exactly this address, and takes its values;
     /// to the end when there is none. An address with an apostrophe is never found: the criterion that the
@@ -79,24 +80,24 @@ class clsSendAcct {
     bool Delete();
 
     // Accounts.
-    /// noAccount and the names of the profile's accounts in their order, each followed by ";".
-    std::wstring LoadAccounts();
+    /// noAccount and the names of the profile's accounts in their order.
+    std::vector<std::wstring> LoadAccounts();
     /// The name of the profile's first account; empty on failure.
-    std::wstring GetAccountInUse();
-    /// The name of the account set on a saved item; empty when it has none, or on failure.
-    std::wstring GetSelectedMailAccount(const outlook::Item& item);
+    static std::wstring GetAccountInUse(OutgoingMail& mail);
+    /// The name of the account set on a saved mail; empty when it has none, or on failure.
+    static std::wstring GetSelectedMailAccount(OutgoingMail& mail);
     /// True when the profile has an account of this name, letter case and surrounding spaces aside.
-    bool PrefAcctExists(const std::wstring& account);
-    /// Marks the item as one to be sent with the account, and saves it. False on failure, which leaves the
-    /// item as it was.
-    bool SendUsingPrefAccount(const outlook::Item& item, const std::wstring& account);
+    static bool PrefAcctExists(OutgoingMail& mail, const std::wstring& account);
+    /// Marks the mail as one to be sent with the account, and saves it. False on failure, which leaves the
+    /// mail as it was.
+    static bool SendUsingPrefAccount(OutgoingMail& mail, const std::wstring& account);
 
     // The folder.
     enum class Asked { BySend, ByUser };
-    /// Makes the folder of the list when it is missing, and tells the user. True when it is there afterwards.
-    /// Every send asks for it, so that a folder that is there already is mentioned only to a user who has
-    /// asked for it himself.
-    bool CreatePostrouteFolder(Asked asked = Asked::BySend);
+    /// Makes the folder of the list when it is missing, and tells the user. Gives the folder with what it
+    /// holds; nothing when there is none afterwards. Every send asks for it, so that a folder that is there
+    /// already is mentioned only to a user who has asked for it himself.
+    std::optional<listFolder::Place> CreatePostrouteFolder(Asked asked = Asked::BySend);
     /// Nothing when there is none, or on failure.
     outlook::Folder GetDefaultFolder();
 
@@ -131,5 +132,4 @@ class clsSendAcct {
     /// Nothing while no list is loaded.
     std::unique_ptr<AccountRows> list_;
     EditMode editMode_ = EditMode::None;
-    std::wstring accounts_;
 };

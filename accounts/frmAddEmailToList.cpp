@@ -9,7 +9,6 @@
 #include "settings/modRegKeys.h"
 #include "settings/prompts.h"
 
-using basGlobals::DialogMode;
 using platform::Buttons;
 using platform::Icon;
 
@@ -39,14 +38,11 @@ frmAddEmailToList::frmAddEmailToList(basGlobals::Globals& globals, clsSendAcct& 
 /// An account chosen here that is not the one in use is meant for this e-mail already.
 void frmAddEmailToList::cmdYes_Click() {
     basGlobals::trapErrors(globals_, basGlobals::ErrorReport::usual(L"frmAddEmailToList.cmdYes_Click"), [&] {
-        globals_.dialogMode = DialogMode::Add;
-        frmEmailAddressEdit editor(globals_, list_, {address_, accountInUse_, {}});
+        frmEmailAddressEdit editor(globals_, list_, frmEmailAddressEdit::Mode::Add,
+                                   {address_, accountInUse_, {}});
         prompts::show(globals_, editor);
-        globals_.dialogMode = DialogMode::None;
-        if (editor.saved() && editor.account() != noAccount &&
-            !text::equalsTrimmed(editor.account(), accountInUse_)) {
-            answer_ = answerChange;
-        }
+        changesAccount_ = editor.saved() && editor.account() != noAccount &&
+                          !text::equalsTrimmed(editor.account(), accountInUse_);
     });
     leave();
 }

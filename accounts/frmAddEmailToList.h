@@ -10,8 +10,8 @@ class frmAddEmailToList : public forms::Form {
     frmAddEmailToList(basGlobals::Globals& globals, clsSendAcct& list, std::wstring address,
                       std::wstring accountInUse);
 
-    /// answerChange when an account was chosen that the mail is now to be sent with, else empty.
-    const std::wstring& answer() const { return answer_; }
+    /// True when an account was chosen that the mail is now to be sent with.
+    bool changesAccount() const { return changesAccount_; }
 
     void closeBox() override { Command1_Click(); }
 
@@ -26,7 +26,7 @@ class frmAddEmailToList : public forms::Form {
     clsSendAcct& list_;
     std::wstring address_;
     std::wstring accountInUse_;
-    std::wstring answer_;
+    bool changesAccount_ = false;
 
     forms::Picture picQuestion{*this, L"picQuestion", {7, 8, 21, 20}, forms::Picture::Image::Question};
     forms::Label lblMessage{*this,

@@ -3,11 +3,10 @@
 #include <algorithm>
 #include <utility>
 
-#include "accounts/frmEmailAddressEdit.h"
 #include "accounts/listMessages.h"
 #include "mail/errorTrap.h"
 
-using basGlobals::DialogMode;
+using Mode = frmEmailAddressEdit::Mode;
 using platform::Buttons;
 using platform::Icon;
 
@@ -65,7 +64,7 @@ bool frmEmailAddress::moveToSelection() {
     const std::wstring& line = lstEmailAddress.items()[static_cast<std::size_t>(lstEmailAddress.selected())];
     for (std::size_t row = 0; row < list_.count(); ++row) {
         if (lineOf(row) == line) {
-            list_.AbsolutePosition(std::to_wstring(row + 1));
+            list_.AbsolutePosition(static_cast<std::int32_t>(row) + 1);
             return true;
         }
     }
@@ -74,17 +73,15 @@ bool frmEmailAddress::moveToSelection() {
     return false;
 }
 
-bool frmEmailAddress::edit(DialogMode mode, const std::wstring& address, const std::wstring& account) {
-    globals_.dialogMode = mode;
-    frmEmailAddressEdit editor(globals_, list_, {address, account, {}});
+bool frmEmailAddress::edit(Mode mode, const std::wstring& address, const std::wstring& account) {
+    frmEmailAddressEdit editor(globals_, list_, mode, {address, account, {}});
     globals_.platform.desktop.showModal(editor);
-    globals_.dialogMode = DialogMode::None;
     return editor.saved();
 }
 
 void frmEmailAddress::cmdAdd_Click() {
     const int selected = lstEmailAddress.selected();
-    if (edit(DialogMode::Add, {}, noAccount)) {
+    if (edit(Mode::Add, {}, noAccount)) {
         refillAtCurrentValues();
     } else {
         EmailAddressListFill();
@@ -98,7 +95,7 @@ void frmEmailAddress::cmdEdit_Click() {
     }
     const std::wstring address = list_.strEmailAddress;
     const std::wstring account = list_.strAccount;
-    if (!edit(DialogMode::Edit, address, account)) {
+    if (!edit(Mode::Edit, address, account)) {
         list_.strEmailAddress = address;
         list_.strAccount = account;
     }

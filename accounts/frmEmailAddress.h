@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "accounts/clsSendAcct.h"
+#include "accounts/frmEmailAddressEdit.h"
 #include "mail/Globals.h"
 #include "platform/forms.h"
 
@@ -22,7 +23,7 @@ class frmEmailAddress : public forms::Form {
     void refillAtCurrentValues();
     /// Moves the list to the selected row; false, and the user is told, when none is selected or it is gone.
     bool moveToSelection();
-    bool edit(basGlobals::DialogMode mode, const std::wstring& address, const std::wstring& account);
+    bool edit(frmEmailAddressEdit::Mode mode, const std::wstring& address, const std::wstring& account);
     platform::Answer show(const std::wstring& prompt, platform::MessageStyle style) const;
 
     basGlobals::Globals& globals_;

@@ -8,34 +8,32 @@
 #include "mail/errorTrap.h"
 #include "platform/text.h"
 
-using basGlobals::DialogMode;
+using Mode = frmEmailAddressEdit::Mode;
 using platform::Icon;
 
 namespace {
 
-const wchar_t* captionFor(DialogMode mode) {
+const wchar_t* captionFor(Mode mode) {
     switch (mode) {
-        case DialogMode::Add:
+        case Mode::Add:
             return L"Add Preferred Account";
-        case DialogMode::Edit:
+        case Mode::Edit:
             return L"Edit";
-        case DialogMode::MissingAccount:
+        case Mode::MissingAccount:
             return L"Select Preferred Account";
-        case DialogMode::None:
-        case DialogMode::AnswerIgnored:
-            break;
     }
-    return L"Add/Edit Email Address";
+    return L"";
 }
 
 }  // namespace
 
-frmEmailAddressEdit::frmEmailAddressEdit(basGlobals::Globals& globals, clsSendAcct& list, Entry entry)
-    : Form(L"frmEmailAddressEdit", captionFor(globals.dialogMode), 300,
-           70 + (globals.dialogMode == DialogMode::MissingAccount ? messageHeight : 0)),
+frmEmailAddressEdit::frmEmailAddressEdit(basGlobals::Globals& globals, clsSendAcct& list, Mode mode,
+                                         Entry entry)
+    : Form(L"frmEmailAddressEdit", captionFor(mode), 300,
+           70 + (mode == Mode::MissingAccount ? messageHeight : 0)),
       globals_(globals),
       list_(list),
-      mode_(globals.dialogMode),
+      mode_(mode),
       listedAddress_(entry.address),
       listedAccount_(entry.account) {
     imgBackColor.setVisible(hasMessage());
@@ -54,11 +52,11 @@ frmEmailAddressEdit::frmEmailAddressEdit(basGlobals::Globals& globals, clsSendAc
 /// An entry that is edited may name an account which the profile no longer has: it stays on offer, so that a
 /// correction of the address alone does not lose it.
 void frmEmailAddressEdit::chooseAccount(const std::wstring& account) {
-    basSendAcct::FillAccounts(globals_, cmbAccounts);
+    cmbAccounts.setItems(list_.LoadAccounts());
     if (basSendAcct::SelectAccount(cmbAccounts, account)) {
         return;
     }
-    if (mode_ == DialogMode::Edit && !text::trim(account).empty()) {
+    if (mode_ == Mode::Edit && !text::trim(account).empty()) {
         std::vector<std::wstring> names = cmbAccounts.items();
         names.push_back(account);
         cmbAccounts.setItems(std::move(names));
@@ -78,23 +76,16 @@ void frmEmailAddressEdit::cmdOK_Click() {
             return;
         }
         saved_ = true;
-        if (mode_ == DialogMode::MissingAccount) {
-            answer_ = answerChange;
-        }
         hide();
     });
 }
 
-/// Despite what the message says, cancelling keeps the e-mail from being sent.
 void frmEmailAddressEdit::cmdCancel_Click() {
-    if (mode_ == DialogMode::MissingAccount) {
-        answer_ = answerCancel;
-    }
     hide();
 }
 
 bool frmEmailAddressEdit::isComplete() const {
-    if (mode_ == DialogMode::MissingAccount) {
+    if (mode_ == Mode::MissingAccount) {
         return true;  // The address is not the user's to correct here.
     }
     if (address().empty()) {
@@ -105,7 +96,7 @@ bool frmEmailAddressEdit::isComplete() const {
         tell(L"Please enter a valid email address.", Icon::Warning);
         return false;
     }
-    if (mode_ == DialogMode::Add && isOnList()) {
+    if (mode_ == Mode::Add && isOnList()) {
         tell(L"There is already an existing e-mail with this address. Please enter another email address",
              Icon::Warning);
         return false;
@@ -117,13 +108,13 @@ bool frmEmailAddressEdit::isOnList() const {
     if (list_.count() == 0) {
         return false;
     }
-    list_.AbsolutePosition(L"1");
+    list_.AbsolutePosition(1);
     return list_.Find(address());
 }
 
 bool frmEmailAddressEdit::save() {
     list_.ErrorReport.clear();
-    if (mode_ == DialogMode::Add) {
+    if (mode_ == Mode::Add) {
         list_.AddNew();
     } else {
         if (!moveToEntry()) {
@@ -135,7 +126,7 @@ bool frmEmailAddressEdit::save() {
             return false;
         }
     }
-    if (mode_ != DialogMode::MissingAccount) {
+    if (mode_ != Mode::MissingAccount) {
         list_.strEmailAddress = address();
     }
     list_.strAccount = account();
@@ -143,8 +134,8 @@ bool frmEmailAddressEdit::save() {
 }
 
 bool frmEmailAddressEdit::moveToEntry() {
-    return mode_ == DialogMode::Edit ? basSendAcct::MoveToEntry(list_, listedAddress_, listedAccount_)
-                                     : basSendAcct::MoveToAddress(list_, listedAddress_);
+    return mode_ == Mode::Edit ? basSendAcct::MoveToEntry(list_, listedAddress_, listedAccount_)
+                               : basSendAcct::MoveToAddress(list_, listedAddress_);
 }
 
 std::wstring frmEmailAddressEdit::address() const {

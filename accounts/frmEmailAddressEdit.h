@@ -4,10 +4,15 @@
 #include "mail/Globals.h"
 #include "platform/forms.h"
 
-/// One entry of the list of preferred accounts. The dialog mode says why it is opened: to add one, to change
-/// the one that the list is at, or to choose another account for an address whose account is gone.
+/// One entry of the list of preferred accounts.
 class frmEmailAddressEdit : public forms::Form {
   public:
+    enum class Mode {
+        Add,
+        Edit,
+        /// Another account is to be chosen for an address whose account is gone.
+        MissingAccount
+    };
     struct Entry {
         std::wstring address;
         /// Chosen at first.
@@ -16,14 +21,12 @@ class frmEmailAddressEdit : public forms::Form {
         std::wstring message;
     };
 
-    frmEmailAddressEdit(basGlobals::Globals& globals, clsSendAcct& list, Entry entry);
+    frmEmailAddressEdit(basGlobals::Globals& globals, clsSendAcct& list, Mode mode, Entry entry);
 
     /// True once the entry is stored.
     bool saved() const { return saved_; }
     /// The account that is chosen.
     std::wstring account() const { return cmbAccounts.value(); }
-    /// What the send is to do in place of the account that is gone; empty for other modes.
-    const std::wstring& answer() const { return answer_; }
 
   private:
     void cmdOK_Click();
@@ -38,15 +41,14 @@ class frmEmailAddressEdit : public forms::Form {
 
     basGlobals::Globals& globals_;
     clsSendAcct& list_;
-    basGlobals::DialogMode mode_;
+    Mode mode_;
     /// What the list holds in the row.
     std::wstring listedAddress_;
     std::wstring listedAccount_;
     bool saved_ = false;
-    std::wstring answer_;
 
     /// The controls lie below the message, where there is one.
-    bool hasMessage() const { return mode_ == basGlobals::DialogMode::MissingAccount; }
+    bool hasMessage() const { return mode_ == Mode::MissingAccount; }
     int below(int top) const { return hasMessage() ? top + messageHeight : top; }
     static constexpr int messageHeight = 122;
 

@@ -13,20 +13,12 @@ frmSelectSendAcct::frmSelectSendAcct(basGlobals::Globals& globals, clsSendAcct& 
       globals_(globals),
       list_(list),
       preferred_(std::move(preferred)),
-      address_(std::move(address)),
-      account_(preferred_) {
+      address_(std::move(address)) {
     lblPrefAcct.setCaption(L"(" + preferred_ + L")");
-    std::vector<std::wstring> others;
-    const std::wstring accounts = list_.LoadAccounts();
-    const std::vector<std::wstring> order = basSendAcct::AccountOrder(globals);
-    for (const std::wstring_view name : text::split(accounts, L';')) {
-        std::wstring other(name);
-        // A ";" inside a name gives parts that are no accounts.
-        if (!name.empty() && name != noAccount && !text::equalsTrimmed(name, preferred_) &&
-            basSendAcct::HasAccount(order, other)) {
-            others.push_back(std::move(other));
-        }
-    }
+    std::vector<std::wstring> others = basSendAcct::AccountOrder(globals);
+    std::erase_if(others, [&](const std::wstring& name) {
+        return name.empty() || name == noAccount || text::equalsTrimmed(name, preferred_);
+    });
     cmbAccts.setItems(std::move(others));
     basSendAcct::SelectAccount(cmbAccts, given);
     optChange.select();
@@ -55,12 +47,12 @@ void frmSelectSendAcct::cmdOK_Click() {
         if (chkSetDefault.ticked() && otherChosen()) {
             makePreferred(cmbAccts.value());
         }
-        if (optSelected.selected() && otherChosen()) {
-            account_ = cmbAccts.value();
-        }
         modRegKeys::DoNotShowSelect.write(globals_, chkDoNotShow.ticked() ? 1 : 0);
     });
-    leave(optCancel.selected() ? answerCancel : answerChange);
+    if (!optCancel.selected()) {
+        answer_ = optSelected.selected() && otherChosen() ? cmbAccts.value() : preferred_;
+    }
+    hide();
 }
 
 void frmSelectSendAcct::makePreferred(const std::wstring& account) {
@@ -73,13 +65,4 @@ void frmSelectSendAcct::makePreferred(const std::wstring& account) {
         globals_.platform.desktop.messageBox(
             list_.ErrorReport, {platform::Buttons::Ok, platform::Icon::Warning}, globals_.product.title);
     }
-}
-
-void frmSelectSendAcct::leave(const wchar_t* answer) {
-    answer_ = answer;
-    hide();
-}
-
-void frmSelectSendAcct::closeBox() {
-    leave(answerCancel);
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "accounts/clsSendAcct.h"
 #include "mail/Globals.h"
 #include "platform/forms.h"
@@ -11,12 +13,8 @@ class frmSelectSendAcct : public forms::Form {
     frmSelectSendAcct(basGlobals::Globals& globals, clsSendAcct& list, std::wstring preferred,
                       std::wstring address, const std::wstring& given);
 
-    /// answerChange or answerCancel. A dialog that was closed without a choice goes back to the e-mail.
-    const std::wstring& answer() const { return answer_; }
-    /// The account to send with.
-    const std::wstring& account() const { return account_; }
-
-    void closeBox() override;
+    /// The account to send with; nothing: back to the e-mail. That is what closing the box means, too.
+    const std::optional<std::wstring>& account() const { return answer_; }
 
   private:
     void cmdOK_Click();
@@ -24,14 +22,12 @@ class frmSelectSendAcct : public forms::Form {
     void chkSetDefault_Click();
     bool otherChosen() const;
     void makePreferred(const std::wstring& account);
-    void leave(const wchar_t* answer);
 
     basGlobals::Globals& globals_;
     clsSendAcct& list_;
     std::wstring preferred_;
     std::wstring address_;
-    std::wstring answer_ = answerCancel;
-    std::wstring account_;
+    std::optional<std::wstring> answer_;
 
     forms::Label Label1{*this, L"Label1", {7, 8, 266, 9}, L"Select Account"};
     forms::OptionButton optChange{*this, L"optChange", {7, 22, 266, 11}, L"&Use Your Preferred Account"};

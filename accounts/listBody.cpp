@@ -16,7 +16,7 @@ Outcome takeBack(const redemption::SafeItem& item, const std::wstring& before, c
     const bool takenBack = basGlobals::skipErrors([&] {
         if (holdSameList(item.body(), after)) {
             item.setBody(before);
-            item.saveWritten();
+            item.commit();
         }
     });
     const auto now = attempt([&] { return item.body(); });
@@ -51,7 +51,7 @@ Result replace(const redemption::SafeItem& item, const std::wstring& before, con
     }
     try {
         item.setBody(after);
-        item.saveWritten();
+        item.commit();
     } catch (...) {
         std::wstring error = basGlobals::currentError().description();
         return {takeBack(item, before, after), std::move(error)};

@@ -16,6 +16,7 @@ namespace {
 using basGlobals::attempt;
 using basGlobals::Globals;
 using outlook::Folder;
+using Folders = outlook::Collection<Folder>;
 
 /// String resources of the folder names.
 namespace stringId {
@@ -31,14 +32,10 @@ std::wstring folderName(const Globals& globals) {
     return globals.resourceOr(stringId::folder, L"Veltro");
 }
 
-Folder mailbox(const Globals& globals) {
-    return globals.outlook.mapiNameSpace().defaultFolder(outlook::folderId::inbox).parent();
-}
-
 /// Fails alike for a folder that is missing and for a store that cannot be read just now: nothing is no proof
 /// that there is none.
-Folder childByName(const Folder& parent, const std::wstring& name) {
-    return attempt([&] { return parent.folder(name); }).value_or(Folder());
+Folder childByName(const Folders& folders, const std::wstring& name) {
+    return attempt([&] { return Folder(folders.object().get(L"Item", name).toObject()); }).value_or(Folder());
 }
 
 /// Nothing when there surely is none: all sub-folders have been looked at. Throws automation::Error.
@@ -79,6 +76,10 @@ Place placeOf(const Folder& folder) {
 
 }  // namespace
 
+Folder mailbox(const Globals& globals) {
+    return globals.outlook.mapiNameSpace().defaultFolder(outlook::folderId::inbox).parent();
+}
+
 std::vector<outlook::Item> listItems(const Folder& folder) {
     std::vector<outlook::Item> found;
     const auto items = folder.items();
@@ -97,12 +98,16 @@ std::vector<outlook::Item> listItems(const Folder& folder) {
 /// put an empty list in the place of the user's. So both places are looked at, that of the resource library
 /// first; where both have a folder, the one with the list is it.
 Place find(const Globals& globals) {
+    const std::size_t asOf = globals.promptsShown;
     const Folder root = mailbox(globals);
+    const auto folders = root.folders();
     const std::wstring name = folderName(globals);
     const std::array<std::wstring, 3> parents{parentName(globals), newParentName, oldParentName};
     for (const std::wstring& parent : parents) {  // As a rule it is found here, with few calls.
-        if (const Folder folder = childByName(childByName(root, parent), name)) {
+        const Folder above = childByName(folders, parent);
+        if (const Folder folder = above ? childByName(above.folders(), name) : Folder()) {
             if (Place place = placeOf(folder); place.item) {
+                place.asOf = asOf;
                 return place;
             }
         }
@@ -112,12 +117,14 @@ Place find(const Globals& globals) {
         const Folder parent = searchedChild(root, candidate);
         Place place = placeOf(parent ? searchedChild(parent, name) : Folder());
         if (place.item) {
-            return place;
+            found = std::move(place);
+            break;
         }
         if (!found.folder) {
             found = std::move(place);
         }
     }
+    found.asOf = asOf;
     return found;
 }
 

@@ -23,7 +23,12 @@ struct Place {
     outlook::Item item;
     /// More items of the list's subject.
     std::vector<outlook::Item> others;
+    /// How many prompts had been shown when it was looked for.
+    std::size_t asOf = 0;
 };
+
+/// Where all folders of the mailbox begin. Throws automation::Error.
+outlook::Folder mailbox(const basGlobals::Globals& globals);
 
 /// Looks for the folder in the places where it can be. Throws automation::Error when the mailbox cannot be
 /// searched: what could not be seen does not count as missing.

@@ -4,6 +4,7 @@
 #include "accounts/listFolder.h"
 #include "mail/MapiSession.h"
 #include "mail/SafeItems.h"
+#include "mail/basGlobals.h"
 #include "mail/errorTrap.h"
 
 /// The item that holds the list, and its folder.
@@ -42,13 +43,14 @@ outlook::Item moved(const outlook::Item& draft, const outlook::Folder& folder) {
 }
 
 /// A new item with an empty list, in the folder.
-outlook::Item newItem(const Globals& globals, const outlook::Folder& folder) {
+outlook::Item newItem(Globals& globals, const outlook::Folder& folder) {
+    const bool googleApps = basGlobals::GoogleAppConnected(globals);
     const outlook::Item draft(globals.outlook.object().call(L"CreateItem", mailItem).toObject());
     try {
         draft.setSubject(listFolder::listSubject);
         const redemption::SafeItem safe(globals.platform.automation, draft);
         safe.setBody(emptyList);
-        if (!globals.googleApps) {  // Its connector would carry the draft to the server before it is moved.
+        if (!googleApps) {  // Its connector would carry the draft to the server before it is moved.
             safe.save();
         }
         return moved(draft, folder);
@@ -59,30 +61,32 @@ outlook::Item newItem(const Globals& globals, const outlook::Folder& folder) {
 }
 
 /// `made`: whether it had to be. Throws automation::Error when it cannot be.
-outlook::Folder requireFolder(const Globals& globals, bool& made) {
-    outlook::Folder folder = listFolder::find(globals).folder;
-    if (folder) {
-        return folder;
+listFolder::Place requireFolder(const Globals& globals, bool& made) {
+    listFolder::Place place = listFolder::find(globals);
+    if (place.folder) {
+        return place;
     }
     try {
-        folder = listFolder::make(globals);
+        place.folder = listFolder::make(globals);
         made = true;
-        return folder;
     } catch (...) {
-        folder = listFolder::find(globals).folder;  // A send in another window may have made it meanwhile.
-        if (!folder) {
+        place = listFolder::find(globals);  // A send in another window may have made it meanwhile.
+        if (!place.folder) {
             throw;
         }
-        return folder;
     }
+    return place;
 }
 
 }  // namespace
 
-void clsSendAcct::Initialise() {
-    if (const outlook::Folder folder = GetDefaultFolder()) {
-        globals_.settingsFolder = listFolder::pathOf(globals_, folder);
+listFolder::Place clsSendAcct::Initialise() {
+    listFolder::Place place =
+        attempt([&] { return listFolder::find(globals_); }).value_or(listFolder::Place());
+    if (place.folder) {
+        globals_.settingsFolder = listFolder::pathOf(globals_, place.folder);
     }
+    return place;
 }
 
 outlook::Item clsSendAcct::EmailAddressListMailGet() {
@@ -124,11 +128,14 @@ void clsSendAcct::MarkMailAsRead(const outlook::Item& item) {
     });
 }
 
-bool clsSendAcct::CreatePostrouteFolder(Asked asked) {
+std::optional<listFolder::Place> clsSendAcct::CreatePostrouteFolder(Asked asked) {
     try {
         bool made = false;
-        const outlook::Folder folder = requireFolder(globals_, made);
-        const std::wstring path = globals_.settingsFolder = listFolder::pathOf(globals_, folder);
+        const listFolder::Place place = requireFolder(globals_, made);
+        if (!made && asked == Asked::BySend && !globals_.settingsFolder.empty()) {
+            return place;
+        }
+        const std::wstring path = globals_.settingsFolder = listFolder::pathOf(globals_, place.folder);
         const std::wstring& title = globals_.product.title;
         if (made) {
             show(title + L" has created the following folder in Outlook for you:\r\n" + path +
@@ -139,10 +146,10 @@ bool clsSendAcct::CreatePostrouteFolder(Asked asked) {
             show(L"The folder " + path + L" is there already.", Icon::Information,
                  L"Folder already exists - Veltro");
         }
-        return true;
+        return place;
     } catch (...) {
         show(L"Unable to create the folder.", Icon::Critical, globals_.product.title);
-        return false;
+        return std::nullopt;
     }
 }
 

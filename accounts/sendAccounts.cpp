@@ -1,99 +1,104 @@
+#include <algorithm>
 #include <array>
+#include <optional>
 
 #include "accounts/basSendAcct.h"
 #include "accounts/clsSendAcct.h"
-#include "mail/MapiSession.h"
-#include "mail/SafeItems.h"
+#include "mail/OutgoingMail.h"
 #include "mail/errorTrap.h"
 #include "platform/text.h"
 
-/// The accounts of the profile and of items. A failure here is not reported: it must never stand in the way
+/// The accounts of the profile and of mails. A failure here is not reported: it must never stand in the way
 /// of a send.
 namespace {
 
 using basGlobals::attempt;
 namespace tag = redemption::tag;
 
-/// The collection finds a name in any letter case, but only with its spaces. Throws automation::Error when
-/// there is no such account.
-redemption::Account accountNamed(const redemption::Session& session, const std::wstring& name) {
-    if (const auto found = attempt([&] { return session.account(std::wstring(text::trim(name))); })) {
-        return *found;
-    }
-    const auto accounts = session.accountsInOrder();
-    const std::int32_t count = accounts.count();
-    for (std::int32_t index = 1; index <= count; ++index) {
-        redemption::Account account = accounts.item(index);
-        if (text::equalsTrimmed(account.name(), name)) {
-            return account;
-        }
-    }
-    throw automation::Error(automation::errors::failed, L"There is no account " + name + L".");
+std::optional<OutgoingMail::NamedAccount> accountNamed(OutgoingMail& mail, const std::wstring& name) {
+    const auto accounts = mail.accounts();
+    const auto found = std::ranges::find_if(
+        accounts, [&](const auto& account) { return text::equalsTrimmed(account.name, name); });
+    return found == accounts.end() ? std::nullopt : std::optional(*found);
 }
 
-struct Property {
-    std::int32_t tag;
-    automation::Value value;
+/// The properties that say which account a mail leaves with. Outlook goes by the first two; the others are
+/// written for whoever reads them, and a store may refuse these.
+class Stamp {
+  public:
+    explicit Stamp(const redemption::SafeItem& item) : item_(item) {
+        for (std::size_t index = 0; index < decisive; ++index) {
+            before_[index] = item_.field(tags[index]);
+            stampedBefore_ = stampedBefore_ || !before_[index].toText().empty();
+        }
+    }
+
+    /// Writes them and saves the item, or leaves it as it was: half a stamp would have Outlook send with one
+    /// account what claims to come from another. Throws automation::Error.
+    void replace(const std::array<std::wstring, 4>& values) {
+        try {
+            for (std::size_t index = 0; index < decisive; ++index) {
+                write(index, values[index]);
+            }
+            for (std::size_t index = decisive; index < tags.size(); ++index) {
+                basGlobals::skipErrors([&] { writeWelcome(index, values[index]); });
+            }
+            item_.commit();  // Outlook's send keeps nothing that was written here and not saved.
+        } catch (...) {
+            for (std::size_t index = 0; index < begun_; ++index) {
+                basGlobals::skipErrors([&] { item_.setField(tags[index], before_[index]); });
+            }
+            throw;
+        }
+    }
+
+  private:
+    static constexpr std::array<std::int32_t, 4> tags{tag::primarySendAccount, tag::nextSendAccount,
+                                                      tag::itemAccountName, tag::itemAccountStamp};
+    static constexpr std::size_t decisive = 2;
+
+    void write(std::size_t index, const std::wstring& value) {
+        begun_ = index + 1;
+        item_.setField(tags[index], value);
+    }
+    /// A mail without the decisive ones has none of these.
+    void writeWelcome(std::size_t index, const std::wstring& value) {
+        if (stampedBefore_) {
+            before_[index] = item_.field(tags[index]);
+        }
+        write(index, value);
+    }
+
+    redemption::SafeItem item_;
+    std::array<automation::Value, 4> before_;
+    bool stampedBefore_ = false;
+    std::size_t begun_ = 0;
 };
-
-/// Writes all of the properties and saves the item, or leaves it as it was: half a stamp would have Outlook
-/// send with one account what claims to come from another.
-void stamp(const redemption::SafeItem& item, const std::array<Property, 4>& properties) {
-    std::array<Property, 4> before = properties;
-    for (Property& property : before) {
-        property.value = item.field(property.tag);
-    }
-    try {
-        for (const Property& property : properties) {
-            item.setField(property.tag, property.value);
-        }
-        item.saveWritten();
-    } catch (...) {
-        for (const Property& property : before) {
-            basGlobals::skipErrors([&] { item.setField(property.tag, property.value); });
-        }
-        throw;
-    }
-}
 
 }  // namespace
 
-std::wstring clsSendAcct::LoadAccounts() {
-    accounts_ = std::wstring(noAccount) + L";";
-    for (const std::wstring& name : basSendAcct::AccountOrder(globals_)) {
-        accounts_ += name + L";";
-    }
-    return accounts_;
+std::vector<std::wstring> clsSendAcct::LoadAccounts() {
+    std::vector<std::wstring> names = basSendAcct::AccountOrder(globals_);
+    names.insert(names.begin(), noAccount);
+    return names;
 }
 
-std::wstring clsSendAcct::GetAccountInUse() {
-    const auto first = [&] { return redemption::Session(globals_).accountsInOrder().item(1).name(); };
-    return attempt(first).value_or(L"");
+std::wstring clsSendAcct::GetAccountInUse(OutgoingMail& mail) {
+    return attempt([&] { return mail.accounts().at(0).name; }).value_or(L"");
 }
 
-std::wstring clsSendAcct::GetSelectedMailAccount(const outlook::Item& item) {
-    const redemption::MapiCleanUp cleanUp(globals_.platform.automation);
-    const auto selected = [&]() -> std::wstring {
-        const redemption::Session session(globals_);
-        const redemption::Account account(session.message(item.entryId()).get(L"Account").toObject());
-        return account ? account.name() : std::wstring();
-    };
-    return attempt(selected).value_or(L"");
+std::wstring clsSendAcct::GetSelectedMailAccount(OutgoingMail& mail) {
+    return attempt([&] { return mail.chosenAccount(); }).value_or(L"");
 }
 
-bool clsSendAcct::PrefAcctExists(const std::wstring& account) {
-    return basSendAcct::HasAccount(basSendAcct::AccountOrder(globals_), account);
+bool clsSendAcct::PrefAcctExists(OutgoingMail& mail, const std::wstring& account) {
+    return attempt([&] { return basSendAcct::HasAccount(mail.accounts(), account); }).value_or(false);
 }
 
-bool clsSendAcct::SendUsingPrefAccount(const outlook::Item& item, const std::wstring& account) {
+bool clsSendAcct::SendUsingPrefAccount(OutgoingMail& mail, const std::wstring& account) {
     return basGlobals::skipErrors([&] {
-        const redemption::Session session(globals_);
-        const redemption::Account chosen = accountNamed(session, account);
+        const auto [name, chosen] = accountNamed(mail, account).value();
         const std::wstring sendStamp = chosen.sendStamp();
-        const std::array<Property, 4> properties{{{tag::primarySendAccount, sendStamp},
-                                                  {tag::nextSendAccount, sendStamp},
-                                                  {tag::itemAccountName, chosen.name()},
-                                                  {tag::itemAccountStamp, chosen.stamp()}}};
-        stamp(redemption::SafeItem(globals_.platform.automation, item), properties);
+        Stamp(mail.safe()).replace({sendStamp, sendStamp, name, chosen.stamp()});
     });
 }

@@ -80,6 +80,15 @@ bool clsSendAcct::LoadList() {
     return !globals_.settingsFolder.empty() && EmailAddressListMailOpen(globals_.settingsFolder);
 }
 
+bool clsSendAcct::LoadFound(const listFolder::Place& place) {
+    list_.reset();
+    if (place.asOf != globals_.promptsShown || !place.item || !place.others.empty()) {
+        return false;
+    }
+    return basGlobals::skipErrors(
+        [&] { list_ = std::make_unique<AccountRows>(safe(globals_, place.item).body()); });
+}
+
 bool clsSendAcct::EmailAddressListMailOpen(const std::wstring& folderPath) {
     list_.reset();
     const auto open = [&] {
@@ -94,7 +103,8 @@ bool clsSendAcct::EmailAddressListMailOpen(const std::wstring& folderPath) {
             list_ = std::make_unique<AccountRows>(std::move(lists.rows));
             return true;
         } catch (const rowset::NotARowset&) {
-            show(listMessages::corrupted(folderPath), Icon::Information, L"Veltro");
+            show(listMessages::corrupted(listFolder::pathOf(globals_, place.folder)), Icon::Information,
+                 L"Veltro");
             return false;
         }
     };

@@ -8,7 +8,6 @@
 #include "addin/missingLibrary.h"
 #include "addin/settingsFolder.h"
 #include "mail/ProfileAddresses.h"
-#include "mail/basGlobals.h"
 #include "mail/errorTrap.h"
 #include "platform/files.h"
 #include "settings/modRegKeys.h"
@@ -68,10 +67,7 @@ void Connect::OnConnection(const automation::Object& application, int /*connectM
     tellOfMissingLibrary();
     if (wrapOpenExplorers()) {
         settingsFolder::moveToCurrentPlace(globals_);
-        const auto list = basSendAcct::OpenList(globals_);
-        if (!globals_.redemptionMissing) {
-            list->LoadList();
-        }
+        loadAccountList();
     }
     refreshEmailList();
 }
@@ -141,7 +137,6 @@ bool Connect::takeHoldOfOutlook() {
     }
     skipErrors([&] { setExplorer(colExpl_.item(1)); });
     skipErrors([&] { initialiseOutAddIn(); });
-    skipErrors([&] { globals_.googleApps = basGlobals::GoogleAppConnected(globals_); });
     return true;
 }
 
@@ -164,6 +159,14 @@ bool Connect::wrapOpenExplorers() {
         skipErrors([&] { wrappers_.AddExpl(colExpl_.item(index)); });
     }
     return count >= 1;
+}
+
+void Connect::loadAccountList() {
+    const auto list = basSendAcct::TheList(globals_);
+    const listFolder::Place found = list->Initialise();
+    if (!globals_.redemptionMissing && !list->LoadFound(found)) {
+        list->LoadList();
+    }
 }
 
 void Connect::refreshEmailList() {

@@ -39,6 +39,7 @@ class Connect {
     void initialiseOutAddIn();
     /// False when none is open.
     bool wrapOpenExplorers();
+    void loadAccountList();
     void refreshEmailList();
 
     void setExplorer(const outlook::Explorer& explorer);

@@ -2,9 +2,8 @@
 #include "accounts/basSendAcct.h"
 #include "addin/OutAddIn.h"
 #include "checks/basVeltro.h"
+#include "mail/OutgoingMail.h"
 #include "mail/OutlookVersion.h"
-#include "mail/SafeItems.h"
-#include "mail/basGlobals.h"
 #include "mail/basWordMail.h"
 #include "mail/errorTrap.h"
 
@@ -24,22 +23,36 @@ bool hasWindow(Globals& globals) {
     });
 }
 
-/// Without the library that reads items there is nothing to ask by: the mail leaves.
-bool canReadItems(const Globals& globals) {
-    return basGlobals::skipErrors(
-        [&] { globals.platform.automation.createObject(redemption::progId::safeInspector); });
+/// The one that raised its Send, so that what was made for it then serves here too.
+std::shared_ptr<OutgoingMail> outgoingMail(Globals& globals, const outlook::Item& item) {
+    auto mail = globals.outgoing.lock();
+    if (!mail || !mail->is(item)) {
+        mail = std::make_shared<OutgoingMail>(globals, item);
+    }
+    mail->forget();  // Other add-ins have seen the mail since.
+    return mail;
 }
 
-void delaySending(Globals& globals, const outlook::Item& item, bool& cancel) {
-    if (basGlobals::itemUnreadable(item)) {
-        return;
-    }
-    if (!basWordMail::editsInWord(globals)) {
-        basVeltro::vtDelayEmailSending(globals, item, cancel);
+/// On every way out.
+class Release {
+  public:
+    explicit Release(OutgoingMail& mail) : mail_(mail) {}
+    ~Release() { mail_.release(); }
+    Release(const Release&) = delete;
+    Release& operator=(const Release&) = delete;
+
+  private:
+    OutgoingMail& mail_;
+};
+
+void delaySending(Globals& globals, OutgoingMail& mail, bool& cancel) {
+    if (!mail.editsInWord()) {
+        basVeltro::vtDelayEmailSending(globals, mail, cancel);
     } else if (basGlobals::outlookVersion(globals) != basGlobals::outlook2000) {
         basGlobals::skipErrors([&] {
+            mail.item().entryId();  // Fails for one that is gone, which no macro could do anything with.
             basWordMail::runMacro(globals, globals.outlook.activeInspector(), L"vtDelayEmailSendingWord",
-                                  item, cancel);
+                                  mail.item(), cancel);
         });
     }
 }
@@ -51,14 +64,17 @@ void OutAddIn::objOutlook_ItemSend(const outlook::Item& item, bool& cancel) {
         return;
     }
     const auto list = basSendAcct::OpenList(globals_);
-    if (!list->CreatePostrouteFolder() || item.itemClass() != outlook::itemClass::mail ||
-        !canReadItems(globals_) || cancel) {
+    const auto found = list->CreatePostrouteFolder();
+    const auto mail = outgoingMail(globals_, item);
+    // Without the library that reads items there is nothing to ask by: the mail leaves.
+    if (!found || !mail->isMail() || globals_.redemptionMissing || cancel) {
         return;
     }
-    basVeltro::confirmSend(globals_, item, cancel);
+    const Release release(*mail);
+    basVeltro::confirmSend(globals_, *mail, cancel);
     if (cancel) {
         return;
     }
-    delaySending(globals_, item, cancel);
-    accountStep::checkPreferredAccount(globals_, *list, item, cancel);
+    delaySending(globals_, *mail, cancel);
+    accountStep::checkPreferredAccount(globals_, *list, *mail, *found, cancel);
 }

@@ -3,6 +3,7 @@
 #include "addin/eventArguments.h"
 #include "addin/replyEvents.h"
 #include "checks/basVeltro.h"
+#include "mail/OutgoingMail.h"
 #include "mail/OutlookVersion.h"
 #include "mail/basGlobals.h"
 #include "mail/basWordMail.h"
@@ -74,22 +75,27 @@ bool clsInspWrap::isActiveInspector() const {
 
 void clsInspWrap::m_ObjMail_Send(bool& cancel) {
     sending_ = true;
+    const auto mail = outgoing_ = std::make_shared<OutgoingMail>(globals_, item_);
+    globals_.outgoing = mail;
     basGlobals::trapErrors(globals_, basGlobals::ErrorReport::check(L"m_ObjMail_Send"), [&] {
         if (basGlobals::itemUnreadable(item_)) {
             return;
         }
-        checkSubject(cancel);
+        checkSubject(*mail, cancel);
         if (!cancel && !globals_.redemptionMissing) {
-            basVeltro::vtAttachMissingCheck(globals_, item_, cancel);
+            basVeltro::vtAttachMissingCheck(globals_, *mail, cancel);
         }
     });
+    if (cancel) {
+        mail->release();
+    }
 }
 
-void clsInspWrap::checkSubject(bool& cancel) {
+void clsInspWrap::checkSubject(OutgoingMail& mail, bool& cancel) {
     // Of this window, not the active one: to a program that sends, none may be active.
     const auto inWord = basGlobals::attempt([&] { return basWordMail::editsInWord(globals_, inspector_); });
     if (!inWord.value_or(false)) {
-        basVeltro::vtEmptySubjectCheck(globals_, item_, cancel);
+        basVeltro::vtEmptySubjectCheck(globals_, mail, cancel);
     } else if (basGlobals::outlookVersion(globals_) != basGlobals::outlook2000) {
         // A Word without the template leaves the question unasked.
         basGlobals::skipErrors(
@@ -126,4 +132,5 @@ void clsInspWrap::close() {
 void clsInspWrap::release() {
     mailEvents_.end();
     inspectorEvents_.end();
+    outgoing_.reset();
 }

@@ -9,6 +9,8 @@
 #include "mail/Globals.h"
 #include "platform/outlook.h"
 
+class OutgoingMail;
+
 /// Watches one item window and its item; of the item's properties the one of its class is set.
 ///
 /// Outlook tells of the closing of an item before it asks whether to save the changes, and other add-ins may
@@ -52,7 +54,7 @@ class clsInspWrap : public std::enable_shared_from_this<clsInspWrap> {
     void onInspectorEvent(std::int32_t event, std::span<automation::Value> arguments);
     void onMailEvent(std::int32_t event, std::span<automation::Value> arguments);
     void m_ObjMail_Send(bool& cancel);
-    void checkSubject(bool& cancel);
+    void checkSubject(OutgoingMail& mail, bool& cancel);
     void onAnswered(std::int32_t event, std::span<automation::Value> arguments);
     bool isActiveInspector() const;
     void activated();
@@ -66,6 +68,8 @@ class clsInspWrap : public std::enable_shared_from_this<clsInspWrap> {
     outlook::Item item_;
     bool shown_ = false;
     bool sending_ = false;
+    /// The item on its way out, from its Send on.
+    std::shared_ptr<OutgoingMail> outgoing_;
     automation::Subscription inspectorEvents_;
     automation::Subscription mailEvents_;
 };

@@ -50,9 +50,8 @@ Buttons build(const Globals& globals, const outlook::Explorer& explorer, std::in
     const Object controls = bar.get(L"Controls").toObject();
     const Object help = helpMenu(bar, controls);
     const auto before = help ? std::optional(help.get(L"Index").toInteger()) : std::nullopt;
-    const Object brand = modCommandBarCode::FindOrAddPopup(controls, brandCaption(globals), before);
-    const Object product =
-        modCommandBarCode::FindOrAddPopup(brand.get(L"Controls").toObject(), productCaption(globals));
+    const auto brand = modCommandBarCode::FindOrAddPopup(controls, brandCaption(globals), before);
+    const auto product = modCommandBarCode::FindOrAddPopup(brand, productCaption(globals));
     return {.accountList =
                 modCommandBarCode::FindOrAddButton(product, L"Send Account (Preferred) List",
                                                    L"Veltro.AccountList." + std::to_wstring(windowKey))};

@@ -46,20 +46,27 @@ Object FindControl(const Object& controls, const std::wstring& caption, std::opt
     return {};
 }
 
-Object FindOrAddPopup(const Object& controls, const std::wstring& caption,
-                      std::optional<std::int32_t> before) {
+Popup FindOrAddPopup(const Object& controls, const std::wstring& caption,
+                     std::optional<std::int32_t> before) {
     const Object popup = FindControl(controls, caption, popupType);
-    return popup ? popup : add(controls, popupType, caption, before);
+    return popup ? Popup{popup} : Popup{add(controls, popupType, caption, before), true};
 }
 
-Object FindOrAddButton(const Object& popup, const std::wstring& caption, const std::wstring& tag,
+Popup FindOrAddPopup(const Popup& popup, const std::wstring& caption) {
+    const Object controls = popup.control.get(L"Controls").toObject();
+    return popup.isNew ? Popup{add(controls, popupType, caption, std::nullopt), true}
+                       : FindOrAddPopup(controls, caption);
+}
+
+Object FindOrAddButton(const Popup& popup, const std::wstring& caption, const std::wstring& tag,
                        bool beginGroup) {
-    const Object controls = popup.get(L"Controls").toObject();
-    Object button = FindControl(controls, caption, buttonType);
-    if (!button) {
+    const Object controls = popup.control.get(L"Controls").toObject();
+    Object button = popup.isNew ? Object() : FindControl(controls, caption, buttonType);
+    if (button) {
+        button.put(L"Caption", caption);
+    } else {
         button = add(controls, buttonType, caption, std::nullopt);
     }
-    button.put(L"Caption", caption);
     button.put(L"Tag", tag);
     button.put(L"BeginGroup", beginGroup);
     return button;

@@ -16,15 +16,23 @@ inline constexpr std::int32_t popupType = 10;
 automation::Object FindControl(const automation::Object& controls, const std::wstring& caption,
                                std::optional<std::int32_t> type = std::nullopt);
 
+struct Popup {
+    automation::Object control;
+    /// It was missing: nothing is in it yet that would have to be looked through.
+    bool isNew = false;
+};
+
 /// The popup with this caption. When it is missing it is added as a temporary one, which Outlook drops when
 /// it closes: in front of the control at `before`, counted from 1, or at the end.
-automation::Object FindOrAddPopup(const automation::Object& controls, const std::wstring& caption,
-                                  std::optional<std::int32_t> before = std::nullopt);
+Popup FindOrAddPopup(const automation::Object& controls, const std::wstring& caption,
+                     std::optional<std::int32_t> before = std::nullopt);
+/// The popup with this caption in a popup.
+Popup FindOrAddPopup(const Popup& popup, const std::wstring& caption);
 
 /// The button with this caption in a popup, added as a temporary one when it is missing. With `beginGroup`
 /// there is a line above it. The tag must be the button's own: Office raises the clicks of one button at all
 /// that have the same tag.
-automation::Object FindOrAddButton(const automation::Object& popup, const std::wstring& caption,
-                                   const std::wstring& tag, bool beginGroup = false);
+automation::Object FindOrAddButton(const Popup& popup, const std::wstring& caption, const std::wstring& tag,
+                                   bool beginGroup = false);
 
 }  // namespace modCommandBarCode

@@ -27,7 +27,7 @@ struct OldPlace {
 
 OldPlace findOldPlace(const Globals& globals) {
     OldPlace place;
-    place.store = globals.outlook.mapiNameSpace().defaultFolder(outlook::folderId::inbox).parent();
+    place.store = listFolder::mailbox(globals);
     place.parent = place.store.folder(oldParentName);
     place.dataFolder = place.parent.folder(dataFolderName);
     return place;

@@ -111,7 +111,7 @@ BENCHMARK(loadList)->Arg(smallList)->Arg(largeList)->Unit(benchmark::kMillisecon
 void changeEntry(benchmark::State& state) {
     ListWorld world(state.range(0));
     for (auto _ : state) {
-        world.list.AbsolutePosition(L"1");
+        world.list.AbsolutePosition(1);
         world.list.Edit();
         if (!world.list.Update()) {
             state.SkipWithError("the list could not be stored");
@@ -126,9 +126,9 @@ void membership(benchmark::State& state) {
     ListWorld world(state.range(0));
     host::Message message;
     message.to = {{.name = L"Bob", .address = addressOf(state.range(1))}};
-    const outlook::Item item(world.outlook.store(L"Drafts", message));
+    OutgoingMail mail(world.globals, outlook::Item(world.outlook.store(L"Drafts", message)));
     for (auto _ : state) {
-        const auto found = basSendAcct::ListMembership(world.globals, world.list, item);
+        const auto found = basSendAcct::ListMembership(world.list, mail);
         if (found.listed != (state.range(1) < state.range(0))) {
             state.SkipWithError("the wrong answer");
         }

@@ -43,7 +43,8 @@ void runCheck(benchmark::State& state, BenchWorld& world, const host::Message& m
     const outlook::Item item(world.outlook.itemOf(world.outlook.openNewMail(message)));
     bool cancel = false;
     for (auto _ : state) {
-        basVeltro::vtAttachMissingCheck(world.globals, item, cancel);
+        OutgoingMail mail(world.globals, item);
+        basVeltro::vtAttachMissingCheck(world.globals, mail, cancel);
     }
     if (cancel || world.wasPrompted()) {
         state.SkipWithError("the check asked something");

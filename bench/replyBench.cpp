@@ -127,7 +127,8 @@ void delayCheck(benchmark::State& state) {
     const std::size_t before = world.outlook.calls();
     for (auto _ : state) {
         bool cancel = false;
-        basVeltro::vtDelayEmailSending(world.globals, item, cancel);
+        OutgoingMail mail(world.globals, item);
+        basVeltro::vtDelayEmailSending(world.globals, mail, cancel);
     }
     if (world.wasPrompted()) {
         state.SkipWithError("the check asked something");

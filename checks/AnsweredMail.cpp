@@ -17,9 +17,10 @@ constexpr std::int32_t personalList = 5;
 
 void readEntry(const redemption::AddressEntry& entry, MailRecipient& read) {
     const std::int32_t displayType = entry.displayType();
-    read.address = basGlobals::entryAddress(entry);
+    const std::wstring type = entry.type();
     read.rawAddress = entry.address();
-    read.exchange = text::equalsIgnoringCase(entry.type(), L"EX");
+    read.address = basGlobals::entryAddress(entry, type, read.rawAddress);
+    read.exchange = text::equalsIgnoringCase(type, L"EX");
     if (read.exchange) {
         read.name = entry.name();
     }

@@ -5,7 +5,7 @@
 
 #include "checks/AnsweredMail.h"
 #include "mail/Globals.h"
-#include "mail/SafeItems.h"
+#include "mail/OutgoingMail.h"
 #include "platform/outlook.h"
 
 /// The checks of outgoing mails and of replies. Each takes the event's cancel flag and sets it when the user
@@ -13,10 +13,10 @@
 namespace basVeltro {
 
 /// Asks for a subject when the item has none.
-void vtEmptySubjectCheck(basGlobals::Globals& globals, const outlook::Item& item, bool& cancel);
+void vtEmptySubjectCheck(basGlobals::Globals& globals, OutgoingMail& mail, bool& cancel);
 
 /// Asks whether to send when the new text promises an attachment and none is there.
-void vtAttachMissingCheck(basGlobals::Globals& globals, const outlook::Item& item, bool& cancel);
+void vtAttachMissingCheck(basGlobals::Globals& globals, OutgoingMail& mail, bool& cancel);
 
 /// What vtOldSubject returns when the subject was left as it was.
 inline constexpr wchar_t noSubjectChange[] = L"VT_NoChange_VT";
@@ -40,21 +40,19 @@ void vtReplyAllCheck(basGlobals::Globals& globals, AnsweredMail& answered, const
 
 /// Asks for the confirmation that the settings want, once. Throws automation::Error where a statement of its
 /// own fails.
-void confirmSend(basGlobals::Globals& globals, const outlook::Item& item, bool& cancel);
+void confirmSend(basGlobals::Globals& globals, OutgoingMail& mail, bool& cancel);
 
 /// The first entry of the To line; empty when there is none or on an error, which is reported.
-std::wstring GetFirstTORecipient(basGlobals::Globals& globals, const outlook::Item& item);
+std::wstring GetFirstTORecipient(basGlobals::Globals& globals, OutgoingMail& mail);
 
 /// True when a recipient is on the confirm list; false on an error, which is reported.
-bool AtLeast1EmailInRecipt(basGlobals::Globals& globals, const outlook::Item& item);
+bool AtLeast1EmailInRecipt(basGlobals::Globals& globals, OutgoingMail& mail);
 
 /// The first recipient address that occurs anywhere in the list's text, letter case ignored. Throws
 /// automation::Error.
-std::optional<std::wstring> firstListedRecipient(basGlobals::Globals& globals,
-                                                 const redemption::SafeItem& mail,
-                                                 const std::wstring& listed);
+std::optional<std::wstring> firstListedRecipient(OutgoingMail& mail, const std::wstring& listed);
 
 /// Gives the mail a deferred delivery time when the settings want it held back. Never cancels.
-void vtDelayEmailSending(basGlobals::Globals& globals, const outlook::Item& item, bool& cancel);
+void vtDelayEmailSending(basGlobals::Globals& globals, OutgoingMail& mail, bool& cancel);
 
 }  // namespace basVeltro

@@ -1,8 +1,4 @@
-#include <cmath>
-
 #include "checks/basVeltro.h"
-#include "mail/SafeItems.h"
-#include "mail/basGlobals.h"
 #include "mail/errorTrap.h"
 #include "platform/number.h"
 #include "platform/text.h"
@@ -18,8 +14,8 @@ using basGlobals::Globals;
 constexpr std::int16_t confirmEveryMail = 1;
 constexpr std::int16_t confirmListed = 2;
 
-bool userConfirms(Globals& globals, const outlook::Item& item) {
-    const std::wstring firstRecipient = GetFirstTORecipient(globals, item);
+bool userConfirms(Globals& globals, OutgoingMail& mail) {
+    const std::wstring firstRecipient = GetFirstTORecipient(globals, mail);
     const std::wstring question = firstRecipient.empty()
                                       ? L"Do you wish to send this email?"
                                       : L"Do you wish to send this email to " + firstRecipient + L"?";
@@ -31,37 +27,34 @@ bool userConfirms(Globals& globals, const outlook::Item& item) {
     return answer == platform::Answer::Yes;
 }
 
-bool mustConfirm(Globals& globals, const outlook::Item& item) {
+bool mustConfirm(Globals& globals, OutgoingMail& mail) {
     const std::int16_t choice = modRegKeys::DisplayConfirmation.read(globals);
-    return choice == confirmEveryMail || (choice == confirmListed && AtLeast1EmailInRecipt(globals, item));
+    return choice == confirmEveryMail || (choice == confirmListed && AtLeast1EmailInRecipt(globals, mail));
 }
 
 /// Held in 16 bits: a larger limit is an overflow, which goes back to Outlook.
 std::int16_t recipientLimit(const Globals& globals) {
-    const std::wstring limit = modRegKeys::XRecipients.read(globals);
-    return number::toInteger<std::int16_t>(std::floor(number::leading(limit)));
+    return number::toInteger<std::int16_t>(modRegKeys::XRecipients.read(globals));
 }
 
-bool hasManyRecipients(const Globals& globals, const outlook::Item& item) {
+bool hasManyRecipients(const Globals& globals, OutgoingMail& mail) {
     const std::int16_t limit = recipientLimit(globals);
-    const redemption::SafeItem mail(globals.platform.automation, item);
-    basGlobals::skipErrors([&] { mail.save(); });  // Commits what was typed, so that it can be counted.
-    return mail.recipients().count() > limit;
+    basGlobals::skipErrors([&] { mail.stored(); });  // Else those that were saved before are counted.
+    return mail.recipientCount() > limit;
 }
 
 }  // namespace
 
-std::wstring GetFirstTORecipient(Globals& globals, const outlook::Item& item) {
+std::wstring GetFirstTORecipient(Globals& globals, OutgoingMail& mail) {
     return basGlobals::trapErrors(globals, basGlobals::ErrorReport::usual(L"basVeltro.GetFirstTORecipient"),
                                   [&] {
-                                      const std::wstring to =
-                                          redemption::SafeItem(globals.platform.automation, item).to();
+                                      const std::wstring to = mail.stored().to();
                                       return std::wstring(text::trim(text::before(to, L';')));
                                   },
                                   {});
 }
 
-bool AtLeast1EmailInRecipt(Globals& globals, const outlook::Item& item) {
+bool AtLeast1EmailInRecipt(Globals& globals, OutgoingMail& mail) {
     return basGlobals::trapErrors(
         globals, basGlobals::ErrorReport::usual(L"basVeltro.AtLeast1EmailInRecipt"),
         [&] {
@@ -69,25 +62,23 @@ bool AtLeast1EmailInRecipt(Globals& globals, const outlook::Item& item) {
             if (listed.empty()) {
                 return false;
             }
-            const redemption::SafeItem mail(globals.platform.automation, item);
-            mail.save();
-            return firstListedRecipient(globals, mail, listed).has_value();
+            mail.stored();
+            return firstListedRecipient(mail, listed).has_value();
         },
         false);
 }
 
-void confirmSend(Globals& globals, const outlook::Item& item, bool& cancel) {
-    if (mustConfirm(globals, item)) {
-        cancel = !userConfirms(globals, item);
-    } else if (modRegKeys::ConfirmForXRecipients.read(globals) && hasManyRecipients(globals, item)) {
-        cancel = !userConfirms(globals, item);
+void confirmSend(Globals& globals, OutgoingMail& mail, bool& cancel) {
+    if (mustConfirm(globals, mail)) {
+        cancel = !userConfirms(globals, mail);
+    } else if (modRegKeys::ConfirmForXRecipients.read(globals) && hasManyRecipients(globals, mail)) {
+        cancel = !userConfirms(globals, mail);
     }
 }
 
-std::optional<std::wstring> firstListedRecipient(Globals& globals, const redemption::SafeItem& mail,
-                                                 const std::wstring& listed) {
+std::optional<std::wstring> firstListedRecipient(OutgoingMail& mail, const std::wstring& listed) {
     const std::wstring upperList = text::upper(listed);
-    return basGlobals::findRecipientAddress(globals, mail, [&](const std::wstring& address) {
+    return mail.findRecipientAddress([&](const std::wstring& address) {
         return upperList.find(text::upper(address)) != std::wstring::npos;
     });
 }

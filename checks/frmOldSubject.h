@@ -6,8 +6,8 @@
 /// Asks whether the subject of an answer to an old mail is still right.
 class frmOldSubject : public forms::Form {
   public:
-    /// `days` is the age limit as text.
-    frmOldSubject(const basGlobals::Globals& globals, const std::wstring& days, const std::wstring& subject);
+    /// `days` is the age limit.
+    frmOldSubject(const basGlobals::Globals& globals, double days, const std::wstring& subject);
 
     bool confirmed() const { return confirmed_; }
     const std::wstring& subject() const { return txtSubject.text(); }

@@ -4,6 +4,7 @@
 #include <set>
 
 #include "checks/responseRecipients.h"
+#include "mail/OutlookVersion.h"
 #include "mail/basGlobals.h"
 #include "mail/errorTrap.h"
 #include "platform/number.h"
@@ -79,7 +80,8 @@ basGlobals::ErrorReport report() {
 }  // namespace
 
 bool clearsOwnAddresses(const Globals& globals) {
-    return modRegKeys::ReplyAllAutoRemove.read(globals) && basGlobals::OutlookMajorVersion(globals) != L"10";
+    return modRegKeys::ReplyAllAutoRemove.read(globals) &&
+           basGlobals::outlookVersion(globals) != basGlobals::outlook2002;
 }
 
 void pruneReply(Globals& globals, AnsweredMail& answered, const outlook::Item& reply) {

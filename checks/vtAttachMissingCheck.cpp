@@ -4,7 +4,6 @@
 #include "checks/basVeltro.h"
 #include "checks/occurrences.h"
 #include "checks/quotedHeader.h"
-#include "mail/SafeItems.h"
 #include "mail/errorTrap.h"
 #include "platform/text.h"
 #include "settings/modRegKeys.h"
@@ -30,10 +29,10 @@ std::wstring folded(std::wstring_view text) {
 }
 
 /// The subject and what the user wrote above the message being answered.
-std::wstring writtenText(const redemption::SafeItem& mail) {
+std::wstring writtenText(OutgoingMail& mail) {
     std::wstring text = mail.subject();
     text += text::lineBreak;
-    const std::wstring body = mail.body();
+    const std::wstring body = mail.safe().body();
     text.append(body, 0, findQuotedHeader(body).value_or(body.size()));
     return text;
 }
@@ -47,7 +46,7 @@ std::wstring withoutIgnoredText(const Globals& globals, std::wstring text) {
     return text::replaceAll(folded(text), folded(ignored), L" ");
 }
 
-bool promisesAttachment(const Globals& globals, const redemption::SafeItem& mail) {
+bool promisesAttachment(const Globals& globals, OutgoingMail& mail) {
     const std::wstring keywords = modRegKeys::AttachKeyWords.read(globals);
     return KeywordFinder(text::split(keywords, L';')).foundIn(withoutIgnoredText(globals, writtenText(mail)));
 }
@@ -103,15 +102,13 @@ bool hasAttachment(const Globals& globals, const redemption::SafeItem& mail) {
 
 }  // namespace
 
-void vtAttachMissingCheck(Globals& globals, const outlook::Item& item, bool& cancel) {
+void vtAttachMissingCheck(Globals& globals, OutgoingMail& mail, bool& cancel) {
     basGlobals::trapErrors(globals, basGlobals::ErrorReport::check(L"vtAttachMissingCheck"), [&] {
         if (!modRegKeys::CheckAttachMissing.read(globals)) {
             return;
         }
-        const redemption::SafeItem mail(globals.platform.automation, item);
-        mail.save();
         // The attachments come first: a mail that has one needs no look at a body of any size.
-        if (hasAttachment(globals, mail) || !promisesAttachment(globals, mail)) {
+        if (hasAttachment(globals, mail.stored()) || !promisesAttachment(globals, mail)) {
             return;
         }
         const auto answer = prompts::ask(globals, L"Attachment(s) missing", question,

@@ -2,7 +2,6 @@
 
 #include "checks/basVeltro.h"
 #include "checks/frmNotifyB4Delay.h"
-#include "mail/SafeItems.h"
 #include "mail/basGlobals.h"
 #include "mail/errorTrap.h"
 #include "platform/civilTime.h"
@@ -26,7 +25,7 @@ std::int32_t delaySeconds(const Globals& globals) {
 }
 
 /// Compared as texts, the day of the month first; users have relied on it since the first version.
-bool userHasDeferred(const Globals& globals, const redemption::SafeItem& mail) {
+bool userHasDeferred(const Globals& globals, const outlook::Item& mail) {
     const std::wstring deferred = platform::dayMonthYearText(mail.deferredDeliveryTime());
     const std::wstring now = platform::dayMonthYearText(globals.platform.clock.now());
     return deferred > now && deferred != L"01-Jan-4501 00:00:00";
@@ -46,42 +45,41 @@ automation::Date fromNow(const Globals& globals, std::int32_t seconds) {
     return {globals.platform.clock.now().days + seconds / secondsPerDay};
 }
 
-void delayEveryMail(const Globals& globals, const redemption::SafeItem& mail, std::int32_t seconds) {
+void delayEveryMail(const Globals& globals, const outlook::Item& mail, std::int32_t seconds) {
     if (notify(globals, L"all e-mails", seconds)) {
         mail.setDeferredDeliveryTime(fromNow(globals, seconds));
-        mail.save();
     }
 }
 
-void delayListedMail(Globals& globals, const redemption::SafeItem& mail, std::int32_t seconds) {
+void delayListedMail(const Globals& globals, OutgoingMail& mail, std::int32_t seconds) {
     const std::wstring listed = modRegKeys::DelayedEmailAddrs.read(globals);
     if (listed.empty()) {
         return;
     }
-    mail.save();
-    const auto address = firstListedRecipient(globals, mail, listed);
+    mail.stored();
+    const auto address = firstListedRecipient(mail, listed);
     if (!address) {
         return;
     }
-    // Not saved again, unlike above: Outlook's send does that, and a No sends the mail at once.
+    // Unlike above a No sends the mail at once.
     const bool delays = notify(globals, L"e-mails to " + *address, seconds);
-    mail.setDeferredDeliveryTime(fromNow(globals, delays ? seconds : 0));
+    mail.item().setDeferredDeliveryTime(fromNow(globals, delays ? seconds : 0));
 }
 
 }  // namespace
 
-void vtDelayEmailSending(Globals& globals, const outlook::Item& item, bool& /*cancel*/) {
+/// The time is a property of Outlook's own item, which its send keeps: nothing is saved for it.
+void vtDelayEmailSending(Globals& globals, OutgoingMail& mail, bool& /*cancel*/) {
     basGlobals::trapErrors(globals, basGlobals::ErrorReport::check(L"vtDelayEmailSending"), [&] {
-        if (!modRegKeys::DelayEmails.read(globals)) {
+        if (!modRegKeys::DelayEmails.read(globals) || basGlobals::itemUnreadable(mail.item())) {
             return;
         }
-        const redemption::SafeItem mail(globals.platform.automation, item);
-        if (userHasDeferred(globals, mail)) {
+        if (userHasDeferred(globals, mail.item())) {
             return;
         }
         const std::int32_t seconds = delaySeconds(globals);
         if (modRegKeys::AutoDelayAll.read(globals) == 1) {
-            delayEveryMail(globals, mail, seconds);
+            delayEveryMail(globals, mail.item(), seconds);
         } else {
             delayListedMail(globals, mail, seconds);
         }

@@ -7,12 +7,12 @@
 
 namespace basVeltro {
 
-void vtEmptySubjectCheck(basGlobals::Globals& globals, const outlook::Item& item, bool& cancel) {
+void vtEmptySubjectCheck(basGlobals::Globals& globals, OutgoingMail& mail, bool& cancel) {
     basGlobals::trapErrors(globals, basGlobals::ErrorReport::check(L"vtEmptySubjectCheck"), [&] {
         if (!modRegKeys::CheckEmptySubject.read(globals)) {
             return;
         }
-        const std::wstring subject = item.subject();
+        const std::wstring subject = mail.subject();
         if (!text::trim(subject).empty()) {
             return;
         }
@@ -22,7 +22,7 @@ void vtEmptySubjectCheck(basGlobals::Globals& globals, const outlook::Item& item
             cancel = true;
         } else {
             // As it stands: a user who leaves it empty on purpose is not asked twice.
-            item.setSubject(form.subject());
+            mail.item().setSubject(form.subject());
         }
     });
 }

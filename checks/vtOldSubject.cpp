@@ -4,7 +4,6 @@
 #include "checks/frmOldSubject.h"
 #include "mail/SafeItems.h"
 #include "mail/errorTrap.h"
-#include "platform/number.h"
 #include "settings/modRegKeys.h"
 #include "settings/prompts.h"
 
@@ -32,8 +31,8 @@ std::wstring vtOldSubject(Globals& globals, const outlook::Item& answered, const
         if (!modRegKeys::PromptReplyOnOlderEmails.read(globals)) {
             return;
         }
-        const std::wstring days = modRegKeys::OldEmailDays.read(globals);
-        if (ageInDays(globals, answered) <= std::floor(number::leading(days))) {
+        const double days = modRegKeys::OldEmailDays.read(globals);
+        if (ageInDays(globals, answered) <= days) {
             return;
         }
         const std::wstring subject = reply.subject();

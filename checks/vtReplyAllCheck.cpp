@@ -5,7 +5,6 @@
 #include "checks/ownAddresses.h"
 #include "checks/pruneReply.h"
 #include "mail/MapiSession.h"
-#include "mail/OutlookVersion.h"
 #include "mail/basGlobals.h"
 #include "mail/errorTrap.h"
 #include "settings/modRegKeys.h"

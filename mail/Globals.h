@@ -8,20 +8,10 @@
 #include "platform/Platform.h"
 #include "platform/outlook.h"
 
+class OutgoingMail;
 class clsSendAcct;
 
 namespace basGlobals {
-
-/// Why the dialog for an entry of the list of preferred accounts was opened; the numbers are those that the
-/// macros of the Word template take.
-enum class DialogMode {
-    None = 0,
-    Add = 1,
-    Edit = 2,
-    /// The answer that the dialogs of a send have left is not to be acted upon.
-    AnswerIgnored = 3,
-    MissingAccount = 4
-};
 
 /// What the product calls itself and where its maker is found; the resource library supplies it at start-up.
 struct ProductTexts {
@@ -50,16 +40,17 @@ struct Globals {
     /// The Redemption library, which reads mails, cannot be had. The user was told at the start, so that what
     /// needs it is left out without a word.
     bool redemptionMissing = false;
-    /// True when one of the profile's stores is a Google Apps store.
-    bool googleApps = false;
     /// From the first step of the start-up to its last; stays set when Outlook started without a window.
     bool startingUp = false;
     /// The entry id of the mail that the add-in itself is answering: its checks keep quiet about that answer,
     /// and about no other that comes inside the same call of Outlook's.
     std::optional<std::wstring> answering;
-    /// Raised by the offer to add an address, on either side of Word's, to stop the send.
-    bool sendCancelled = false;
-    DialogMode dialogMode = DialogMode::None;
+    /// While a prompt is open the user and others go on working: what was read before one is not to be
+    /// relied on after it.
+    std::size_t promptsShown = 0;
+    /// The mail that was the last to raise its Send. Its ItemSend comes next, unless another send comes in
+    /// between.
+    std::weak_ptr<OutgoingMail> outgoing;
     /// Path of the mailbox folder that holds the list of preferred accounts; empty until it was found or
     /// made.
     std::wstring settingsFolder;

@@ -28,6 +28,10 @@ std::wstring Session::currentUserType() const {
     return object_.get(L"CurrentUser").toObject().get(L"Type").toText();
 }
 
+void cleanUp(automation::Automation& automation) {
+    automation.createObject(progId::mapiUtils).call(L"CleanUp");
+}
+
 MapiCleanUp::MapiCleanUp(automation::Automation& automation) {
     basGlobals::skipErrors([&] {
         utils_ = automation.createObject(progId::mapiUtils);

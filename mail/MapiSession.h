@@ -56,6 +56,9 @@ class Session : public outlook::Front {
     }
 };
 
+/// Releases what the MAPI library has cached. Throws automation::Error.
+void cleanUp(automation::Automation& automation);
+
 /// Releases what the MAPI library has cached, when made and again at the end of the scope; it would otherwise
 /// keep messages open that Outlook wants to move or delete.
 class MapiCleanUp {

@@ -90,17 +90,15 @@ class SafeItem : public outlook::Front {
     outlook::Collection<Recipient> replyRecipients() const {
         return outlook::Collection<Recipient>(object_.get(L"ReplyRecipients").toObject());
     }
-    automation::Date deferredDeliveryTime() const { return object_.get(L"DeferredDeliveryTime").toDate(); }
-    void setDeferredDeliveryTime(automation::Date time) const { object_.put(L"DeferredDeliveryTime", time); }
     automation::Value field(std::int32_t tag) const { return object_.get(L"Fields", tag); }
     /// An empty value takes the property off the item.
     void setField(std::int32_t tag, const automation::Value& value) const {
         object_.put(L"Fields", tag, value);
     }
     void save() const { object_.call(L"Save"); }
-    /// Saves what was written through this object, too. Outlook skips the saving of an item that it has not
-    /// changed itself, so its subject is set anew first.
-    void saveWritten() const {
+    /// Stores what was written here. Outlook takes its own item for unmodified by that, and skips the save of
+    /// an unmodified one: so it is modified first, by its own subject.
+    void commit() const {
         object_.put(L"Subject", subject());
         save();
     }

@@ -48,6 +48,14 @@ std::wstring exchangeAddress(const AddressEntry& entry) {
     return address.empty() ? entry.smtpAddress() : address;
 }
 
+template <class OwnAddress>
+std::wstring addressOf(const AddressEntry& entry, const std::wstring& type, const OwnAddress& ownAddress) {
+    if (text::equalsIgnoringCase(type, L"EX")) {
+        return exchangeAddress(entry);
+    }
+    return text::equalsIgnoringCase(type, L"MAPIPDL") ? distributionListAddress : ownAddress();
+}
+
 std::wstring senderAddress(Globals& globals, const outlook::Item& item) {
     const redemption::SafeItem safe(globals.platform.automation, safeItemClass(item.itemClass()), item);
     const std::wstring type = safe.field(tag::senderAddressType).toText();
@@ -122,28 +130,12 @@ std::wstring RecipientEmail(Globals& globals, const redemption::Recipient& recip
 }
 
 std::wstring entryAddress(const AddressEntry& entry) {
-    const std::wstring type = entry.type();
-    if (text::equalsIgnoringCase(type, L"EX")) {
-        return exchangeAddress(entry);
-    }
-    if (text::equalsIgnoringCase(type, L"MAPIPDL")) {
-        return distributionListAddress;
-    }
-    return entry.address();
+    return addressOf(entry, entry.type(), [&] { return entry.address(); });
 }
 
-std::optional<std::wstring> findRecipientAddress(Globals& globals, const redemption::SafeItem& mail,
-                                                 const std::function<bool(const std::wstring&)>& wanted) {
-    const MapiCleanUp cleanUp(globals.platform.automation);
-    const auto recipients = mail.recipients();
-    const std::int32_t count = recipients.count();
-    for (std::int32_t index = 1; index <= count; ++index) {
-        const auto address = attempt([&] { return entryAddress(recipients.item(index).addressEntry()); });
-        if (address && !address->empty() && *address != distributionListAddress && wanted(*address)) {
-            return address;
-        }
-    }
-    return std::nullopt;
+std::wstring entryAddress(const AddressEntry& entry, const std::wstring& type,
+                          const std::wstring& ownAddress) {
+    return addressOf(entry, type, [&] { return ownAddress; });
 }
 
 bool GoogleAppConnected(Globals& globals) {

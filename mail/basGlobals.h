@@ -1,7 +1,5 @@
 #pragma once
 
-#include <functional>
-#include <optional>
 #include <string>
 
 #include "mail/Globals.h"
@@ -35,11 +33,9 @@ std::wstring RecipientEmail(Globals& globals, const redemption::Recipient& recip
 
 /// The SMTP address behind an address entry, as RecipientEmail gives it. Throws automation::Error.
 std::wstring entryAddress(const redemption::AddressEntry& entry);
-
-/// The first SMTP address among the mail's recipients that `wanted` accepts. Unknown addresses and lists,
-/// which have none, are passed over. Throws automation::Error when the recipients cannot be listed.
-std::optional<std::wstring> findRecipientAddress(Globals& globals, const redemption::SafeItem& mail,
-                                                 const std::function<bool(const std::wstring&)>& wanted);
+/// The same of an entry whose type, and address in the form of its own address book, were read already.
+std::wstring entryAddress(const redemption::AddressEntry& entry, const std::wstring& type,
+                          const std::wstring& ownAddress);
 
 /// True when one of the profile's stores belongs to Google Apps.
 bool GoogleAppConnected(Globals& globals);

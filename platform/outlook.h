@@ -118,6 +118,8 @@ class Item : public Front {
     bool sent() const { return object_.get(L"Sent").toBool(); }
     std::wstring subject() const { return object_.get(L"Subject").toText(); }
     void setSubject(const std::wstring& subject) const { object_.put(L"Subject", subject); }
+    automation::Date deferredDeliveryTime() const { return object_.get(L"DeferredDeliveryTime").toDate(); }
+    void setDeferredDeliveryTime(automation::Date time) const { object_.put(L"DeferredDeliveryTime", time); }
     Collection<Recipient> recipients() const {
         return Collection<Recipient>(object_.get(L"Recipients").toObject());
     }

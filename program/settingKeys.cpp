@@ -38,7 +38,7 @@ std::wstring readingOf(const modRegKeys::Choice& setting, std::wstring_view valu
     return std::to_wstring(setting.decode(value));
 }
 std::wstring readingOf(const modRegKeys::WholeNumber& setting, std::wstring_view value) {
-    return setting.decode(value);
+    return setting.shown(setting.decode(value));
 }
 /// Texts hold anything.
 template <class Setting>

@@ -5,5 +5,6 @@
 platform::Answer AlertingDesktop::messageBox(const std::wstring& prompt, platform::MessageStyle style,
                                              const std::wstring& title) {
     prompts::soundAlert(globals_);
+    ++globals_.promptsShown;
     return shown_.messageBox(prompt, style, title);
 }

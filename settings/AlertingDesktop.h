@@ -4,20 +4,23 @@
 
 /// The desktop as the add-in uses it: the alert sound precedes every message box when the user wants it, from
 /// whichever room the box comes, reports of errors included. Dialogs differ, since the user opens some of
-/// them from the menu: those that come unasked are shown by prompts::show().
+/// them from the menu: those that come unasked are shown by prompts::show(). Both are counted.
 class AlertingDesktop final : public platform::Desktop {
   public:
     /// Both outlive this one.
-    AlertingDesktop(platform::Desktop& shown, const basGlobals::Globals& globals)
+    AlertingDesktop(platform::Desktop& shown, basGlobals::Globals& globals)
         : shown_(shown), globals_(globals) {}
 
     platform::Answer messageBox(const std::wstring& prompt, platform::MessageStyle style,
                                 const std::wstring& title) override;
     void beep() override { shown_.beep(); }
-    void showModal(forms::Form& form) override { shown_.showModal(form); }
+    void showModal(forms::Form& form) override {
+        ++globals_.promptsShown;
+        shown_.showModal(form);
+    }
     void processPendingEvents() override { shown_.processPendingEvents(); }
 
   private:
     platform::Desktop& shown_;
-    const basGlobals::Globals& globals_;
+    basGlobals::Globals& globals_;
 };

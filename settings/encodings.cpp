@@ -31,13 +31,6 @@ void store(const Globals& globals, const wchar_t* key, std::wstring_view value) 
     basGlobals::skipErrors([&] { globals.platform.settings.write(key, std::wstring(value)); });
 }
 
-/// A whole number as decimal text, however large.
-std::wstring wholeText(double value) {
-    char buffer[400];
-    const auto end = std::to_chars(std::begin(buffer), std::end(buffer), value, std::chars_format::fixed, 0);
-    return {buffer, end.ptr};
-}
-
 }  // namespace
 
 bool TextFlag::decode(std::wstring_view stored) const {
@@ -87,16 +80,18 @@ void Choice::write(const Globals& globals, std::int16_t value) const {
     store(globals, key, std::to_wstring(value));
 }
 
-std::wstring WholeNumber::decode(std::wstring_view stored) const {
+double WholeNumber::decode(std::wstring_view stored) const {
     const auto value = number::parse(text::trim(stored));
-    if (!value || !std::isfinite(*value)) {
-        return fallback;
-    }
-    const double whole = std::floor(*value);
-    return whole < 1 ? fallback : wholeText(whole);
+    return value && std::isfinite(*value) && *value >= 1 ? std::floor(*value) : fallback;
 }
 
-std::wstring WholeNumber::read(const Globals& globals) const {
+std::wstring WholeNumber::shown(double value) {
+    char buffer[400];
+    const auto end = std::to_chars(std::begin(buffer), std::end(buffer), value, std::chars_format::fixed, 0);
+    return {buffer, end.ptr};
+}
+
+double WholeNumber::read(const Globals& globals) const {
     return decode(stored(globals, key, keyNotInReg));
 }
 

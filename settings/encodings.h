@@ -40,13 +40,15 @@ struct Choice {
     void write(const basGlobals::Globals& globals, std::int16_t value) const;
 };
 
-/// The whole part of a number of at least 1, as text; whatever else is stored reads as the default.
+/// The whole part of a number of at least 1, however large; whatever else is stored reads as the default.
 struct WholeNumber {
     const wchar_t* key;
-    const wchar_t* fallback;
+    double fallback;
 
-    std::wstring decode(std::wstring_view stored) const;
-    std::wstring read(const basGlobals::Globals& globals) const;
+    double decode(std::wstring_view stored) const;
+    double read(const basGlobals::Globals& globals) const;
+    /// All its digits.
+    static std::wstring shown(double value);
     void write(const basGlobals::Globals& globals, std::wstring_view value) const;
 };
 

@@ -44,7 +44,7 @@ inline constexpr TextFlag CheckMultipleReFwd{L"CheckMultipleReFwd", true};
 /// Show the subject, to be corrected, when an old e-mail is answered.
 inline constexpr TextFlag PromptReplyOnOlderEmails{L"PromptReplyOnOlderEmails", true};
 /// The days after which an e-mail counts as old.
-inline constexpr WholeNumber OldEmailDays{L"OldEmailDays", L"28"};
+inline constexpr WholeNumber OldEmailDays{L"OldEmailDays", 28};
 
 // Attachments
 
@@ -69,7 +69,7 @@ inline constexpr Text ConfirmEmailAddrs{L"ConfirmEmailAddrs", L""};
 /// Ask before sending to more than `XRecipients` recipients.
 inline constexpr TextFlag ConfirmForXRecipients{L"ConfirmForXRecipients", false};
 /// That number.
-inline constexpr WholeNumber XRecipients{L"XRecipients", L"5"};
+inline constexpr WholeNumber XRecipients{L"XRecipients", 5};
 
 // Delayed sending
 

@@ -40,14 +40,14 @@ class AccountsWorld : public TestWorld {
         return list.Update();
     }
     bool change(std::size_t position, const std::wstring& address, const std::wstring& account) {
-        list.AbsolutePosition(std::to_wstring(position));
+        list.AbsolutePosition(static_cast<std::int32_t>(position));
         list.Edit();
         list.strEmailAddress = address;
         list.strAccount = account;
         return list.Update();
     }
     bool remove(std::size_t position) {
-        list.AbsolutePosition(std::to_wstring(position));
+        list.AbsolutePosition(static_cast<std::int32_t>(position));
         return list.Delete();
     }
 

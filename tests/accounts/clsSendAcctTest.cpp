@@ -120,11 +120,11 @@ TEST(StoredList, ChangesOfAnotherOutlookAreKept) {
     other.LoadList();
 
     ASSERT_TRUE(world.add(L"aaa@example.org", L"Work"));
-    other.AbsolutePosition(L"2");
+    other.AbsolutePosition(2);
     EXPECT_TRUE(other.Delete());
     EXPECT_EQ(world.stored(), (Entries{{L"aaa@example.org", L"Work"}, twoEntries[0]}));
 
-    other.AbsolutePosition(L"2");  // Ann.
+    other.AbsolutePosition(2);  // Ann.
     world.list.LoadList();
     ASSERT_TRUE(world.change(2, L"ann@example.org", L"Home"));
     other.Edit();
@@ -236,10 +236,10 @@ TEST(StoredList, FindsExactlyWhatItHolds) {
     EXPECT_FALSE(world.list.Find(L"Ann@example.org"));
     EXPECT_EQ(world.list.AbsolutePosition(), clsSendAcct::endOfList);
 
-    world.list.AbsolutePosition(L"2");
+    world.list.AbsolutePosition(2);
     EXPECT_EQ(world.list.strEmailAddress, L"o'neil@example.org");
     EXPECT_FALSE(world.list.Find(L"ann@example.org"));
-    world.list.AbsolutePosition(L"3");
+    world.list.AbsolutePosition(3);
     EXPECT_EQ(world.log.messages.size(), 1U);
 }
 

@@ -99,7 +99,7 @@ TEST(ListWindow, KeepsToItsEntryWhenTheListIsLoadedMeanwhile) {
             clsSendAcct other(world.globals);
             other.LoadList();
             if (deleted) {
-                other.AbsolutePosition(L"2");
+                other.AbsolutePosition(2);
                 other.Delete();
             } else {
                 other.AddNew();

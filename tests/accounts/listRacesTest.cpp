@@ -53,7 +53,7 @@ using Meanwhile = std::function<void(AccountsWorld&)>;
 void sendMeanwhile(AccountsWorld& world) {
     world.list.CreatePostrouteFolder();
     world.list.LoadList();
-    world.list.AbsolutePosition(L"1");
+    world.list.AbsolutePosition(1);
 }
 
 void failToLoadMeanwhile(AccountsWorld& world) {
@@ -228,7 +228,7 @@ TEST(ListRaces, AFailureTakesBackNothingOfAnotherWriter) {
         }
         EXPECT_EQ(unseen, 1U) << "where the look at what was saved fails";
     }
-    EXPECT_EQ(uncertain, std::size(changes));
+    EXPECT_EQ(uncertain, std::size(changes)) << "during the save itself";
 }
 
 /// A change that is still to be seen in the item after a failure need not have been saved. Outlook may lay it

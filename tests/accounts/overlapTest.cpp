@@ -3,6 +3,7 @@
 #include "accounts/accountStep.h"
 #include "accounts/basSendAcct.h"
 #include "accounts/frmEmailAddress.h"
+#include "settings/AlertingDesktop.h"
 #include "tests/accounts/AccountsWorld.h"
 
 /// While a dialog is open Outlook goes on: another window sends, windows close, another Outlook changes the
@@ -39,8 +40,10 @@ class OverlapWorld : public AccountsWorld, private platform::PromptObserver {
         const automation::Object mail = outlook.itemOf(outlook.openNewMail(message));
         Sent sent;
         const auto opened = basSendAcct::OpenList(here);
-        EXPECT_TRUE(opened->CreatePostrouteFolder());
-        accountStep::checkPreferredAccount(here, *opened, outlook::Item(mail), sent.cancelled);
+        const auto found = opened->CreatePostrouteFolder();
+        EXPECT_TRUE(found);
+        OutgoingMail outgoing(here, outlook::Item(mail));
+        accountStep::checkPreferredAccount(here, *opened, outgoing, found.value(), sent.cancelled);
         sent.account = outlook.view(mail).account;
         return sent;
     }
@@ -48,7 +51,7 @@ class OverlapWorld : public AccountsWorld, private platform::PromptObserver {
     void showWindow() {
         const auto opened = basSendAcct::OpenList(here);
         frmEmailAddress window(here, *opened);
-        screen_.showModal(window);
+        desktop_.showModal(window);
     }
 
     std::vector<std::wstring> texts;
@@ -78,7 +81,9 @@ class OverlapWorld : public AccountsWorld, private platform::PromptObserver {
     std::wstring prompt_;
     std::function<void()> action_;
     platform::native::ScriptedDesktop screen_;
-    platform::Platform platform_{outlook.automation(), screen_, settings, registry, resources, clock, system};
+    AlertingDesktop desktop_{screen_, here};
+    platform::Platform platform_{
+        outlook.automation(), desktop_, settings, registry, resources, clock, system};
 
   public:
     basGlobals::Globals here{platform_};

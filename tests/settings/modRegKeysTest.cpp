@@ -20,6 +20,8 @@ std::function<std::wstring(Globals&)> reader(const Setting& setting) {
             return std::wstring(setting.read(globals) ? L"true" : L"false");
         } else if constexpr (std::is_same_v<decltype(setting.read(globals)), std::int16_t>) {
             return std::to_wstring(setting.read(globals));
+        } else if constexpr (std::is_same_v<decltype(setting.read(globals)), double>) {
+            return setting.shown(setting.read(globals));
         } else {
             return setting.read(globals);
         }
@@ -118,7 +120,7 @@ TEST(Settings, OfABrokenStoreReadAsTheirDefaults) {
     BrokenStore broken;
     TestWorld world(broken);
     EXPECT_TRUE(CheckAttachMissing.read(world.globals));
-    EXPECT_EQ(OldEmailDays.read(world.globals), L"28");
+    EXPECT_EQ(OldEmailDays.read(world.globals), 28);
     EXPECT_EQ(AutoDelayAll.read(world.globals), 1);
     EXPECT_NO_THROW(PlaySound.write(world.globals, 1));
     EXPECT_THROW(IgnoreTextValue.write(world.globals, L"x"), automation::Error);

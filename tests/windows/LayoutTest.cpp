@@ -66,16 +66,16 @@ void fill(forms::Form& form, const wchar_t* list, std::vector<std::wstring> item
     control.select(0);
 }
 
-std::unique_ptr<forms::Form> entryEditor(Globals& globals, basGlobals::DialogMode mode) {
-    globals.dialogMode = mode;
+std::unique_ptr<forms::Form> entryEditor(Globals& globals, frmEmailAddressEdit::Mode mode) {
     auto form = std::make_unique<WithList<frmEmailAddressEdit>>(
-        globals, frmEmailAddressEdit::Entry{
-                     address, account,
-                     L"Veltro has detected that the preffered account \r\n(" + account + L") for " + address +
-                         L" is not available.\r\n\r\nThis may be due to the account being renamed or "
-                         L"deleted.\r\n\r\nPlease select another preferred account for this e-mail "
-                         L"address.\r\n\r\nIf you click Cancel, then the currently selected account "
-                         L"will be used."});
+        globals, mode,
+        frmEmailAddressEdit::Entry{
+            address, account,
+            L"Veltro has detected that the preffered account \r\n(" + account + L") for " + address +
+                L" is not available.\r\n\r\nThis may be due to the account being renamed or "
+                L"deleted.\r\n\r\nPlease select another preferred account for this e-mail "
+                L"address.\r\n\r\nIf you click Cancel, then the currently selected account "
+                L"will be used."});
     fill(*form, L"cmbAccounts", {account});
     return form;
 }
@@ -94,9 +94,9 @@ const Example examples[] = {
          return form;
      }},
     {"frmEmailAddressEdit_Edit",
-     [](Globals& globals) { return entryEditor(globals, basGlobals::DialogMode::Edit); }},
+     [](Globals& globals) { return entryEditor(globals, frmEmailAddressEdit::Mode::Edit); }},
     {"frmEmailAddressEdit_Missing",
-     [](Globals& globals) { return entryEditor(globals, basGlobals::DialogMode::MissingAccount); }},
+     [](Globals& globals) { return entryEditor(globals, frmEmailAddressEdit::Mode::MissingAccount); }},
     {"frmAddEmailToList",
      [](Globals& globals) {
          return std::make_unique<WithList<frmAddEmailToList>>(globals, address, account);
@@ -108,7 +108,7 @@ const Example examples[] = {
          return std::make_unique<frmRemoveSpam>(globals, L"SPAM-LOW: " + subject, subject);
      }},
     {"frmOldSubject",
-     [](Globals& globals) { return std::make_unique<frmOldSubject>(globals, L"365", subject); }},
+     [](Globals& globals) { return std::make_unique<frmOldSubject>(globals, 365, subject); }},
     {"frmNotifyB4Delay",
      [](Globals& globals) {
          return std::make_unique<frmNotifyB4Delay>(

@@ -1,0 +1,52 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "tests/accounts/listTexts.h"
+#include "tests/scenarios/Bench.h"
+
+namespace {
+
+/// How often a send saves the mail. A save takes long, and marks a mail that is open as one of the Drafts.
+TEST(Saves, AreMadeOnlyForWhatIsReadAsStored) {
+    const std::map<std::wstring, std::wstring> off{{L"CheckAttachMissing", L"False"}};
+    const auto with = [&off](std::map<std::wstring, std::wstring> settings) {
+        settings.insert(off.begin(), off.end());
+        return settings;
+    };
+    const Entries bobAtHome{{L"bob@example.org", L"Home"}};
+    const struct {
+        const char* name;
+        std::map<std::wstring, std::wstring> settings;
+        Entries list;
+        std::ptrdiff_t saves;
+    } cases[] = {
+        {"everything off", off, {}, 0},
+        {"attachments", {}, {}, 1},
+        {"delay of all", with({{L"DelayEmails", L"True"}, {L"NotifyBeforeDelaying", L"False"}}), {}, 0},
+        {"number of recipients", with({{L"ConfirmForXRecipients", L"True"}}), {}, 1},
+        {"all that looks at recipients",
+         with({{L"DisplayConfirmation", L"2"},
+               {L"ConfirmEmailAddrs", L"ann@example.org"},
+               {L"ConfirmForXRecipients", L"True"},
+               {L"DelayEmails", L"True"},
+               {L"AutoDelayAll", L"0"},
+               {L"DelayedEmailAddrs", L"ann@example.org"}}),
+         {{L"ann@example.org", L"Home"}},
+         1},
+        {"another account", with({{L"DoNotShowSelect", L"1"}}), bobAtHome, 2},
+        {"attachments and another account", {{L"DoNotShowSelect", L"1"}}, bobAtHome, 3},
+    };
+    for (const auto& given : cases) {
+        Bench bench(
+            {.profile = profileWith(listText(given.list), corvaneFolder), .settings = given.settings});
+        host::Message message = plainMail();
+        message.to[0].address = L"bob@example.org";
+        bench.outlook().meter()->record(true);
+        bench.send(message);
+        EXPECT_EQ(std::ranges::count(bench.outlook().meter()->log(), L"SafeMailItem.Save"), given.saves)
+            << given.name;
+    }
+}
+
+}  // namespace
