@@ -148,6 +148,7 @@ std::optional<listFolder::Place> clsSendAcct::CreatePostrouteFolder(Asked asked)
         }
         return place;
     } catch (...) {
+        basGlobals::noteError(std::source_location::current());
         show(L"Unable to create the folder.", Icon::Critical, globals_.product.title);
         return std::nullopt;
     }

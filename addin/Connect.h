@@ -5,6 +5,7 @@
 #include "addin/OutAddIn.h"
 #include "addin/WindowWrappers.h"
 #include "mail/Globals.h"
+#include "mail/Trace.h"
 #include "platform/Platform.h"
 #include "platform/outlook.h"
 #include "settings/AlertingDesktop.h"
@@ -17,7 +18,8 @@ namespace addin {
 class Connect {
   public:
     explicit Connect(const platform::Platform& world)
-        : desktop_(world.desktop, globals_),
+        : trace_(world.system),
+          desktop_(world.desktop, globals_),
           platform_{world.automation, desktop_,    world.settings, world.registry,
                     world.resources,  world.clock, world.system},
           globals_(platform_),
@@ -30,6 +32,7 @@ class Connect {
     void OnDisconnection(int removeMode);
 
     const WindowWrappers& wrappers() const { return wrappers_; }
+    const basGlobals::Trace& trace() const { return trace_; }
 
   private:
     void openResourceLibrary();
@@ -52,6 +55,8 @@ class Connect {
     void lookForLibrary();
     void tellOfMissingLibrary();
 
+    /// This thread's while the add-in lives: made before what it hears of, and gone after.
+    basGlobals::Trace trace_;
     AlertingDesktop desktop_;
     /// The world with that desktop.
     platform::Platform platform_;

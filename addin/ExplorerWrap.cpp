@@ -129,7 +129,12 @@ void ExplorerWrap::watch(const outlook::Item& item, std::size_t change) {
 
 void ExplorerWrap::onItemEvent(std::int32_t event, std::span<automation::Value> arguments) {
     const outlook::Item item = mailItem_;
-    if (replyEvents::isAnswer(event) && !keeper_.othersAct(*this)) {
+    if (!replyEvents::isAnswer(event)) {
+        return;
+    }
+    if (keeper_.othersAct(*this)) {
+        basGlobals::note(basGlobals::Skipped::OtherWindowActs);
+    } else {
         replyEvents::handle(globals_, item, event, arguments);
     }
 }

@@ -59,8 +59,13 @@ void clsInspWrap::onMailEvent(std::int32_t event, std::span<automation::Value> a
 
 /// Only for the window in front: the item may be selected in a main window that handles it.
 void clsInspWrap::onAnswered(std::int32_t event, std::span<automation::Value> arguments) {
-    if (replyEvents::isAnswer(event) && isActiveInspector()) {
+    if (!replyEvents::isAnswer(event)) {
+        return;
+    }
+    if (isActiveInspector()) {
         replyEvents::handle(globals_, item_, event, arguments);
+    } else {
+        basGlobals::note(basGlobals::Skipped::OtherWindowActs);
     }
 }
 
@@ -82,7 +87,9 @@ void clsInspWrap::m_ObjMail_Send(bool& cancel) {
             return;
         }
         checkSubject(*mail, cancel);
-        if (!cancel && !globals_.redemptionMissing) {
+        if (globals_.redemptionMissing) {
+            basGlobals::note(basGlobals::Skipped::LibraryMissing);
+        } else if (!cancel) {
             basVeltro::vtAttachMissingCheck(globals_, *mail, cancel);
         }
     });

@@ -10,6 +10,16 @@ namespace replyEvents {
 namespace {
 
 using basGlobals::Globals;
+using basGlobals::note;
+using basGlobals::Skipped;
+
+/// What reads mails is left out where the library for it is missing.
+bool canRead(const Globals& globals) {
+    if (globals.redemptionMissing) {
+        note(Skipped::LibraryMissing);
+    }
+    return !globals.redemptionMissing;
+}
 
 void checkSubject(Globals& globals, const outlook::Item& answered, const outlook::Item& response) {
     if (!globals.redemptionMissing) {
@@ -20,7 +30,7 @@ void checkSubject(Globals& globals, const outlook::Item& answered, const outlook
 
 void reply(Globals& globals, const outlook::Item& answered, const outlook::Item& response, bool& cancel) {
     checkSubject(globals, answered, response);
-    if (globals.redemptionMissing) {
+    if (!canRead(globals)) {
         return;
     }
     basVeltro::AnsweredMail mail(globals, answered);
@@ -29,7 +39,7 @@ void reply(Globals& globals, const outlook::Item& answered, const outlook::Item&
 
 void replyAll(Globals& globals, const outlook::Item& answered, const outlook::Item& response, bool& cancel) {
     checkSubject(globals, answered, response);
-    if (globals.redemptionMissing) {
+    if (!canRead(globals)) {
         return;
     }
     basVeltro::AnsweredMail mail(globals, answered);
@@ -54,14 +64,19 @@ bool isAnswer(std::int32_t event) {
 void handle(Globals& globals, const outlook::Item& item, std::int32_t event,
             std::span<automation::Value> arguments) {
     namespace events = outlook::events;
+    if (!isAnswer(event)) {
+        return;
+    }
     const auto id = basGlobals::attempt([&] { return item.entryId(); });
-    if (!isAnswer(event) || !id || id == globals.answering) {
+    if (!id || id == globals.answering) {
+        note(id ? Skipped::OwnAnswer : Skipped::ItemUnreadable);
         return;
     }
     basGlobals::skipErrors([&] {
         const outlook::Item response(eventArguments::at(arguments, 0).toObject());
         eventArguments::Cancel cancel(eventArguments::at(arguments, 1));
         if (!response || cancel.flag()) {
+            note(Skipped::CancelledBefore);
             return;
         }
         const auto handler = event == events::itemReply      ? reply

@@ -85,8 +85,12 @@ void showUnresolved(Globals& globals, const std::wstring& title) {
 
 }  // namespace
 
-bool itemUnreadable(const outlook::Item& item) {
-    return !skipErrors([&] { item.entryId(); });
+bool itemUnreadable(const outlook::Item& item, std::source_location where) {
+    const bool readable = skipErrors([&] { item.entryId(); }, where);
+    if (!readable) {
+        note(Skipped::ItemUnreadable, where);
+    }
+    return !readable;
 }
 
 std::wstring SenderEmailWithoutOnBehalf(Globals& globals, const outlook::Item& item) {

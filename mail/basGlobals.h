@@ -1,5 +1,6 @@
 #pragma once
 
+#include <source_location>
 #include <string>
 
 #include "mail/Globals.h"
@@ -10,8 +11,9 @@
 /// an empty result is an unknown address and never a match.
 namespace basGlobals {
 
-/// True when the item was moved or deleted, so that nothing of it can be read any more.
-bool itemUnreadable(const outlook::Item& item);
+/// True when the item was moved or deleted, so that nothing of it can be read any more; `where` is noted in
+/// the trace.
+bool itemUnreadable(const outlook::Item& item, std::source_location where = std::source_location::current());
 
 /// The SMTP address of the account that really sent the item.
 std::wstring SenderEmailWithoutOnBehalf(Globals& globals, const outlook::Item& item);

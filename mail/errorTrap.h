@@ -1,11 +1,13 @@
 #pragma once
 
 #include <optional>
+#include <source_location>
 #include <string>
 #include <type_traits>
 #include <utility>
 
 #include "mail/Globals.h"
+#include "mail/Trace.h"
 
 namespace basGlobals {
 
@@ -32,50 +34,62 @@ class ErrorReport {
     std::wstring label_;
 };
 
-using automation::currentError;
+/// The error that is being handled. It is noted in the trace.
+inline automation::Error currentError(std::source_location where = std::source_location::current()) {
+    noteError(where);
+    return automation::currentError();
+}
 
 /// Shows the report in a message box with the product's title. Never throws.
 void reportError(Globals& globals, const ErrorReport& report, const automation::Error& error) noexcept;
 
+// What these catch is noted in the trace with the procedure that called them.
+
 /// Runs `body`; an error is reported and `onFailure` returned in its place. Never throws.
 template <class Body, class Result = std::invoke_result_t<Body>>
 Result trapErrors(Globals& globals, const ErrorReport& report, Body&& body,
-                  std::type_identity_t<Result> onFailure) {
+                  std::type_identity_t<Result> onFailure,
+                  std::source_location where = std::source_location::current()) {
     try {
         return std::forward<Body>(body)();
     } catch (...) {
-        reportError(globals, report, currentError());
+        reportError(globals, report, currentError(where));
         return onFailure;
     }
 }
 
 /// Runs `body`; an error is reported. Never throws.
 template <class Body>
-void trapErrors(Globals& globals, const ErrorReport& report, Body&& body) {
+requires std::is_void_v<std::invoke_result_t<Body>>
+void trapErrors(Globals& globals, const ErrorReport& report, Body&& body,
+                std::source_location where = std::source_location::current()) {
     try {
         std::forward<Body>(body)();
     } catch (...) {
-        reportError(globals, report, currentError());
+        reportError(globals, report, currentError(where));
     }
 }
 
 /// Runs `body` and forgets an error; true when there was none.
 template <class Body>
-bool skipErrors(Body&& body) {
+bool skipErrors(Body&& body, std::source_location where = std::source_location::current()) {
     try {
         std::forward<Body>(body)();
         return true;
     } catch (...) {
+        noteError(where);
         return false;
     }
 }
 
 /// Reads a value; nothing when reading fails.
 template <class Body>
-std::optional<std::invoke_result_t<Body>> attempt(Body&& body) {
+std::optional<std::invoke_result_t<Body>> attempt(
+    Body&& body, std::source_location where = std::source_location::current()) {
     try {
         return std::forward<Body>(body)();
     } catch (...) {
+        noteError(where);
         return std::nullopt;
     }
 }

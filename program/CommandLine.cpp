@@ -42,6 +42,8 @@ constexpr char usageText[] =
                            and {Alt+x} presses the one with the access key x. Without any --answer, prompts
                            are put to you when the program runs at a terminal
   --json                   one JSON object a line instead of text
+  --trace                  at the end, what the add-in left undone without a word: procedures, the numbers of
+                           the errors, how often
   --help, --version
 
 Exit status: 0 all sent or opened, 1 something was cancelled, 2 bad arguments, a file that cannot be used or
@@ -150,6 +152,7 @@ std::map<std::wstring, Option> makeOptions() {
         {L"--answer", {true, addAnswer}},
         {L"--bcc-me", {false, [](CommandLine& line, const std::wstring&) { line.bccMe = true; }}},
         {L"--first-run", {false, [](CommandLine& line, const std::wstring&) { line.firstRun = true; }}},
+        {L"--trace", {false, [](CommandLine& line, const std::wstring&) { line.trace = true; }}},
         {L"--json", {false, [](CommandLine& line, const std::wstring&) { line.json = true; }}},
         {L"--help", {false, [](CommandLine& line, const std::wstring&) { line.command = Command::Help; }}},
         {L"--version",

@@ -49,6 +49,8 @@ struct CommandLine {
     bool bccMe = false;
     bool firstRun = false;
     bool json = false;
+    /// Tell at the end what the add-in left undone.
+    bool trace = false;
 
     /// The profile described here, without what a file holds.
     host::Profile profile() const;

@@ -1,5 +1,6 @@
 #include "program/Report.h"
 
+#include <map>
 #include <ostream>
 #include <vector>
 
@@ -227,6 +228,26 @@ void Report::error(const std::wstring& text) {
     Json told = event("error");
     told["text"] = plainUtf8(text);
     line(jsonText(told));
+}
+
+void Report::skipped(const std::vector<std::string>& entries) {
+    std::map<std::string, int> times;
+    for (const std::string& entry : entries) {
+        ++times[entry];
+    }
+    if (!json()) {
+        line(times.empty() ? "nothing was left undone" : "left undone:");
+    }
+    for (const auto& [entry, count] : times) {
+        if (!json()) {
+            line("  " + std::to_string(count) + " x " + entry);
+            continue;
+        }
+        Json told = event("skipped");
+        told["what"] = entry;
+        told["times"] = count;
+        line(jsonText(told));
+    }
 }
 
 }  // namespace program

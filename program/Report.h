@@ -3,6 +3,7 @@
 #include <iosfwd>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "host/Outlook.h"
 #include "platform/Prompts.h"
@@ -33,6 +34,8 @@ class Report : public platform::PromptObserver {
     void reply(host::ReplyKind kind, const host::ItemView& mail);
     void replyCancelled();
     void error(const std::wstring& text);
+    /// What the add-in left undone, each entry once with how often it came.
+    void skipped(const std::vector<std::string>& entries);
 
   private:
     void formText(const platform::FormPrompt& prompt, const std::optional<platform::FormAnswer>& answer);

@@ -1,20 +1,26 @@
 #pragma once
 
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "platform/SystemInfo.h"
 
 namespace platform::native {
 
-/// A system as it is described to it.
+/// A system as it is described to it. What a debugger is told it keeps.
 class FixedSystemInfo : public SystemInfo {
   public:
     explicit FixedSystemInfo(std::wstring addInFolder) : addInFolder_(std::move(addInFolder)) {}
 
     std::wstring addInFolder() override { return addInFolder_; }
 
+    void debug(std::string_view line) override { debugLines_.emplace_back(line); }
+    const std::vector<std::string>& debugLines() const { return debugLines_; }
+
   private:
     std::wstring addInFolder_;
+    std::vector<std::string> debugLines_;
 };
 
 }  // namespace platform::native

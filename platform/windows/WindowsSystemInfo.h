@@ -6,7 +6,11 @@ namespace platform::windows {
 
 class WindowsSystemInfo final : public SystemInfo {
   public:
+    /// Begins each line that a debugger gets, which hears many programs.
+    static constexpr char debugPrefix[] = "Veltro: ";
+
     std::wstring addInFolder() override;
+    void debug(std::string_view line) override;
 };
 
 }  // namespace platform::windows

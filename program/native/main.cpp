@@ -102,6 +102,9 @@ ExitStatus use(const CommandLine& line, const Messages& messages, program::Repor
     const ExitStatus status = session.run(messages);
     session.quit();
     connect.OnDisconnection(hostShutdown);
+    if (line.trace) {
+        report.skipped(system.debugLines());
+    }
     program::keepSettingsFolder(line, outlook);
     if (unanswered()) {
         program::complain(text::toUtf8(*desktop.unanswered()));

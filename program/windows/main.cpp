@@ -19,6 +19,7 @@
 #include "platform/text.h"
 #include "program/Console.h"
 #include "program/Session.h"
+#include "program/windows/DebugListener.h"
 #include "program/windows/HostRun.h"
 #include "program/windows/sampleMail.h"
 #include "robot/DialogRobot.h"
@@ -94,11 +95,18 @@ ExitStatus runCommand(const CommandLine& line) {
         robot.emplace(scripted(answers, report));
     }
     const auto unanswered = [&robot] { return robot && robot->unanswered().has_value(); };
+    std::optional<program::windows::DebugListener> trace;
+    if (line.trace) {
+        trace.emplace();
+    }
     host.connect(report);
     program::Session session(line, host.outlook(), report, unanswered);
     const ExitStatus status = session.run(read.messages);
     session.quit();
     host.disconnect();
+    if (trace) {
+        report.skipped(trace->lines());
+    }
     host.keepState();
     program::tellUnused(answers.unused());
     if (unanswered()) {

@@ -44,6 +44,8 @@ class AddInWorld {
     virtual std::optional<std::wstring> unanswered() = 0;
     /// Host objects that the add-in still holds; meaningful once it is disconnected.
     virtual std::size_t heldObjects() = 0;
+    /// What the add-in has told a debugger.
+    virtual std::vector<std::string> debugLines() = 0;
 };
 
 /// `outlook` and `observer` outlive the world.

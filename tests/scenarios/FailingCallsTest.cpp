@@ -40,6 +40,48 @@ TEST(FailingCalls, NeverCancelASendThatNobodyDenied) {
     }
 }
 
+/// A session with a mail whose every text is told apart from what else could be in a trace.
+struct Traced {
+    std::vector<std::string> lines;
+    bool escaped = false;
+    std::size_t calls = 0;
+};
+
+Traced trace(std::size_t failing) {
+    Given setup{.settings = {{L"DisplayConfirmation", L"1"}}, .connected = false};
+    setup.answers = std::vector<std::wstring>(20, L"Veltro=OK");
+    setup.answers.insert(setup.answers.end(), {L"Attachment(s) missing=Yes", L"Confirm Email Send=Yes"});
+    Bench bench(setup);
+    bench.outlook().failCall(failing);
+    Traced traced;
+    traced.escaped = !bench.connect();
+    bench.send(plainMail(L"MailText", L"MailText attached"));
+    bench.disconnect();
+    bench.outlook().failCall(0);
+    traced.escaped = traced.escaped || !bench.outlook().errors().empty();
+    traced.lines = bench.world().debugLines();
+    traced.calls = bench.outlook().calls();
+    return traced;
+}
+
+/// Whatever fails is in the trace or known to Outlook; what the mail says is not.
+TEST(FailingCalls, LeaveAnEntryInTheTraceWithoutTheMailsTexts) {
+    const Traced whole = trace(0);
+    const auto failures = [](const Traced& traced) {
+        return std::ranges::count_if(traced.lines, [](const std::string& line) {
+            return line.ends_with("): error " + std::to_string(automation::errors::failed));
+        });
+    };
+    for (std::size_t n = 1; n <= whole.calls; ++n) {
+        const Traced traced = trace(n);
+        EXPECT_TRUE(traced.escaped || failures(traced) > failures(whole)) << "call " << n;
+        for (const std::string& line : traced.lines) {
+            EXPECT_EQ(line.find("MailText"), std::string::npos) << line;
+            EXPECT_EQ(line.find("bob"), std::string::npos) << line;
+        }
+    }
+}
+
 struct Pressed {
     host::ReplyOutcome outcome;
     std::size_t calls = 0;

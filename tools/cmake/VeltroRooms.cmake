@@ -25,6 +25,9 @@ else()
     target_compile_options(
         veltro_options INTERFACE $<$<COMPILE_LANGUAGE:CXX>:-Wall -Wextra -Wpedantic -Wshadow -Wconversion
                                  -Wnon-virtual-dtor -Woverloaded-virtual -Werror>)
+    # Where the trace says that something happened, the builder's folders do not matter.
+    target_compile_options(
+        veltro_options INTERFACE $<$<COMPILE_LANGUAGE:CXX>:-fmacro-prefix-map=${CMAKE_SOURCE_DIR}/=>)
     if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
         # The standard library's own templates use what it calls deprecated, and clang blames their caller.
         target_compile_options(veltro_options INTERFACE -Wno-error=deprecated-declarations)

@@ -128,4 +128,16 @@ TEST_F(Program, WarnsAndInforms) {
     EXPECT_TRUE(version.output.starts_with("veltro-host 1.")) << version.output;
 }
 
+TEST_F(Program, TellsWhatWasLeftUndone) {
+    const std::string arguments =
+        "send promised.eml --outlook 9.0 --answer 'Attachment(s) missing=Yes' "
+        "--set MsgAddAddress=1 --trace";
+    const auto text = run(arguments);
+    EXPECT_NE(text.output.find("\nleft undone:\n"), std::string::npos) << text.output;
+    const auto json = run(arguments + " --json");
+    EXPECT_NE(json.output.find("{\"event\":\"skipped\",\"file\":null,\"what\":"), std::string::npos)
+        << json.output;
+    EXPECT_EQ(run("send plain.eml --set MsgAddAddress=1").output.find("undone"), std::string::npos);
+}
+
 }  // namespace

@@ -50,6 +50,7 @@ class NativeWorld : public AddInWorld {
     void set(const std::wstring& key, const std::wstring& value) override { settings_.write(key, value); }
     std::optional<std::wstring> unanswered() override { return desktop_.unanswered(); }
     std::size_t heldObjects() override { return objects_.count(); }
+    std::vector<std::string> debugLines() override { return system_.debugLines(); }
 
   private:
     host::Outlook& outlook_;

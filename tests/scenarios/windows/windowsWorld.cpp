@@ -10,6 +10,7 @@
 #include "platform/windows/RegKey.h"
 #include "platform/windows/RegistrySettingsStore.h"
 #include "platform/windows/ownModule.h"
+#include "program/windows/DebugListener.h"
 #include "robot/DialogRobot.h"
 #include "tests/scenarios/AddInWorld.h"
 #include "tests/scenarios/windows/StoppedClock.h"
@@ -135,6 +136,7 @@ class WindowsWorld : public AddInWorld {
     void set(const std::wstring& key, const std::wstring& value) override { settings_.write(key, value); }
     std::optional<std::wstring> unanswered() override { return robot_.unanswered(); }
     std::size_t heldObjects() override { return exporter_->liveAdapters() - shownBefore_; }
+    std::vector<std::string> debugLines() override { return debugger_.lines(); }
 
   private:
     automation::Date now_;
@@ -147,6 +149,7 @@ class WindowsWorld : public AddInWorld {
     host::windows::OutlookServer server_;
     std::size_t shownBefore_;
     host::windows::PrivateUser user_;
+    program::windows::DebugListener debugger_;
     RegistrySettingsStore settings_;
     platform::AnswerList answers_;
     robot::DialogRobot robot_;
