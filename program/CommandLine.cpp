@@ -4,6 +4,7 @@
 #include <functional>
 #include <map>
 
+#include "accounts/clsSendAcct.h"
 #include "platform/text.h"
 #include "program/Answers.h"
 #include "program/SettingsFolder.h"
@@ -173,6 +174,19 @@ Command parseCommand(const std::wstring& word) {
     return found->second;
 }
 
+/// The add-in asks about an account that is not there; here a name may just be misspelt.
+void warnOfAccounts(CommandLine& line) {
+    for (const auto& [address, account] : line.preferredAccounts) {
+        const bool known = account == noAccount || std::ranges::any_of(line.accounts, [&](const auto& each) {
+                               return text::equalsIgnoringCase(each.name, account);
+                           });
+        if (!known) {
+            line.warnings.push_back("--list " + text::toUtf8(address) + ": there is no account " +
+                                    inQuotes(account));
+        }
+    }
+}
+
 void checkTogether(const CommandLine& line) {
     const bool answering = line.command == Command::Reply || line.command == Command::ReplyAll ||
                            line.command == Command::Forward;
@@ -235,6 +249,7 @@ CommandLine parseCommandLine(const std::vector<std::wstring>& arguments) {
     if (line.accounts.empty()) {
         line.accounts = host::Profile().accounts;
     }
+    warnOfAccounts(line);
     return line;
 }
 

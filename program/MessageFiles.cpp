@@ -1,5 +1,6 @@
 #include "program/MessageFiles.h"
 
+#include <cstdio>
 #include <iostream>
 #include <stdexcept>
 
@@ -15,7 +16,9 @@ std::string contentsOf(const std::wstring& file) {
         return readFile(pathOf(file));
     }
     std::string contents = readAll(std::cin);
-    std::cin.clear();  // At a terminal a person still has questions to answer.
+    // At a terminal a person still has questions to answer. C's stream below remembers the end, too.
+    std::cin.clear();
+    std::clearerr(stdin);
     return contents;
 }
 

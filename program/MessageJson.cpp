@@ -1,5 +1,6 @@
 #include "program/MessageJson.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <stdexcept>
 
@@ -162,9 +163,32 @@ const Json* member(const Json& object, const char* name) {
     return found == object.end() || found->is_null() ? nullptr : &*found;
 }
 
+/// What `read` makes of a value; a complaint begins with the value's name.
+template <class Read>
+auto named(const std::string& name, const Json& json, Read read) {
+    try {
+        return read(json);
+    } catch (const std::runtime_error& error) {
+        throw std::runtime_error(name + ": " + error.what());
+    }
+}
+
 std::wstring textOf(const Json& object, const char* name) {
     const Json* json = member(object, name);
-    return json ? textFromJson(*json) : std::wstring();
+    return json ? named(name, *json, textFromJson) : std::wstring();
+}
+
+/// A text that Outlook shows on one line: a line break in it could pass for the end of a row of a list.
+std::wstring lineFrom(const Json& json) {
+    std::wstring line = textFromJson(json);
+    std::ranges::replace_if(
+        line, [](wchar_t c) { return c < L' ' || (c >= 0x7F && c < 0xA0); }, L' ');
+    return line;
+}
+
+std::wstring lineOf(const Json& object, const char* name) {
+    const Json* json = member(object, name);
+    return json ? named(name, *json, lineFrom) : std::wstring();
 }
 
 bool flagOf(const Json& object, const char* name, bool whenAbsent) {
@@ -196,7 +220,7 @@ auto listOf(const Json& object, const char* name, Read read) {
             throw std::runtime_error(std::string(name) + " is no list");
         }
         for (const Json& element : *json) {
-            list.push_back(read(element));
+            list.push_back(named(name + (' ' + std::to_string(list.size() + 1)), element, read));
         }
     }
     return list;
@@ -206,12 +230,12 @@ host::Address addressFrom(const Json& json, int depth = 0) {
     if (depth > deepestMembers) {
         throw std::runtime_error("distribution lists are nested too deeply");
     }
-    host::Address address{.name = textOf(json, "name"), .address = textOf(json, "address")};
-    if (const Json* type = member(json, "type")) {
-        address.type = textFromJson(*type);
+    host::Address address{.name = lineOf(json, "name"), .address = lineOf(json, "address")};
+    if (member(json, "type")) {
+        address.type = lineOf(json, "type");
     }
-    address.proxies = listOf(json, "proxies", textFromJson);
-    address.smtpAddress = textOf(json, "smtpAddress");
+    address.proxies = listOf(json, "proxies", lineFrom);
+    address.smtpAddress = lineOf(json, "smtpAddress");
     address.members =
         listOf(json, "members", [depth](const Json& entry) { return addressFrom(entry, depth + 1); });
     address.distributionList = flagOf(json, "distributionList", false);
@@ -225,7 +249,8 @@ std::vector<host::Address> addressesOf(const Json& object, const char* name) {
 
 std::optional<host::Address> addressOf(const Json& object, const char* name) {
     const Json* json = member(object, name);
-    return json ? std::optional(addressFrom(*json)) : std::nullopt;
+    const auto read = [](const Json& entry) { return addressFrom(entry); };
+    return json ? std::optional(named(name, *json, read)) : std::nullopt;
 }
 
 std::optional<automation::Date> dateOf(const Json& object, const char* name) {

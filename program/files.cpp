@@ -66,6 +66,10 @@ void checkReplaceable(const std::filesystem::file_status& status) {
     if (!std::filesystem::is_regular_file(status)) {
         throw std::runtime_error("is no regular file");
     }
+    const perms readable = perms::owner_read | perms::group_read | perms::others_read;
+    if ((status.permissions() & readable) == perms::none) {
+        throw std::runtime_error("permission denied");
+    }
     const perms writable = perms::owner_write | perms::group_write | perms::others_write;
     if ((status.permissions() & writable) == perms::none) {
         throw std::runtime_error("is read-only");
@@ -176,15 +180,24 @@ void replaceFile(const std::filesystem::path& file, std::string_view contents) {
 }
 
 FileLock::FileLock(const std::filesystem::path& file) {
-    take(lockFileOf(file), true);
+    take(file, true);
 }
 
 std::optional<FileLock> FileLock::tryLock(const std::filesystem::path& file) {
     FileLock lock;
-    if (!lock.take(lockFileOf(file), false)) {
+    if (!lock.take(file, false)) {
         return std::nullopt;
     }
     return lock;
+}
+
+bool FileLock::take(const std::filesystem::path& file, bool wait) {
+    const auto lockFile = lockFileOf(file);
+    try {
+        return takeLockFile(lockFile, wait);
+    } catch (const std::runtime_error& error) {
+        throw std::runtime_error(std::string("its .lock file: ") + error.what());
+    }
 }
 
 FileLock::FileLock(FileLock&& other) noexcept

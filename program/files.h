@@ -46,8 +46,10 @@ class FileLock {
 
   private:
     FileLock() = default;
-    /// Each world implements it; false when `wait` is and another one holds the file.
-    bool take(const std::filesystem::path& lockFile, bool wait);
+    /// False when another one holds the file and it is not to be waited for.
+    bool take(const std::filesystem::path& file, bool wait);
+    /// Each world implements it.
+    bool takeLockFile(const std::filesystem::path& lockFile, bool wait);
 
     std::filesystem::path file_;
     /// A descriptor or a handle; -1 is none of either.

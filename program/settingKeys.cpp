@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "mail/errorTrap.h"
 #include "platform/text.h"
 #include "settings/modRegKeys.h"
 
@@ -40,7 +41,16 @@ std::wstring readingOf(const modRegKeys::Choice& setting, std::wstring_view valu
 std::wstring readingOf(const modRegKeys::WholeNumber& setting, std::wstring_view value) {
     return setting.shown(setting.decode(value));
 }
-/// Texts hold anything.
+/// Texts hold anything, but one of them is used as a number.
+std::wstring readingOf(const modRegKeys::Text& setting, std::wstring_view value) {
+    const std::wstring stored(text::trim(value));
+    if (setting.key != std::wstring_view(modRegKeys::DelayTime.key)) {
+        return stored;
+    }
+    const auto seconds = basGlobals::attempt(
+        [&] { return automation::Value(stored.empty() ? setting.whenEmpty : stored).toInteger(); });
+    return seconds ? std::to_wstring(*seconds) : L"no number";
+}
 template <class Setting>
 std::wstring readingOf(const Setting&, std::wstring_view value) {
     return std::wstring(text::trim(value));

@@ -124,6 +124,40 @@ void refuseNestedGroups(std::string_view mail) {
     }
 }
 
+/// Outlook parts addresses with ";", which users type into other programs, too; the mail library would drop
+/// what follows. Within a group it is the group's end.
+std::string withCommas(std::string_view addresses) {
+    std::string result(addresses);
+    bool quoted = false;
+    bool inGroup = false;
+    for (std::size_t index = 0; index < result.size(); ++index) {
+        char& character = result[index];
+        if (character == '\\') {
+            ++index;
+        } else if (character == '"') {
+            quoted = !quoted;
+        } else if (!quoted && character == ':') {
+            inGroup = true;
+        } else if (!quoted && character == ';') {
+            character = inGroup ? ';' : ',';
+            inGroup = false;
+        }
+    }
+    return result;
+}
+
+void partWithCommas(GMimeMessage* message) {
+    GMimeHeaderList* headers = g_mime_object_get_header_list(GMIME_OBJECT(message));
+    for (int index = 0; index < g_mime_header_list_get_count(headers); ++index) {
+        GMimeHeader* header = g_mime_header_list_get_header_at(headers, index);
+        const char* raw = g_mime_header_get_raw_value(header);
+        if (raw && startsAddresses(g_mime_header_get_name(header)) &&
+            std::string_view(raw).find(';') != std::string_view::npos) {
+            g_mime_header_set_raw_value(header, withCommas(raw).c_str());
+        }
+    }
+}
+
 MessagePointer construct(std::string_view mail) {
     const StreamPointer stream(g_mime_stream_mem_new_with_buffer(mail.data(), mail.size()));
     const ParserPointer parser(g_mime_parser_new_with_stream(stream.get()));
@@ -161,6 +195,7 @@ host::Message importMessage(std::string_view mail) {
     refuseNestedGroups(mail);
     startMailLibrary();
     const MessagePointer parsed = parse(mail);
+    partWithCommas(parsed.get());
 
     host::Message message;
     message.subject = oneLine(g_mime_message_get_subject(parsed.get()));

@@ -57,7 +57,7 @@ bool writeAll(int descriptor, std::string_view contents) {
 
 }  // namespace
 
-bool FileLock::take(const std::filesystem::path& lockFile, bool wait) {
+bool FileLock::takeLockFile(const std::filesystem::path& lockFile, bool wait) {
     for (;;) {
         Descriptor lock(open(lockFile.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, S_IRUSR | S_IWUSR));
         if (lock.get() < 0) {

@@ -21,7 +21,7 @@ constexpr int mostRefusals = 250;
 
 }  // namespace
 
-bool FileLock::take(const std::filesystem::path& lockFile, bool wait) {
+bool FileLock::takeLockFile(const std::filesystem::path& lockFile, bool wait) {
     // A file that is about to be removed refuses access for a moment, as one without permission does for
     // ever.
     for (int refusals = 0;;) {

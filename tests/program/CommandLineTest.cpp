@@ -85,13 +85,15 @@ TEST(CommandLine, WarnsOfValuesThatASettingReadsAsSomethingElse) {
         const wchar_t* setting;
         const char* reading;
     } cases[] = {
-        {L"ReplyAllAny=False", nullptr},     {L"replyallany=False", nullptr},
-        {L"ReplyAllAny=false", "\"True\""},  {L"DelayEmails=true", "\"False\""},
-        {L"MsgAddAddress=1", nullptr},       {L"MsgAddAddress=yes", "\"1\""},
-        {L"MsgAddAddress=", "\"1\""},        {L"DisplayConfirmation=2", nullptr},
-        {L"DisplayConfirmation=3", "\"0\""}, {L"OldEmailDays=7", nullptr},
-        {L"OldEmailDays=3.9", "\"3\""},      {L"OldEmailDays=soon", "\"28\""},
-        {L"DomainName= x ", nullptr},        {L"Password=\x1B[2J", nullptr},
+        {L"ReplyAllAny=False", nullptr},      {L"replyallany=False", nullptr},
+        {L"ReplyAllAny=false", "\"True\""},   {L"DelayEmails=true", "\"False\""},
+        {L"MsgAddAddress=1", nullptr},        {L"MsgAddAddress=yes", "\"1\""},
+        {L"MsgAddAddress=", "\"1\""},         {L"DisplayConfirmation=2", nullptr},
+        {L"DisplayConfirmation=3", "\"0\""},  {L"OldEmailDays=7", nullptr},
+        {L"OldEmailDays=3.9", "\"3\""},       {L"OldEmailDays=soon", "\"28\""},
+        {L"DelayTime=60", nullptr},           {L"DelayTime=soon", "\"no number\""},
+        {L"DelayTime=1e99", "\"no number\""}, {L"DelayTime=1.6", "\"2\""},
+        {L"DomainName= x ", nullptr},         {L"Password=\x1B[2J", nullptr},
     };
     for (const auto& [setting, reading] : cases) {
         const auto line = parseCommandLine({L"send", L"a.eml", L"--set", setting});
@@ -102,6 +104,14 @@ TEST(CommandLine, WarnsOfValuesThatASettingReadsAsSomethingElse) {
                 << line.warnings[0];
         }
     }
+}
+
+TEST(CommandLine, WarnsOfAccountsThatAreNotThere) {
+    const auto line = parseCommandLine({L"send", L"a.eml", L"--list", L"a@x.org=Home", L"--list",
+                                        L"b@x.org=work", L"--list", L"c@x.org=No Account Selected",
+                                        L"--account", L"Work=me@x.org", L"--list", L"d@x.org=Wrok"});
+    EXPECT_EQ(line.warnings, (std::vector<std::string>{"--list a@x.org: there is no account \"Home\"",
+                                                       "--list d@x.org: there is no account \"Wrok\""}));
 }
 
 }  // namespace

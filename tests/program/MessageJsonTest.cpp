@@ -56,6 +56,15 @@ TEST(MessageJson, KeepsEverythingThatAMessageHolds) {
     EXPECT_EQ(program::toJson(read), json);
 }
 
+/// A line break could pass for another row of the list in which recipients are ticked.
+TEST(MessageJson, KeepsPeopleOnOneLine) {
+    const auto read = program::parseMessages(
+        R"([{"to": [{"name": "Ann\r\nBob", "address": "a\nb", "proxies": ["SMTP:a\u001bb"]}]}])");
+    EXPECT_EQ(read.at(0).message.to.at(0).name, L"Ann  Bob");
+    EXPECT_EQ(read[0].message.to[0].address, L"a b");
+    EXPECT_EQ(read[0].message.to[0].proxies.at(0), L"SMTP:a b");
+}
+
 TEST(MessageJson, SaysWhatIsNoMessage) {
     const struct {
         const char* json;
@@ -65,7 +74,9 @@ TEST(MessageJson, SaysWhatIsNoMessage) {
         {"[", "is no JSON"},
         {"{}", "not an object"},
         {"[1]", "message 1: an object"},
-        {"[{}, {\"subject\": 5}]", "message 2: a text was expected, not a number"},
+        {"[{}, {\"subject\": 5}]", "message 2: subject: a text was expected, not a number"},
+        {"[{\"to\": [{}, {\"name\": 5}]}]", "message 1: to 2: name: a text was expected"},
+        {"[{\"from\": {\"proxies\": [\"a\", 5]}}]", "message 1: from: proxies 2: a text was expected"},
         {"[{\"subject\": [[[]]]}]", "not a list"},
         {"[{\"subject\": true}]", "not true or false"},
         {"[{\"to\": {}}]", "to is no list"},

@@ -65,6 +65,24 @@ TEST(ImportMessage, DecodesNamesAndTimes) {
     EXPECT_FALSE(import("Date: the day before yesterday\n", "x").deliveryTime);
 }
 
+TEST(ImportMessage, TakesSemicolonsBetweenAddresses) {
+    const struct {
+        const char* to;
+        std::vector<std::wstring> names;
+    } cases[] = {
+        {"a@x.org; Bob <b@x.org>;c@x.org", {L"a@x.org", L"Bob", L"c@x.org"}},
+        {"\"A; \\\"B\" <a@x.org>;\r\n b@x.org;", {L"A; \"B", L"b@x.org"}},
+        {"team: a@x.org, b@x.org;, c@x.org; d@x.org", {L"a@x.org", L"b@x.org", L"c@x.org", L"d@x.org"}},
+    };
+    for (const auto& [to, expected] : cases) {
+        std::vector<std::wstring> names;
+        for (const auto& recipient : import(std::string("To: ") + to + "\n", "x").to) {
+            names.push_back(recipient.name);
+        }
+        EXPECT_EQ(names, expected) << to;
+    }
+}
+
 constexpr char parts[] = R"(--b
 Content-Type: multipart/alternative; boundary=a
 

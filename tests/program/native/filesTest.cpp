@@ -69,15 +69,25 @@ TEST(KeptFiles, ThatCannotBeKeptAreNamedSo) {
     const TemporaryFolder folder;
     ASSERT_EQ(mkfifo(folder.file("pipe").c_str(), S_IRUSR | S_IWUSR), 0);
     fs::permissions(folder.write("readOnly", "x"), fs::perms::owner_read);
+    fs::permissions(folder.write("closed", "x"), fs::perms::none);
     fs::create_symlink("loop", folder.file("loop"));
+    folder.write("locked", "x");
+    fs::create_directory(folder.file("locked.lock"));
     const struct {
         const char* file;
         const char* told;
     } cases[] = {
-        {"pipe", "no regular file"},       {".", "is a folder"},  {"readOnly", "is read-only"},
-        {"missing/kept", "no such"},       {"readOnly/kept", ""}, {"loop", ""},
+        {"pipe", "no regular file"},
+        {".", "is a folder"},
+        {"readOnly", "is read-only"},
+        {"missing/kept", "no such"},
+        {"readOnly/kept", ""},
+        {"loop", ""},
         {"readOnly/../kept/x", "no such"},
+        {"closed", "permission denied"},
     };
+    EXPECT_TRUE(
+        whyRefused([&] { program::FileLock lock(folder.file("locked")); }).starts_with("its .lock file:"));
     for (const auto& [name, told] : cases) {
         const auto file = folder.file(name);
         const std::string why = whyRefused([&file] { program::FileLock lock(file); });
