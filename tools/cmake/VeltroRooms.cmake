@@ -25,9 +25,6 @@ else()
     target_compile_options(
         veltro_options INTERFACE $<$<COMPILE_LANGUAGE:CXX>:-Wall -Wextra -Wpedantic -Wshadow -Wconversion
                                  -Wnon-virtual-dtor -Woverloaded-virtual -Werror>)
-    # Where the trace says that something happened, the builder's folders do not matter.
-    target_compile_options(
-        veltro_options INTERFACE $<$<COMPILE_LANGUAGE:CXX>:-fmacro-prefix-map=${CMAKE_SOURCE_DIR}/=>)
     if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
         # The standard library's own templates use what it calls deprecated, and clang blames their caller.
         target_compile_options(veltro_options INTERFACE -Wno-error=deprecated-declarations)
@@ -41,6 +38,9 @@ endif()
 if(MINGW)
     # Users have no compiler's run-time DLLs.
     target_link_options(veltro_options INTERFACE -static)
+    # The trace names source files; the builder's folders are no part of the product.
+    target_compile_options(
+        veltro_options INTERFACE $<$<COMPILE_LANGUAGE:CXX>:-fmacro-prefix-map=${CMAKE_SOURCE_DIR}/=>)
 endif()
 if(VELTRO_SANITIZE)
     target_compile_options(veltro_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
