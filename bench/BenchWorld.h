@@ -2,10 +2,7 @@
 
 #include "addin/Connect.h"
 #include "host/Outlook.h"
-#include "platform/native/FakeRegistry.h"
-#include "platform/native/FileResources.h"
-#include "platform/native/FixedSystemInfo.h"
-#include "platform/native/MemorySettingsStore.h"
+#include "platform/native/MemoryPorts.h"
 #include "platform/native/ScriptedDesktop.h"
 #include "platform/native/SystemClock.h"
 
@@ -31,12 +28,9 @@ class BenchWorld {
     host::Outlook outlook;
     NoObserver observer;
     platform::native::ScriptedDesktop desktop;
-    platform::native::MemorySettingsStore settings;
-    platform::native::FakeRegistry registry;
-    platform::native::FileResources resources;
     platform::native::SystemClock clock;
-    platform::native::FixedSystemInfo system{L"."};
-    platform::Platform platform{outlook.automation(), desktop, settings, registry, resources, clock, system};
-    basGlobals::Globals globals{platform};
-    addin::Connect connection{platform};
+    platform::native::MemoryPorts ports{outlook.automation(), desktop, clock};
+    platform::native::MemorySettingsStore& settings = ports.settings;
+    basGlobals::Globals globals{ports.platform};
+    addin::Connect connection{ports.platform};
 };

@@ -2,10 +2,7 @@
 
 #include "fuzz/fuzzInput.h"
 #include "mail/Globals.h"
-#include "platform/native/FakeRegistry.h"
-#include "platform/native/FileResources.h"
-#include "platform/native/FixedSystemInfo.h"
-#include "platform/native/MemorySettingsStore.h"
+#include "platform/native/MemoryPorts.h"
 #include "platform/native/ScriptedDesktop.h"
 #include "platform/native/SystemClock.h"
 
@@ -29,13 +26,9 @@ class FuzzWorld {
     NoAutomation automation_;
     NoPrompts observer_;
     platform::native::ScriptedDesktop desktop_{platform::AnswerList{}, observer_};
-    platform::native::MemorySettingsStore settings_;
-    platform::native::FakeRegistry registry_;
-    platform::native::FileResources resources_;
     platform::native::SystemClock clock_;
-    platform::native::FixedSystemInfo system_{L"."};
-    platform::Platform platform_{automation_, desktop_, settings_, registry_, resources_, clock_, system_};
+    platform::native::MemoryPorts ports_{automation_, desktop_, clock_};
 
   public:
-    basGlobals::Globals globals{platform_};
+    basGlobals::Globals globals{ports_.platform};
 };

@@ -7,10 +7,7 @@
 
 #include "host/Outlook.h"
 #include "mail/Globals.h"
-#include "platform/native/FakeRegistry.h"
-#include "platform/native/FileResources.h"
-#include "platform/native/FixedSystemInfo.h"
-#include "platform/native/MemorySettingsStore.h"
+#include "platform/native/MemoryPorts.h"
 #include "platform/native/ScriptedDesktop.h"
 #include "platform/native/SystemClock.h"
 #include "program/Answers.h"
@@ -42,23 +39,18 @@ class TestWorld {
     Log log;
     host::Outlook outlook;
     platform::native::ScriptedDesktop desktop;
-    platform::native::MemorySettingsStore settings;
-    platform::native::FakeRegistry registry;
-    platform::native::FileResources resources;
     platform::native::SetClock clock;
-    platform::native::FixedSystemInfo system{L"."};
-    platform::Platform platform;
+    platform::native::MemoryPorts ports;
+    platform::native::MemorySettingsStore& settings = ports.settings;
+    platform::native::FakeRegistry& registry = ports.registry;
+    platform::Platform& platform = ports.platform;
     basGlobals::Globals globals{platform};
 
   private:
     TestWorld(platform::SettingsStore* store, std::vector<std::wstring> answers, host::Profile profile)
-        : outlook(std::move(profile)), desktop(parsed(answers), log), platform{outlook.automation(),
-                                                                               desktop,
-                                                                               store ? *store : settings,
-                                                                               registry,
-                                                                               resources,
-                                                                               clock,
-                                                                               system} {
+        : outlook(std::move(profile)),
+          desktop(parsed(answers), log),
+          ports(outlook.automation(), desktop, clock, store) {
         globals.outlook = outlook::Application(outlook.application());
     }
 

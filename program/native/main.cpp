@@ -9,13 +9,11 @@
 #include <fstream>
 #include <iostream>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "addin/Connect.h"
-#include "platform/native/FakeRegistry.h"
-#include "platform/native/FileResources.h"
-#include "platform/native/FixedSystemInfo.h"
-#include "platform/native/MemorySettingsStore.h"
+#include "platform/native/MemoryPorts.h"
 #include "platform/native/ScriptedDesktop.h"
 #include "platform/native/SystemClock.h"
 #include "platform/native/TerminalDesktop.h"
@@ -43,13 +41,6 @@ constexpr int hostShutdown = 0;
 std::wstring programFolder() {
     std::error_code ignored;
     return text::fromUtf8(std::filesystem::read_symlink("/proc/self/exe", ignored).parent_path().string());
-}
-
-std::unique_ptr<platform::SettingsStore> makeSettings(const CommandLine& line) {
-    if (line.settingsFile) {
-        return std::make_unique<program::FileSettingsStore>(program::pathOf(*line.settingsFile));
-    }
-    return std::make_unique<platform::native::MemorySettingsStore>();
 }
 
 /// Whoever answers the prompts: a person, or the command line.
@@ -83,14 +74,14 @@ ExitStatus use(const CommandLine& line, const Messages& messages, program::Repor
     host::Outlook outlook(program::prepareProfile(line), [&clock] { return clock.now(); });
     // A file that cannot be written is told of before anything is sent.
     program::keepSettingsFolder(line, outlook);
-    const auto settings = makeSettings(line);
-    program::prepareSettings(line, *settings);
-
-    platform::native::FakeRegistry registry;
-    platform::native::FileResources resources;
-    platform::native::FixedSystemInfo system(programFolder());
-    platform::Platform world{outlook.automation(), desktop, *settings, registry, resources, clock, system};
-    addin::Connect connect(world);
+    std::optional<program::FileSettingsStore> store;
+    if (line.settingsFile) {
+        store.emplace(program::pathOf(*line.settingsFile));
+    }
+    platform::native::MemoryPorts ports(outlook.automation(), desktop, clock, store ? &*store : nullptr,
+                                        programFolder());
+    program::prepareSettings(line, ports.platform.settings);
+    addin::Connect connect(ports.platform);
     try {
         connect.OnConnection(outlook.application(), atStartup,
                              outlook.makeAddIn(L"Veltro.Connect", L"Veltro"));
@@ -103,7 +94,7 @@ ExitStatus use(const CommandLine& line, const Messages& messages, program::Repor
     session.quit();
     connect.OnDisconnection(hostShutdown);
     if (line.trace) {
-        report.skipped(system.debugLines());
+        report.skipped(ports.system.debugLines());
     }
     program::keepSettingsFolder(line, outlook);
     if (unanswered()) {

@@ -82,8 +82,8 @@ class OverlapWorld : public AccountsWorld, private platform::PromptObserver {
     std::function<void()> action_;
     platform::native::ScriptedDesktop screen_;
     AlertingDesktop desktop_{screen_, here};
-    platform::Platform platform_{
-        outlook.automation(), desktop_, settings, registry, resources, clock, system};
+    platform::Platform platform_{outlook.automation(), desktop_, settings,    registry,
+                                 ports.resources,      clock,    ports.system};
 
   public:
     basGlobals::Globals here{platform_};

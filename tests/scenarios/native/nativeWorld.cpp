@@ -1,10 +1,7 @@
 #include <filesystem>
 
 #include "addin/Connect.h"
-#include "platform/native/FakeRegistry.h"
-#include "platform/native/FileResources.h"
-#include "platform/native/FixedSystemInfo.h"
-#include "platform/native/MemorySettingsStore.h"
+#include "platform/native/MemoryPorts.h"
 #include "platform/native/ScriptedDesktop.h"
 #include "platform/native/SystemClock.h"
 #include "platform/text.h"
@@ -26,13 +23,14 @@ class NativeWorld : public AddInWorld {
           objects_(outlook.automation()),
           desktop_(std::move(answers), observer),
           clock_(setup.now),
-          system_(setup.resourceLibrary ? programFolder() : L"\\nowhere"),
-          connection_(world_) {
+          ports_(objects_, desktop_, clock_, nullptr,
+                 setup.resourceLibrary ? programFolder() : L"\\nowhere") {
         for (const auto& [key, value] : setup.settings) {
-            settings_.write(key, value);
+            ports_.settings.write(key, value);
         }
         for (const auto& [name, value] : setup.presets) {
-            registry_.setText(platform::RootKey::LocalMachine, L"SOFTWARE\\Corvane\\Veltro", name, value);
+            ports_.registry.setText(platform::RootKey::LocalMachine, L"SOFTWARE\\Corvane\\Veltro", name,
+                                    value);
         }
     }
 
@@ -46,23 +44,23 @@ class NativeWorld : public AddInWorld {
         }
     }
     void disconnect(int removeMode) override { connection_.OnDisconnection(removeMode); }
-    std::optional<std::wstring> setting(const std::wstring& key) override { return settings_.read(key); }
-    void set(const std::wstring& key, const std::wstring& value) override { settings_.write(key, value); }
+    std::optional<std::wstring> setting(const std::wstring& key) override {
+        return ports_.settings.read(key);
+    }
+    void set(const std::wstring& key, const std::wstring& value) override {
+        ports_.settings.write(key, value);
+    }
     std::optional<std::wstring> unanswered() override { return desktop_.unanswered(); }
     std::size_t heldObjects() override { return objects_.count(); }
-    std::vector<std::string> debugLines() override { return system_.debugLines(); }
+    std::vector<std::string> debugLines() override { return ports_.system.debugLines(); }
 
   private:
     host::Outlook& outlook_;
     CountedObjects objects_;
     platform::native::ScriptedDesktop desktop_;
-    platform::native::MemorySettingsStore settings_;
-    platform::native::FakeRegistry registry_;
-    platform::native::FileResources resources_;
     platform::native::SetClock clock_;
-    platform::native::FixedSystemInfo system_;
-    platform::Platform world_{objects_, desktop_, settings_, registry_, resources_, clock_, system_};
-    addin::Connect connection_;
+    platform::native::MemoryPorts ports_;
+    addin::Connect connection_{ports_.platform};
 };
 
 }  // namespace
