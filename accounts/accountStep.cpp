@@ -19,10 +19,6 @@ namespace {
 using basGlobals::Globals;
 using Decision = AccountAnswer::Decision;
 
-/// Kinds of address entry that are lists.
-constexpr std::int32_t distributionList = 1;
-constexpr std::int32_t personalDistributionList = 5;
-
 /// The step at one send.
 class Step {
   public:
@@ -86,8 +82,7 @@ bool Step::concerns() const {
     if (!entry) {
         return false;  // Nobody that Outlook knows: it will refuse the mail itself.
     }
-    const std::int32_t type = entry.displayType();
-    return type != distributionList && type != personalDistributionList;
+    return !entry.isList();
 }
 
 /// The account set on the mail, else the one that Outlook takes by default.

@@ -12,11 +12,8 @@ namespace basVeltro {
 
 namespace {
 
-constexpr std::int32_t exchangeList = 1;
-constexpr std::int32_t personalList = 5;
-
 void readEntry(const redemption::AddressEntry& entry, MailRecipient& read) {
-    const std::int32_t displayType = entry.displayType();
+    const bool list = entry.isList();
     const std::wstring type = entry.type();
     read.rawAddress = entry.address();
     read.address = basGlobals::entryAddress(entry, type, read.rawAddress);
@@ -24,8 +21,7 @@ void readEntry(const redemption::AddressEntry& entry, MailRecipient& read) {
     if (read.exchange) {
         read.name = entry.name();
     }
-    read.list = displayType == exchangeList || displayType == personalList ||
-                read.address == basGlobals::distributionListAddress;
+    read.list = list || read.address == basGlobals::distributionListAddress;
 }
 
 MailRecipient readRecipient(const redemption::Recipient& recipient) {

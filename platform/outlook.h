@@ -94,8 +94,12 @@ class AddressEntry : public Front {
     std::wstring type() const { return object_.get(L"Type").toText(); }
     /// In the form of its own address book.
     std::wstring address() const { return object_.get(L"Address").toText(); }
-    /// 0 a user, 1 a distribution list, 5 a personal distribution list.
-    std::int32_t displayType() const { return object_.get(L"DisplayType").toInteger(); }
+    bool isList() const {
+        constexpr std::int32_t distributionList = 1;
+        constexpr std::int32_t personalList = 5;
+        const std::int32_t type = object_.get(L"DisplayType").toInteger();
+        return type == distributionList || type == personalList;
+    }
 };
 
 class Recipient : public Front {
