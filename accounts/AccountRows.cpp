@@ -5,24 +5,23 @@
 #include <utility>
 
 #include "accounts/XmlReader.h"
+#include "platform/characters.h"
 #include "platform/text.h"
 
 namespace {
 
-constexpr wchar_t nonBreakingSpace = 0xA0;
-
 /// Editors add non-breaking spaces to a plain body, or put them in the place of its spaces. Those are missed
 /// where they parted one word from the next.
 rowset::Rowset readBody(std::wstring body, const rowset::Limits& limits) {
-    if (body.find(nonBreakingSpace) == std::wstring::npos) {
+    if (body.find(text::nonBreakingSpace) == std::wstring::npos) {
         return rowset::readRowset(body, limits);
     }
     try {
         std::wstring without = body;
-        std::erase(without, nonBreakingSpace);
+        std::erase(without, text::nonBreakingSpace);
         return rowset::readRowset(without, limits);
     } catch (const rowset::NotARowset&) {
-        std::ranges::replace(body, nonBreakingSpace, L' ');
+        std::ranges::replace(body, text::nonBreakingSpace, L' ');
         return rowset::readRowset(body, limits);
     }
 }

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "accounts/characters.h"
+#include "platform/characters.h"
 
 namespace rowset {
 
@@ -71,17 +72,7 @@ std::uint32_t referencedPoint(std::wstring_view reference) {
         }
         point = point * static_cast<std::uint32_t>(base) + static_cast<std::uint32_t>(digit);
     }
-    const bool surrogate = point >= 0xD800 && point <= 0xDFFF;
-    return surrogate || point > 0x10FFFF ? 0 : point;
-}
-
-void appendPoint(std::wstring& text, std::uint32_t point) {
-    if (sizeof(wchar_t) == 2 && point >= 0x10000) {
-        text += static_cast<wchar_t>(0xD800 + ((point - 0x10000) >> 10));
-        text += static_cast<wchar_t>(0xDC00 + ((point - 0x10000) & 0x3FF));
-    } else {
-        text += static_cast<wchar_t>(point);
-    }
+    return text::isSurrogate(point) || point > 0x10FFFF ? 0 : point;
 }
 
 }  // namespace
@@ -273,7 +264,7 @@ std::wstring XmlReader::decoded(const Attribute& attribute) const {
         if (point == 0) {
             refuse("an unknown reference");
         }
-        appendPoint(value, point);
+        text::append(value, point);
         start = mark + end + 1;
     }
     value.append(raw, start);

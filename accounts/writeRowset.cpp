@@ -4,6 +4,7 @@
 #include "accounts/XmlReader.h"
 #include "accounts/characters.h"
 #include "platform/automation.h"
+#include "platform/characters.h"
 
 namespace rowset {
 
@@ -18,8 +19,7 @@ std::size_t bytesOf(wchar_t unit) {
     if (point < 0x80) {
         return 1;
     }
-    const bool half = point >= 0xD800 && point < 0xE000;
-    if (point < 0x800 || half) {
+    if (point < 0x800 || text::isSurrogate(point)) {
         return 2;
     }
     return point < 0x10000 ? 3 : 4;

@@ -3,26 +3,27 @@
 #include <algorithm>
 #include <limits>
 
+#include "platform/characters.h"
 #include "platform/text.h"
 
 namespace basVeltro {
 
 namespace {
 
-constexpr wchar_t nonBreakingSpace = 0xA0;
-
 /// Characters of the ASCII range take no call.
-wchar_t foldedQuickly(wchar_t character) {
+wchar_t foldedCharacter(wchar_t character) {
     if (character < 0x80) {
         return character >= L'a' && character <= L'z' ? static_cast<wchar_t>(character - 0x20) : character;
     }
-    return KeywordFinder::folded(character);
+    return character == text::nonBreakingSpace ? L' ' : text::upperCase(character);
 }
 
 }  // namespace
 
-wchar_t KeywordFinder::folded(wchar_t character) {
-    return character == nonBreakingSpace ? L' ' : text::upperCase(character);
+std::wstring KeywordFinder::folded(std::wstring_view text) {
+    std::wstring result = text::upper(text);
+    std::ranges::replace(result, text::nonBreakingSpace, L' ');
+    return result;
 }
 
 std::size_t KeywordFinder::pairHash(wchar_t first, wchar_t second) {
@@ -71,7 +72,7 @@ std::size_t KeywordFinder::shiftAt(std::wstring_view text, std::size_t windowEnd
     if (window_ < 2) {
         return 0;
     }
-    return shift_[pairHash(foldedQuickly(text[windowEnd - 2]), foldedQuickly(text[windowEnd - 1]))];
+    return shift_[pairHash(foldedCharacter(text[windowEnd - 2]), foldedCharacter(text[windowEnd - 1]))];
 }
 
 bool KeywordFinder::anyStartsAt(std::wstring_view text, std::size_t position) const {
@@ -79,7 +80,7 @@ bool KeywordFinder::anyStartsAt(std::wstring_view text, std::size_t position) co
     return std::ranges::any_of(keywords_, [rest](const std::wstring& keyword) {
         return keyword.size() <= rest.size() &&
                std::equal(keyword.begin(), keyword.end(), rest.begin(),
-                          [](wchar_t wanted, wchar_t found) { return wanted == foldedQuickly(found); });
+                          [](wchar_t wanted, wchar_t found) { return wanted == foldedCharacter(found); });
     });
 }
 

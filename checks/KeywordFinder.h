@@ -19,7 +19,7 @@ class KeywordFinder {
     bool foundIn(std::wstring_view text) const;
 
     /// The form in which texts are compared: upper case, non-breaking spaces as ordinary ones.
-    static wchar_t folded(wchar_t character);
+    static std::wstring folded(std::wstring_view text);
 
   private:
     static constexpr std::size_t tableSize = 4096;

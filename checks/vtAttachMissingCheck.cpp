@@ -15,18 +15,10 @@ namespace {
 
 using basGlobals::Globals;
 
-constexpr wchar_t nonBreakingSpace = 0xA0;
-
 constexpr wchar_t question[] =
     L"The text of this email indicates that you may have intended to send it with attachments.\r\n\r\n"
     L"However no files were attached.\r\n\r\n"
     L"Do you want to send this e-mail without attachments?";
-
-std::wstring folded(std::wstring_view text) {
-    std::wstring result = text::upper(text);
-    std::ranges::replace(result, nonBreakingSpace, L' ');
-    return result;
-}
 
 /// The subject and what the user wrote above the message being answered.
 std::wstring writtenText(OutgoingMail& mail) {
@@ -43,7 +35,7 @@ std::wstring withoutIgnoredText(const Globals& globals, std::wstring text) {
         return text;
     }
     const std::wstring ignored(text::trim(modRegKeys::IgnoreTextValue.read(globals)));
-    return text::replaceAll(folded(text), folded(ignored), L" ");
+    return text::replaceAll(KeywordFinder::folded(text), KeywordFinder::folded(ignored), L" ");
 }
 
 bool promisesAttachment(const Globals& globals, OutgoingMail& mail) {

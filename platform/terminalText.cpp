@@ -2,20 +2,14 @@
 
 #include <algorithm>
 
+#include "platform/characters.h"
 #include "platform/text.h"
 
 namespace platform {
 
 namespace {
 
-constexpr wchar_t replacementCharacter = 0xFFFD;
-
-bool isHighSurrogate(wchar_t unit) {
-    return unit >= 0xD800 && unit < 0xDC00;
-}
-bool isLowSurrogate(wchar_t unit) {
-    return unit >= 0xDC00 && unit < 0xE000;
-}
+constexpr char32_t replacementCharacter = 0xFFFD;
 
 }  // namespace
 
@@ -27,13 +21,10 @@ bool drivesTerminal(wchar_t character) {
 }
 
 std::string plainUtf8(std::wstring_view text) {
-    std::wstring plain(text);
-    for (std::size_t index = 0; index < plain.size(); ++index) {
-        if (isHighSurrogate(plain[index]) && index + 1 < plain.size() && isLowSurrogate(plain[index + 1])) {
-            ++index;
-        } else if (isHighSurrogate(plain[index]) || isLowSurrogate(plain[index])) {
-            plain[index] = replacementCharacter;
-        }
+    std::wstring plain;
+    for (std::size_t position = 0; position < text.size();) {
+        const char32_t character = text::takeCharacter(text, position);
+        text::append(plain, text::isSurrogate(character) ? replacementCharacter : character);
     }
     return text::toUtf8(plain);
 }

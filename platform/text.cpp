@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "platform/characters.h"
+
 namespace text {
 
 std::wstring_view trimLeft(std::wstring_view text) {
@@ -69,13 +71,6 @@ namespace {
 
 constexpr char32_t replacementCharacter = 0xFFFD;
 
-bool isHighSurrogate(char32_t unit) {
-    return unit >= 0xD800 && unit < 0xDC00;
-}
-bool isLowSurrogate(char32_t unit) {
-    return unit >= 0xDC00 && unit < 0xE000;
-}
-
 void appendUtf8(std::string& bytes, char32_t point) {
     const auto put = [&bytes](char32_t byte) {
         bytes += static_cast<char>(static_cast<unsigned char>(byte));
@@ -94,15 +89,6 @@ void appendUtf8(std::string& bytes, char32_t point) {
         put(0x80 | ((point >> 12) & 0x3F));
         put(0x80 | ((point >> 6) & 0x3F));
         put(0x80 | (point & 0x3F));
-    }
-}
-
-void appendWide(std::wstring& text, char32_t point) {
-    if (sizeof(wchar_t) == 2 && point >= 0x10000) {
-        text += static_cast<wchar_t>(0xD800 + ((point - 0x10000) >> 10));
-        text += static_cast<wchar_t>(0xDC00 + ((point - 0x10000) & 0x3FF));
-    } else {
-        text += static_cast<wchar_t>(point);
     }
 }
 
@@ -134,13 +120,8 @@ char32_t readUtf8(std::string_view bytes, std::size_t& position) {
 std::string toUtf8(std::wstring_view text) {
     std::string bytes;
     bytes.reserve(text.size());
-    for (std::size_t index = 0; index < text.size(); ++index) {
-        auto point = static_cast<char32_t>(text[index]);
-        if (isHighSurrogate(point) && index + 1 < text.size() &&
-            isLowSurrogate(static_cast<char32_t>(text[index + 1]))) {
-            ++index;
-            point = 0x10000 + ((point - 0xD800) << 10) + (static_cast<char32_t>(text[index]) - 0xDC00);
-        }
+    for (std::size_t position = 0; position < text.size();) {
+        const char32_t point = takeCharacter(text, position);
         appendUtf8(bytes, point > 0x10FFFF ? replacementCharacter : point);
     }
     return bytes;
@@ -150,7 +131,7 @@ std::wstring fromUtf8(std::string_view bytes) {
     std::wstring text;
     text.reserve(bytes.size());
     for (std::size_t position = 0; position < bytes.size();) {
-        appendWide(text, readUtf8(bytes, position));
+        append(text, readUtf8(bytes, position));
     }
     return text;
 }

@@ -5,6 +5,7 @@
 #include <stdexcept>
 
 #include "host/LocalTime.h"
+#include "platform/characters.h"
 #include "platform/text.h"
 
 namespace program {
@@ -15,60 +16,33 @@ constexpr char utf16[] = "utf16";
 /// Distribution lists hold lists; nobody nests them deeper.
 constexpr int deepestMembers = 16;
 
-bool isHigh(std::uint32_t unit) {
-    return unit >= 0xD800 && unit < 0xDC00;
-}
-bool isLow(std::uint32_t unit) {
-    return unit >= 0xDC00 && unit < 0xE000;
-}
-
-std::vector<std::uint32_t> toUnits(const std::wstring& text) {
-    std::vector<std::uint32_t> units;
-    for (const wchar_t character : text) {
-        const auto point = static_cast<std::uint32_t>(character);
-        if (point < 0x10000) {
-            units.push_back(point);
-        } else {
-            units.push_back(0xD800 + ((point - 0x10000) >> 10));
-            units.push_back(0xDC00 + ((point - 0x10000) & 0x3FF));
-        }
-    }
-    return units;
+std::vector<std::uint16_t> toUnits(const std::wstring& text) {
+    const std::u16string units = text::toUtf16(text);
+    return {units.begin(), units.end()};
 }
 
 bool hasLoneSurrogate(const std::wstring& text) {
-    bool high = false;
-    for (const wchar_t character : text) {
-        const auto unit = static_cast<std::uint32_t>(character);
-        if (high != isLow(unit)) {
-            return true;
-        }
-        high = isHigh(unit);
+    bool found = false;
+    for (std::size_t position = 0; position < text.size() && !found;) {
+        found = text::isSurrogate(text::takeCharacter(text, position));
     }
-    return high;
+    return found;
 }
 
-std::uint32_t unitFrom(const Json& json) {
+char16_t unitFrom(const Json& json) {
     constexpr std::uint32_t largest = 0xFFFF;
     if (!json.is_number_unsigned() || json.get<std::uint64_t>() > largest) {
         throw std::runtime_error("utf16 holds something else than numbers up to 65535");
     }
-    return json.get<std::uint32_t>();
+    return static_cast<char16_t>(json.get<std::uint16_t>());
 }
 
 std::wstring fromUnits(const Json& units) {
-    std::wstring text;
-    for (std::size_t index = 0; index < units.size(); ++index) {
-        const std::uint32_t unit = unitFrom(units[index]);
-        const std::uint32_t next = index + 1 < units.size() ? unitFrom(units[index + 1]) : 0;
-        if (sizeof(wchar_t) > 2 && isHigh(unit) && isLow(next)) {
-            text += static_cast<wchar_t>(0x10000 + ((unit - 0xD800) << 10) + (next - 0xDC00));
-            ++index;
-        } else {
-            text += static_cast<wchar_t>(unit);
-        }
+    std::u16string text;
+    for (const Json& unit : units) {
+        text += unitFrom(unit);
     }
-    return text;
+    return text::fromUtf16(text);
 }
 
 Json texts(const std::vector<std::wstring>& values) {

@@ -6,6 +6,7 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/characters.h"
 #include "platform/text.h"
 
 namespace program {
@@ -27,9 +28,8 @@ std::size_t characterLength(std::string_view bytes) {
     const auto lead = static_cast<unsigned char>(bytes.front());
     const std::size_t length = lead < 0x80 ? 1 : lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
     const std::wstring character = text::fromUtf8(bytes.substr(0, length));
-    const bool surrogate = character.front() >= 0xD800 && character.front() < 0xE000;
     const bool same = text::toUtf8(character) == bytes.substr(0, length);
-    return same && !surrogate ? length : 0;
+    return same && !text::isSurrogate(static_cast<char32_t>(character.front())) ? length : 0;
 }
 
 std::filesystem::file_status statusOf(const std::filesystem::path& file) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/characters.h"
 #include "platform/text.h"
 
 namespace platform::native {
@@ -93,14 +94,8 @@ void FakeRegistry::setValue(RootKey root, const std::wstring& path, const std::w
 void FakeRegistry::setText(RootKey root, const std::wstring& path, const std::wstring& name,
                            const std::wstring& text) {
     RegistryData data{registry::typeString, {}};
-    for (const wchar_t character : text) {
-        const auto point = static_cast<std::uint32_t>(character);
-        if (point < 0x10000) {
-            appendUnit(data.bytes, point);
-        } else {
-            appendUnit(data.bytes, 0xD800 + ((point - 0x10000) >> 10));
-            appendUnit(data.bytes, 0xDC00 + ((point - 0x10000) & 0x3FF));
-        }
+    for (const char16_t unit : text::toUtf16(text)) {
+        appendUnit(data.bytes, unit);
     }
     appendUnit(data.bytes, 0);
     setValue(root, path, name, std::move(data));
