@@ -2,6 +2,8 @@
 
 #include <string>
 
+namespace accounts {
+
 /// What the user has decided about the account of an outgoing mail.
 struct AccountAnswer {
     enum class Decision {
@@ -16,3 +18,5 @@ struct AccountAnswer {
     /// The one to change to.
     std::wstring account{};
 };
+
+}  // namespace accounts

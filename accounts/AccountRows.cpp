@@ -8,6 +8,8 @@
 #include "platform/characters.h"
 #include "platform/text.h"
 
+namespace accounts {
+
 namespace {
 
 /// Editors add non-breaking spaces to a plain body, or put them in the place of its spaces. Those are missed
@@ -66,3 +68,5 @@ void AccountRows::takeMissing(const AccountRows& other) {
         rows_.sort(address_);
     }
 }
+
+}  // namespace accounts

@@ -4,6 +4,8 @@
 
 #include "accounts/Rowset.h"
 
+namespace accounts {
+
 /// An address and the account to send with to it.
 struct AccountEntry {
     std::wstring address;
@@ -45,3 +47,5 @@ class AccountRows {
     rowset::Column address_;
     rowset::Column account_;
 };
+
+}  // namespace accounts

@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-namespace rowset {
+namespace accounts::rowset {
 
 /// How far a text is read before it is refused: far beyond any rowset's needs, and small enough that a
 /// hostile text grows little in memory. They are counted in what is kept of a text, so that a rowset keeps
@@ -16,4 +16,4 @@ struct Limits {
     std::size_t mostUndeclaredColumns = 1'000;
 };
 
-}  // namespace rowset
+}  // namespace accounts::rowset

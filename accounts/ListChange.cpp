@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <utility>
 
+namespace accounts {
+
 namespace {
 
 std::optional<std::size_t> rowOf(const AccountRows& list, const AccountEntry& entry) {
@@ -65,3 +67,5 @@ bool ListChange::isIn(const AccountRows& stored, const AccountRows& written) con
     const bool gone = !from_ || from_ == to_ || countOf(stored, *from_) <= countOf(written, *from_);
     return arrived && gone;
 }
+
+}  // namespace accounts

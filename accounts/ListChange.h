@@ -4,6 +4,8 @@
 
 #include "accounts/AccountRows.h"
 
+namespace accounts {
+
 /// One change to the list: an entry is added, replaced or removed. It holds all that it needs, since Outlook
 /// may deliver another send inside of any call, which loads the list anew; and it can be made again, since
 /// the stored list may change before it is written.
@@ -25,3 +27,5 @@ class ListChange {
     std::optional<AccountEntry> from_;
     std::optional<AccountEntry> to_;
 };
+
+}  // namespace accounts

@@ -6,7 +6,7 @@
 
 #include "platform/text.h"
 
-namespace rowset {
+namespace accounts::rowset {
 
 namespace {
 
@@ -139,4 +139,4 @@ std::wstring_view NameSpaces::declared(std::wstring_view attribute) const {
     return resolve(declaredPrefix(attribute));
 }
 
-}  // namespace rowset
+}  // namespace accounts::rowset

@@ -8,7 +8,7 @@
 
 #include "accounts/XmlReader.h"
 
-namespace rowset {
+namespace accounts::rowset {
 
 /// The XML name spaces of a text that is being read. What an element or attribute is depends on its name
 /// space, not on the prefix which the text has chosen for it; here it is named as rowsets usually name it:
@@ -66,4 +66,4 @@ class NameSpaces {
                                  {L"z", L"#RowsetSchema"}}};
 };
 
-}  // namespace rowset
+}  // namespace accounts::rowset

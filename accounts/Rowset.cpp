@@ -6,7 +6,7 @@
 
 #include "platform/text.h"
 
-namespace rowset {
+namespace accounts::rowset {
 
 namespace {
 
@@ -107,4 +107,4 @@ void Rowset::remove() {
     rows_.erase(std::next(rows_.begin(), static_cast<std::ptrdiff_t>(current_)));
 }
 
-}  // namespace rowset
+}  // namespace accounts::rowset

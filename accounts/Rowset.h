@@ -9,7 +9,7 @@
 
 #include "accounts/Limits.h"
 
-namespace rowset {
+namespace accounts::rowset {
 
 struct Attribute {
     std::wstring name;
@@ -113,4 +113,4 @@ std::wstring writeRowset(const Rowset& rowset);
 /// is read just within the limits may grow beyond them.
 std::wstring writeReadable(const Rowset& rowset, const Limits& limits = {});
 
-}  // namespace rowset
+}  // namespace accounts::rowset

@@ -7,7 +7,7 @@
 #include "accounts/characters.h"
 #include "platform/characters.h"
 
-namespace rowset {
+namespace accounts::rowset {
 
 namespace {
 
@@ -272,4 +272,4 @@ std::wstring XmlReader::decoded(const Attribute& attribute) const {
     return value;
 }
 
-}  // namespace rowset
+}  // namespace accounts::rowset

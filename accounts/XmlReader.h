@@ -8,7 +8,7 @@
 
 #include "accounts/Limits.h"
 
-namespace rowset {
+namespace accounts::rowset {
 
 /// The text is no rowset; what() says at which character reading stopped and why.
 class NotARowset : public std::runtime_error {
@@ -75,4 +75,4 @@ class XmlReader {
     bool closesItself_ = false;
 };
 
-}  // namespace rowset
+}  // namespace accounts::rowset

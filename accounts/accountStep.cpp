@@ -12,17 +12,17 @@
 #include "settings/modRegKeys.h"
 #include "settings/prompts.h"
 
-namespace accountStep {
+namespace accounts::accountStep {
 
 namespace {
 
-using basGlobals::Globals;
+using mail::Globals;
 using Decision = AccountAnswer::Decision;
 
 /// The step at one send.
 class Step {
   public:
-    Step(Globals& globals, clsSendAcct& list, OutgoingMail& mail, bool& cancel)
+    Step(Globals& globals, clsSendAcct& list, mail::OutgoingMail& mail, bool& cancel)
         : globals_(globals), list_(list), mail_(mail), cancel_(cancel) {}
 
     void run(const listFolder::Place& found);
@@ -38,7 +38,7 @@ class Step {
 
     Globals& globals_;
     clsSendAcct& list_;
-    OutgoingMail& mail_;
+    mail::OutgoingMail& mail_;
     bool& cancel_;
     std::wstring address_;
     std::wstring accountInUse_;
@@ -46,8 +46,8 @@ class Step {
 };
 
 void Step::run(const listFolder::Place& found) {
-    const auto version = basGlobals::outlookVersion(globals_);
-    if (version == basGlobals::outlook2000 || version == basGlobals::outlook2002) {
+    const auto version = mail::outlookVersion(globals_);
+    if (version == mail::outlook2000 || version == mail::outlook2002) {
         return;
     }
     const bool offers = modRegKeys::MsgAddAddress.read(globals_) != 1;
@@ -106,7 +106,7 @@ void Step::useListed() {
     if (text::trim(preferred_).empty() || text::equalsTrimmed(preferred_, noAccount)) {
         return;
     }
-    const auto accounts = basGlobals::attempt([&] { return mail_.accounts(); });
+    const auto accounts = mail::attempt([&] { return mail_.accounts(); });
     if (!accounts || accounts->size() < 2) {
         return;
     }
@@ -152,20 +152,20 @@ void Step::switchTo(const std::wstring& account) {
 
 }  // namespace
 
-void checkPreferredAccount(Globals& globals, clsSendAcct& list, OutgoingMail& mail,
+void checkPreferredAccount(Globals& globals, clsSendAcct& list, mail::OutgoingMail& mail,
                            const listFolder::Place& found, bool& cancel) noexcept {
     try {
         Step(globals, list, mail, cancel).run(found);
     } catch (...) {
         cancel = true;
-        const automation::Error error = basGlobals::currentError();
-        basGlobals::skipErrors([&] {
+        const automation::Error error = mail::currentError();
+        mail::skipErrors([&] {
             globals.platform.desktop.messageBox(L"Error Number : " + std::to_wstring(error.number()) +
                                                     L"\r\nError Description : " + error.description(),
                                                 {platform::Buttons::Ok, platform::Icon::Critical},
                                                 globals.product.title);
         });
-        basGlobals::skipErrors([&] { redemption::cleanUp(globals.platform.automation); });
+        mail::skipErrors([&] { redemption::cleanUp(globals.platform.automation); });
     }
 }
 
@@ -199,4 +199,4 @@ AccountAnswer select(Globals& globals, clsSendAcct& list, const std::wstring& ac
     return account ? AccountAnswer{Decision::Change, *account} : AccountAnswer{Decision::GoBack};
 }
 
-}  // namespace accountStep
+}  // namespace accounts::accountStep

@@ -9,25 +9,24 @@
 
 /// The last step of a send: the account of an outgoing mail against the one that its first recipient is
 /// usually written to from.
-namespace accountStep {
+namespace accounts::accountStep {
 
 /// Has the mail sent with the preferred account, after asking where the settings want it, or sets `cancel`.
 /// `found` is where the list was found at the begin of the event. An error is shown and cancels the send.
 /// Never throws.
-void checkPreferredAccount(basGlobals::Globals& globals, clsSendAcct& list, OutgoingMail& mail,
+void checkPreferredAccount(mail::Globals& globals, clsSendAcct& list, mail::OutgoingMail& mail,
                            const listFolder::Place& found, bool& cancel) noexcept;
 
 // The dialogs of the step, which the macros of the Word template show too.
 
 /// Offers to put an unknown address on the list.
-AccountAnswer offerToAdd(basGlobals::Globals& globals, clsSendAcct& list, const std::wstring& address,
+AccountAnswer offerToAdd(mail::Globals& globals, clsSendAcct& list, const std::wstring& address,
                          const std::wstring& accountInUse);
 /// Asks for another account in place of one that is gone.
-AccountAnswer replaceMissing(basGlobals::Globals& globals, clsSendAcct& list,
-                             const std::wstring& accountInUse, const std::wstring& address,
-                             const std::wstring& message);
+AccountAnswer replaceMissing(mail::Globals& globals, clsSendAcct& list, const std::wstring& accountInUse,
+                             const std::wstring& address, const std::wstring& message);
 /// Asks which account to use.
-AccountAnswer select(basGlobals::Globals& globals, clsSendAcct& list, const std::wstring& accountInUse,
+AccountAnswer select(mail::Globals& globals, clsSendAcct& list, const std::wstring& accountInUse,
                      const std::wstring& preferred, const std::wstring& address);
 
-}  // namespace accountStep
+}  // namespace accounts::accountStep

@@ -7,11 +7,11 @@
 #include "mail/errorTrap.h"
 #include "platform/text.h"
 
-namespace basSendAcct {
+namespace accounts::basSendAcct {
 
 namespace {
 
-using basGlobals::Globals;
+using mail::Globals;
 
 template <class Predicate>
 std::optional<std::size_t> firstRow(const clsSendAcct& list, Predicate&& matches) {
@@ -79,10 +79,10 @@ std::vector<std::wstring> AccountOrder(Globals& globals) {
         }
         return names;
     };
-    return basGlobals::attempt(read).value_or(std::vector<std::wstring>());
+    return mail::attempt(read).value_or(std::vector<std::wstring>());
 }
 
-bool HasAccount(const std::vector<OutgoingMail::NamedAccount>& accounts, const std::wstring& name) {
+bool HasAccount(const std::vector<mail::OutgoingMail::NamedAccount>& accounts, const std::wstring& name) {
     return std::ranges::any_of(accounts,
                                [&](const auto& account) { return text::equalsTrimmed(account.name, name); });
 }
@@ -101,7 +101,7 @@ std::wstring PreferredAddresses(const clsSendAcct& list) {
     return addresses;
 }
 
-Membership ListMembership(const clsSendAcct& list, OutgoingMail& mail) {
+Membership ListMembership(const clsSendAcct& list, mail::OutgoingMail& mail) {
     Membership result;
     result.address = text::trim(mail.recipientAddress(1));
     // An unknown address would be found in every list.
@@ -133,4 +133,4 @@ bool MoveToEntry(clsSendAcct& list, const std::wstring& address, const std::wstr
                   }));
 }
 
-}  // namespace basSendAcct
+}  // namespace accounts::basSendAcct

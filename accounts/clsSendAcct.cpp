@@ -8,6 +8,8 @@
 #include "platform/text.h"
 #include "settings/prompts.h"
 
+namespace accounts {
+
 /// The list in memory: its current row, and what changes it.
 namespace {
 
@@ -37,8 +39,8 @@ void clsSendAcct::AbsolutePosition(std::int32_t position) {
         }
         takeCurrentValues();
     } catch (...) {
-        const auto report = basGlobals::ErrorReport::usual(L"clsSendAcct.AbsolutePosition");
-        show(report.text(basGlobals::currentError()), platform::Icon::None,
+        const auto report = mail::ErrorReport::usual(L"clsSendAcct.AbsolutePosition");
+        show(report.text(mail::currentError()), platform::Icon::None,
              prompts::titled(globals_, L"AbsolutePosition_Get_Error"));
     }
 }
@@ -80,8 +82,7 @@ bool clsSendAcct::Update() {
     if (hasControl(strEmailAddress) || hasControl(strAccount)) {
         return fail(
             L"Email Address cannot be saved because it or its account contains a control character, such as "
-            L"a "
-            L"tab or a line break.");
+            L"a tab or a line break.");
     }
     // Outlook may deliver another send inside of any call, which uses the current values too.
     const AccountEntry entry{strEmailAddress, strAccount};
@@ -116,7 +117,9 @@ bool clsSendAcct::fail(std::wstring report) {
 }
 
 void clsSendAcct::show(const std::wstring& prompt, platform::Icon icon, const std::wstring& title) const {
-    basGlobals::skipErrors([&] {
+    mail::skipErrors([&] {
         globals_.platform.desktop.messageBox(prompt, {platform::Buttons::Ok, icon}, title);
     });
 }
+
+}  // namespace accounts

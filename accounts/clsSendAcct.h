@@ -12,6 +12,8 @@
 #include "mail/Globals.h"
 #include "platform/outlook.h"
 
+namespace accounts {
+
 /// Stands for an account where none was chosen.
 inline constexpr wchar_t noAccount[] = L"No Account Selected";
 
@@ -24,7 +26,7 @@ inline constexpr wchar_t noAccount[] = L"No Account Selected";
 /// never written over. No operation throws.
 class clsSendAcct {
   public:
-    explicit clsSendAcct(basGlobals::Globals& globals) : globals_(globals) {}
+    explicit clsSendAcct(mail::Globals& globals) : globals_(globals) {}
 
     /// The current values: Find and a move fill them from the row, Update writes them into it.
     std::wstring strEmailAddress;
@@ -83,14 +85,14 @@ class clsSendAcct {
     /// noAccount and the names of the profile's accounts in their order.
     std::vector<std::wstring> LoadAccounts();
     /// The name of the profile's first account; empty on failure.
-    static std::wstring GetAccountInUse(OutgoingMail& mail);
+    static std::wstring GetAccountInUse(mail::OutgoingMail& mail);
     /// The name of the account set on a saved mail; empty when it has none, or on failure.
-    static std::wstring GetSelectedMailAccount(OutgoingMail& mail);
+    static std::wstring GetSelectedMailAccount(mail::OutgoingMail& mail);
     /// True when the profile has an account of this name, letter case and surrounding spaces aside.
-    static bool PrefAcctExists(OutgoingMail& mail, const std::wstring& account);
+    static bool PrefAcctExists(mail::OutgoingMail& mail, const std::wstring& account);
     /// Marks the mail as one to be sent with the account, and saves it. False on failure, which leaves the
     /// mail as it was.
-    static bool SendUsingPrefAccount(OutgoingMail& mail, const std::wstring& account);
+    static bool SendUsingPrefAccount(mail::OutgoingMail& mail, const std::wstring& account);
 
     // The folder.
     enum class Asked { BySend, ByUser };
@@ -128,8 +130,10 @@ class clsSendAcct {
     void showNotSaved(const std::wstring& why) const;
     void show(const std::wstring& prompt, platform::Icon icon, const std::wstring& title) const;
 
-    basGlobals::Globals& globals_;
+    mail::Globals& globals_;
     /// Nothing while no list is loaded.
     std::unique_ptr<AccountRows> list_;
     EditMode editMode_ = EditMode::None;
 };
+
+}  // namespace accounts

@@ -9,10 +9,12 @@
 #include "settings/modRegKeys.h"
 #include "settings/prompts.h"
 
+namespace accounts {
+
 using platform::Buttons;
 using platform::Icon;
 
-frmAddEmailToList::frmAddEmailToList(basGlobals::Globals& globals, clsSendAcct& list, std::wstring address,
+frmAddEmailToList::frmAddEmailToList(mail::Globals& globals, clsSendAcct& list, std::wstring address,
                                      std::wstring accountInUse)
     : Form(L"frmAddEmailToList", L"Add To List", 300, 173),
       globals_(globals),
@@ -21,9 +23,8 @@ frmAddEmailToList::frmAddEmailToList(basGlobals::Globals& globals, clsSendAcct& 
       accountInUse_(std::move(accountInUse)) {
     lblMessage.setCaption(
         L"Do you want to add " + address_ +
-        L" to Veltro list?\r\n\r\nIf you click Yes, the next screen will let you choose the "
-        L"e-mail\r\naccount "
-        L"that you use to send e-mails to " +
+        L" to Veltro list?\r\n\r\nIf you click Yes, the next screen will let you choose the e-mail\r\n"
+        L"account that you use to send e-mails to " +
         address_ +
         L".\r\n\r\nThis will ensure that you always use the correct account to send\r\ne-mails to " +
         address_ + L".\r\n\r\nIf you click Never, then you will not get this reminder for \r\n" + address_ +
@@ -37,7 +38,7 @@ frmAddEmailToList::frmAddEmailToList(basGlobals::Globals& globals, clsSendAcct& 
 
 /// An account chosen here that is not the one in use is meant for this e-mail already.
 void frmAddEmailToList::cmdYes_Click() {
-    basGlobals::trapErrors(globals_, basGlobals::ErrorReport::usual(L"frmAddEmailToList.cmdYes_Click"), [&] {
+    mail::trapErrors(globals_, mail::ErrorReport::usual(L"frmAddEmailToList.cmdYes_Click"), [&] {
         frmEmailAddressEdit editor(globals_, list_, frmEmailAddressEdit::Mode::Add,
                                    {address_, accountInUse_, {}});
         prompts::show(globals_, editor);
@@ -48,7 +49,7 @@ void frmAddEmailToList::cmdYes_Click() {
 }
 
 void frmAddEmailToList::cmdNo_Click() {
-    basGlobals::trapErrors(globals_, basGlobals::ErrorReport::usual(L"frmAddEmailToList.cmdNo_Click"), [&] {
+    mail::trapErrors(globals_, mail::ErrorReport::usual(L"frmAddEmailToList.cmdNo_Click"), [&] {
         list_.AddNew();
         list_.strEmailAddress = address_;
         list_.strAccount = noAccount;
@@ -67,13 +68,12 @@ void frmAddEmailToList::chkDontShowMessAgain_Click() {
     if (!chkDontShowMessAgain.ticked()) {
         return;
     }
-    const auto answer = basGlobals::attempt([&] {
+    const auto answer = mail::attempt([&] {
         return globals_.platform.desktop.messageBox(
             L"If you tick this box, this message will not appear for any e-mail address.\r\n\r\nWe recommend "
-            L"that you leave this unticked as the message will only appear once for each e-mail "
-            L"address.\r\n\r\nThis is the easist way to add e-mail addresses to the Veltro List.\r\n\r\nDo "
-            L"you "
-            L"still wish to stop displaying this message?",
+            L"that you leave this unticked as the message will only appear once for each e-mail address.\r\n\r\n"
+            L"This is the easist way to add e-mail addresses to the Veltro List.\r\n\r\nDo you still wish to "
+            L"stop displaying this message?",
             {Buttons::YesNo, Icon::Question}, L"Veltro");
     });
     if (answer != platform::Answer::Yes) {
@@ -87,3 +87,5 @@ void frmAddEmailToList::leave() {
     }
     hide();
 }
+
+}  // namespace accounts

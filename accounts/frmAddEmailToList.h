@@ -4,10 +4,12 @@
 #include "mail/Globals.h"
 #include "platform/forms.h"
 
+namespace accounts {
+
 /// Offers to put a recipient's address on the list of preferred accounts.
 class frmAddEmailToList : public forms::Form {
   public:
-    frmAddEmailToList(basGlobals::Globals& globals, clsSendAcct& list, std::wstring address,
+    frmAddEmailToList(mail::Globals& globals, clsSendAcct& list, std::wstring address,
                       std::wstring accountInUse);
 
     /// True when an account was chosen that the mail is now to be sent with.
@@ -22,7 +24,7 @@ class frmAddEmailToList : public forms::Form {
     void chkDontShowMessAgain_Click();
     void leave();
 
-    basGlobals::Globals& globals_;
+    mail::Globals& globals_;
     clsSendAcct& list_;
     std::wstring address_;
     std::wstring accountInUse_;
@@ -41,3 +43,5 @@ class frmAddEmailToList : public forms::Form {
     forms::Button cmdNo{*this, L"cmdNo", {189, 152, 50, 14}, L"Never"};
     forms::Button Command1{*this, L"Command1", {243, 152, 50, 14}, L"Not Now", forms::Button::Role::Cancel};
 };
+
+}  // namespace accounts

@@ -6,6 +6,8 @@
 #include "accounts/listMessages.h"
 #include "mail/errorTrap.h"
 
+namespace accounts {
+
 using Mode = frmEmailAddressEdit::Mode;
 using platform::Buttons;
 using platform::Icon;
@@ -13,14 +15,13 @@ using platform::Icon;
 namespace {
 
 template <class Handler>
-void trap(basGlobals::Globals& globals, const wchar_t* handler, const Handler& body) {
-    basGlobals::trapErrors(globals,
-                           basGlobals::ErrorReport::usual(std::wstring(L"frmEmailAddress.") + handler), body);
+void trap(mail::Globals& globals, const wchar_t* handler, const Handler& body) {
+    mail::trapErrors(globals, mail::ErrorReport::usual(std::wstring(L"frmEmailAddress.") + handler), body);
 }
 
 }  // namespace
 
-frmEmailAddress::frmEmailAddress(basGlobals::Globals& globals, clsSendAcct& list)
+frmEmailAddress::frmEmailAddress(mail::Globals& globals, clsSendAcct& list)
     : Form(L"frmEmailAddress", L"Veltro Account List", 300, 211), globals_(globals), list_(list) {
     pctAccountList.setVisible(false);
     cmdAdd.onClick = [this] { trap(globals_, L"cmdAdd_Click", [&] { cmdAdd_Click(); }); };
@@ -127,3 +128,5 @@ void frmEmailAddress::cmdClose_Click() {
 platform::Answer frmEmailAddress::show(const std::wstring& prompt, platform::MessageStyle style) const {
     return globals_.platform.desktop.messageBox(prompt, style, L"Veltro");
 }
+
+}  // namespace accounts

@@ -7,10 +7,12 @@
 #include "mail/Globals.h"
 #include "platform/forms.h"
 
+namespace accounts {
+
 /// The window in which the list of preferred accounts is looked after.
 class frmEmailAddress : public forms::Form {
   public:
-    frmEmailAddress(basGlobals::Globals& globals, clsSendAcct& list);
+    frmEmailAddress(mail::Globals& globals, clsSendAcct& list);
 
   private:
     void cmdAdd_Click();
@@ -26,7 +28,7 @@ class frmEmailAddress : public forms::Form {
     bool edit(frmEmailAddressEdit::Mode mode, const std::wstring& address, const std::wstring& account);
     platform::Answer show(const std::wstring& prompt, platform::MessageStyle style) const;
 
-    basGlobals::Globals& globals_;
+    mail::Globals& globals_;
     clsSendAcct& list_;
 
     forms::Picture PicLogo{*this, L"PicLogo", {7, 7, 21, 20}, forms::Picture::Image::Information};
@@ -40,3 +42,5 @@ class frmEmailAddress : public forms::Form {
     forms::Picture pctAccountList{
         *this, L"pctAccountList", {272, 7, 21, 20}, forms::Picture::Image::Information};
 };
+
+}  // namespace accounts

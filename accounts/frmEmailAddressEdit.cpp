@@ -8,6 +8,8 @@
 #include "mail/errorTrap.h"
 #include "platform/text.h"
 
+namespace accounts {
+
 using Mode = frmEmailAddressEdit::Mode;
 using platform::Icon;
 
@@ -27,8 +29,7 @@ const wchar_t* captionFor(Mode mode) {
 
 }  // namespace
 
-frmEmailAddressEdit::frmEmailAddressEdit(basGlobals::Globals& globals, clsSendAcct& list, Mode mode,
-                                         Entry entry)
+frmEmailAddressEdit::frmEmailAddressEdit(mail::Globals& globals, clsSendAcct& list, Mode mode, Entry entry)
     : Form(L"frmEmailAddressEdit", captionFor(mode), 300,
            70 + (mode == Mode::MissingAccount ? messageHeight : 0)),
       globals_(globals),
@@ -67,7 +68,7 @@ void frmEmailAddressEdit::chooseAccount(const std::wstring& account) {
 }
 
 void frmEmailAddressEdit::cmdOK_Click() {
-    basGlobals::trapErrors(globals_, basGlobals::ErrorReport::usual(L"frmEmailAddressEdit.cmdOK_Click"), [&] {
+    mail::trapErrors(globals_, mail::ErrorReport::usual(L"frmEmailAddressEdit.cmdOK_Click"), [&] {
         if (!isComplete()) {
             return;
         }
@@ -145,3 +146,5 @@ std::wstring frmEmailAddressEdit::address() const {
 void frmEmailAddressEdit::tell(const std::wstring& prompt, Icon icon) const {
     globals_.platform.desktop.messageBox(prompt, {platform::Buttons::Ok, icon}, L"Veltro");
 }
+
+}  // namespace accounts

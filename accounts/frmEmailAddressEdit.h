@@ -4,6 +4,8 @@
 #include "mail/Globals.h"
 #include "platform/forms.h"
 
+namespace accounts {
+
 /// One entry of the list of preferred accounts.
 class frmEmailAddressEdit : public forms::Form {
   public:
@@ -21,7 +23,7 @@ class frmEmailAddressEdit : public forms::Form {
         std::wstring message;
     };
 
-    frmEmailAddressEdit(basGlobals::Globals& globals, clsSendAcct& list, Mode mode, Entry entry);
+    frmEmailAddressEdit(mail::Globals& globals, clsSendAcct& list, Mode mode, Entry entry);
 
     /// True once the entry is stored.
     bool saved() const { return saved_; }
@@ -39,7 +41,7 @@ class frmEmailAddressEdit : public forms::Form {
     std::wstring address() const;
     void tell(const std::wstring& prompt, platform::Icon icon) const;
 
-    basGlobals::Globals& globals_;
+    mail::Globals& globals_;
     clsSendAcct& list_;
     Mode mode_;
     /// What the list holds in the row.
@@ -66,3 +68,5 @@ class frmEmailAddressEdit : public forms::Form {
     forms::Button cmdCancel{
         *this, L"cmdCancel", {243, below(49), 50, 14}, L"&Cancel", forms::Button::Role::Cancel};
 };
+
+}  // namespace accounts

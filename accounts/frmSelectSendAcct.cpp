@@ -7,7 +7,9 @@
 #include "platform/text.h"
 #include "settings/modRegKeys.h"
 
-frmSelectSendAcct::frmSelectSendAcct(basGlobals::Globals& globals, clsSendAcct& list, std::wstring preferred,
+namespace accounts {
+
+frmSelectSendAcct::frmSelectSendAcct(mail::Globals& globals, clsSendAcct& list, std::wstring preferred,
                                      std::wstring address, const std::wstring& given)
     : Form(L"frmSelectSendAcct", L"Veltro", 280, 171),
       globals_(globals),
@@ -43,7 +45,7 @@ bool frmSelectSendAcct::otherChosen() const {
 }
 
 void frmSelectSendAcct::cmdOK_Click() {
-    basGlobals::skipErrors([&] {
+    mail::skipErrors([&] {
         if (chkSetDefault.ticked() && otherChosen()) {
             makePreferred(cmbAccts.value());
         }
@@ -66,3 +68,5 @@ void frmSelectSendAcct::makePreferred(const std::wstring& account) {
             list_.ErrorReport, {platform::Buttons::Ok, platform::Icon::Warning}, globals_.product.title);
     }
 }
+
+}  // namespace accounts

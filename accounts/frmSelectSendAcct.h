@@ -6,12 +6,14 @@
 #include "mail/Globals.h"
 #include "platform/forms.h"
 
+namespace accounts {
+
 /// Asks which account to send with when the one in use is not the preferred one.
 class frmSelectSendAcct : public forms::Form {
   public:
     /// `given` is the account that is offered first beside the preferred one.
-    frmSelectSendAcct(basGlobals::Globals& globals, clsSendAcct& list, std::wstring preferred,
-                      std::wstring address, const std::wstring& given);
+    frmSelectSendAcct(mail::Globals& globals, clsSendAcct& list, std::wstring preferred, std::wstring address,
+                      const std::wstring& given);
 
     /// The account to send with; nothing: back to the e-mail. That is what closing the box means, too.
     const std::optional<std::wstring>& account() const { return answer_; }
@@ -23,7 +25,7 @@ class frmSelectSendAcct : public forms::Form {
     bool otherChosen() const;
     void makePreferred(const std::wstring& account);
 
-    basGlobals::Globals& globals_;
+    mail::Globals& globals_;
     clsSendAcct& list_;
     std::wstring preferred_;
     std::wstring address_;
@@ -45,3 +47,5 @@ class frmSelectSendAcct : public forms::Form {
                                  L"future e-mails."};
     forms::Button cmdOK{*this, L"cmdOK", {223, 150, 50, 14}, L"OK", forms::Button::Role::Default};
 };
+
+}  // namespace accounts

@@ -4,16 +4,16 @@
 #include "accounts/XmlReader.h"
 #include "mail/errorTrap.h"
 
-namespace listBody {
+namespace accounts::listBody {
 
 namespace {
 
-using basGlobals::attempt;
+using mail::attempt;
 
 /// An item that could not be saved would go on showing, and Outlook perhaps save later, what was only meant
 /// to be stored. What somebody else has written there meanwhile stays.
 Outcome takeBack(const redemption::SafeItem& item, const std::wstring& before, const std::wstring& after) {
-    const bool takenBack = basGlobals::skipErrors([&] {
+    const bool takenBack = mail::skipErrors([&] {
         if (holdSameList(item.body(), after)) {
             item.setBody(before);
             item.commit();
@@ -53,11 +53,11 @@ Result replace(const redemption::SafeItem& item, const std::wstring& before, con
         item.setBody(after);
         item.commit();
     } catch (...) {
-        std::wstring error = basGlobals::currentError().description();
+        std::wstring error = mail::currentError().description();
         return {takeBack(item, before, after), std::move(error)};
     }
     const auto now = attempt([&] { return item.body(); });
     return {!now || holdSameList(*now, after) ? Outcome::Stored : Outcome::Overwritten, {}};
 }
 
-}  // namespace listBody
+}  // namespace accounts::listBody

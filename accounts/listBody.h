@@ -6,7 +6,7 @@
 
 /// The body of the item that holds the list, which others write as well: Outlook delivers other sends inside
 /// of its calls, and another Outlook may be at work on the same mailbox.
-namespace listBody {
+namespace accounts::listBody {
 
 /// Outlook need not give back a body character for character as it was written.
 bool holdSameList(const std::wstring& left, const std::wstring& right);
@@ -33,4 +33,4 @@ struct Result {
 /// when the item cannot be read.
 Result replace(const redemption::SafeItem& item, const std::wstring& before, const std::wstring& after);
 
-}  // namespace listBody
+}  // namespace accounts::listBody

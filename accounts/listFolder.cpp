@@ -9,12 +9,12 @@
 #include "mail/errorTrap.h"
 #include "platform/text.h"
 
-namespace listFolder {
+namespace accounts::listFolder {
 
 namespace {
 
-using basGlobals::attempt;
-using basGlobals::Globals;
+using mail::attempt;
+using mail::Globals;
 using outlook::Folder;
 using Folders = outlook::Collection<Folder>;
 
@@ -140,4 +140,4 @@ std::wstring pathOf(const Globals& globals, const Folder& folder) {
     return path ? *path : parentName(globals) + L"\\" + folderName(globals);
 }
 
-}  // namespace listFolder
+}  // namespace accounts::listFolder

@@ -7,7 +7,7 @@
 #include "platform/outlook.h"
 
 /// The folder of the user's own mailbox that holds the list of preferred accounts.
-namespace listFolder {
+namespace accounts::listFolder {
 
 /// What an item must have as its subject, to the letter, to be the one that holds the list.
 inline constexpr wchar_t listSubject[] = L"Email Address";
@@ -28,19 +28,19 @@ struct Place {
 };
 
 /// Where all folders of the mailbox begin. Throws automation::Error.
-outlook::Folder mailbox(const basGlobals::Globals& globals);
+outlook::Folder mailbox(const mail::Globals& globals);
 
 /// Looks for the folder in the places where it can be. Throws automation::Error when the mailbox cannot be
 /// searched: what could not be seen does not count as missing.
-Place find(const basGlobals::Globals& globals);
+Place find(const mail::Globals& globals);
 
 /// The items of a folder that have the subject of the list, in their order. Throws automation::Error.
 std::vector<outlook::Item> listItems(const outlook::Folder& folder);
 
 /// Adds the folder, and its parent when that is missing too. Throws automation::Error.
-outlook::Folder make(const basGlobals::Globals& globals);
+outlook::Folder make(const mail::Globals& globals);
 
 /// For the user's eyes.
-std::wstring pathOf(const basGlobals::Globals& globals, const outlook::Folder& folder);
+std::wstring pathOf(const mail::Globals& globals, const outlook::Folder& folder);
 
-}  // namespace listFolder
+}  // namespace accounts::listFolder

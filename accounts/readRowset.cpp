@@ -12,7 +12,7 @@
 #include "accounts/XmlReader.h"
 #include "platform/number.h"
 
-namespace rowset {
+namespace accounts::rowset {
 
 namespace {
 
@@ -333,4 +333,4 @@ Rowset readRowset(std::wstring_view xml, const Limits& limits) {
     return RowsetReader(xml, limits).read();
 }
 
-}  // namespace rowset
+}  // namespace accounts::rowset

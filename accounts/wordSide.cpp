@@ -7,11 +7,11 @@
 #include "mail/basWordMail.h"
 #include "mail/errorTrap.h"
 
-namespace wordSide {
+namespace accounts::wordSide {
 
 namespace {
 
-using basGlobals::Globals;
+using mail::Globals;
 using Decision = AccountAnswer::Decision;
 
 Decision decisionOf(const Answers& left) {
@@ -30,7 +30,7 @@ Answers run(const Globals& globals, clsSendAcct& list, DialogMode mode, const wc
             const Arguments&... arguments) {
     list.leftByWord = {.dialogMode = mode};
     const bool ran =
-        basGlobals::skipErrors([&] { basWordMail::activeWord(globals).call(L"Run", macro, arguments...); });
+        mail::skipErrors([&] { basWordMail::activeWord(globals).call(L"Run", macro, arguments...); });
     const Answers left = std::exchange(list.leftByWord, {});
     return ran && list.LoadList() ? left : Answers();
 }
@@ -66,4 +66,4 @@ AccountAnswer select(const Globals& globals, clsSendAcct& list, const std::wstri
     return {decisionOf(left), left.strAccount.empty() ? preferred : left.strAccount};
 }
 
-}  // namespace wordSide
+}  // namespace accounts::wordSide

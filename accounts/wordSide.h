@@ -4,16 +4,18 @@
 
 #include "accounts/AccountAnswer.h"
 
+namespace accounts {
 class clsSendAcct;
+}
 
-namespace basGlobals {
+namespace mail {
 struct Globals;
 }
 
 /// The questions of the account step where Word is the editor of mails: a macro of the add-in's Word template
 /// asks each of them. Macros know neither the add-in's types nor its memory; what they leave are texts,
 /// numbers and flags, which go no further than here.
-namespace wordSide {
+namespace accounts::wordSide {
 
 /// Why a macro opens the dialog for an entry of the list, by its numbers.
 enum class DialogMode {
@@ -43,12 +45,12 @@ struct Answers {
 // Each runs its macro; where that cannot be done nothing is asked, and the mail leaves as it is. The list is
 // loaded anew afterwards, as the macro may have stored something.
 
-AccountAnswer offerToAdd(const basGlobals::Globals& globals, clsSendAcct& list, const std::wstring& address,
+AccountAnswer offerToAdd(const mail::Globals& globals, clsSendAcct& list, const std::wstring& address,
                          const std::wstring& accountInUse);
-AccountAnswer replaceMissing(const basGlobals::Globals& globals, clsSendAcct& list,
+AccountAnswer replaceMissing(const mail::Globals& globals, clsSendAcct& list,
                              const std::wstring& accountInUse, const std::wstring& address,
                              const std::wstring& message);
-AccountAnswer select(const basGlobals::Globals& globals, clsSendAcct& list, const std::wstring& accountInUse,
+AccountAnswer select(const mail::Globals& globals, clsSendAcct& list, const std::wstring& accountInUse,
                      const std::wstring& preferred, const std::wstring& address);
 
-}  // namespace wordSide
+}  // namespace accounts::wordSide

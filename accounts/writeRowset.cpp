@@ -6,7 +6,7 @@
 #include "platform/automation.h"
 #include "platform/characters.h"
 
-namespace rowset {
+namespace accounts::rowset {
 
 namespace {
 
@@ -222,4 +222,4 @@ std::wstring writeReadable(const Rowset& rowset, const Limits& limits) {
     return text;
 }
 
-}  // namespace rowset
+}  // namespace accounts::rowset

@@ -16,8 +16,8 @@ namespace addin {
 
 namespace {
 
-using basGlobals::attempt;
-using basGlobals::skipErrors;
+using mail::attempt;
+using mail::skipErrors;
 
 /// String resources of the product's texts.
 namespace stringId {
@@ -87,7 +87,7 @@ void Connect::tellOfMissingLibrary() {
 }
 
 void Connect::openResourceLibrary() {
-    globals_.resources = std::make_unique<clsResource>(globals_.platform.resources);
+    globals_.resources = std::make_unique<mail::clsResource>(globals_.platform.resources);
     // Without the library every text has its fallback.
     skipErrors([&] {
         globals_.resources->setLibraryFilePath(
@@ -96,7 +96,7 @@ void Connect::openResourceLibrary() {
 }
 
 void Connect::readProductTexts() {
-    basGlobals::ProductTexts& product = globals_.product;
+    mail::ProductTexts& product = globals_.product;
     product.aboutText = globals_.resourceOr(
         stringId::aboutText, L"Veltro stops mistakes before an e-mail leaves Microsoft Outlook.");
     product.webSite = globals_.resourceOr(stringId::webSite, L"http://www.corvane.example");
@@ -162,8 +162,8 @@ bool Connect::wrapOpenExplorers() {
 }
 
 void Connect::loadAccountList() {
-    const auto list = basSendAcct::TheList(globals_);
-    const listFolder::Place found = list->Initialise();
+    const auto list = accounts::basSendAcct::TheList(globals_);
+    const accounts::listFolder::Place found = list->Initialise();
     if (!globals_.redemptionMissing && !list->LoadFound(found)) {
         list->LoadList();
     }
@@ -174,7 +174,7 @@ void Connect::refreshEmailList() {
         return;
     }
     // A profile that could not be read must not empty the list.
-    if (const auto addresses = basGlobals::vtAccountsEmailAddress(globals_)) {
+    if (const auto addresses = mail::vtAccountsEmailAddress(globals_)) {
         modRegKeys::EmailList.write(globals_, *addresses);
     }
 }

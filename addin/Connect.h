@@ -32,7 +32,7 @@ class Connect {
     void OnDisconnection(int removeMode);
 
     const WindowWrappers& wrappers() const { return wrappers_; }
-    const basGlobals::Trace& trace() const { return trace_; }
+    const mail::Trace& trace() const { return trace_; }
 
   private:
     void openResourceLibrary();
@@ -56,11 +56,11 @@ class Connect {
     void tellOfMissingLibrary();
 
     /// This thread's while the add-in lives: made before what it hears of, and gone after.
-    basGlobals::Trace trace_;
-    AlertingDesktop desktop_;
+    mail::Trace trace_;
+    settings::AlertingDesktop desktop_;
     /// The world with that desktop.
     platform::Platform platform_;
-    basGlobals::Globals globals_;
+    mail::Globals globals_;
     WindowWrappers wrappers_;
     /// Kept beside the global one, which goes with the last window and must come back with the next.
     outlook::Application application_;

@@ -6,20 +6,20 @@ namespace addin {
 
 namespace {
 
-using basGlobals::attempt;
-using basGlobals::skipErrors;
+using mail::attempt;
+using mail::skipErrors;
 
 bool isWrapped(std::int32_t itemClass) {
-    using namespace outlook::itemClass;
+    namespace known = outlook::itemClass;
     switch (itemClass) {
-        case mail:
-        case post:
-        case appointment:
-        case contact:
-        case distributionList:
-        case task:
-        case journal:
-        case document:
+        case known::mail:
+        case known::post:
+        case known::appointment:
+        case known::contact:
+        case known::distributionList:
+        case known::task:
+        case known::journal:
+        case known::document:
             return true;
         default:
             return false;

@@ -8,6 +8,8 @@
 #include "mail/errorTrap.h"
 #include "settings/prompts.h"
 
+namespace addin {
+
 namespace {
 
 namespace events = outlook::events;
@@ -29,7 +31,7 @@ void ExplorerWrap::InitButton() {
     if (buttons_.accountList || std::exchange(buildingMenu_, true)) {
         return;  // Outlook's calls let events in: an Activate must not build a second menu beside the first.
     }
-    basGlobals::skipErrors([&] {
+    mail::skipErrors([&] {
         const menu::Buttons built = menu::build(globals_, explorer_, key_);
         if (!built.accountList) {
             return;
@@ -48,10 +50,10 @@ void ExplorerWrap::InitButton() {
 }
 
 void ExplorerWrap::gcmdTWl_Veltro_List_Click() {
-    const auto report = basGlobals::ErrorReport::usual(L"ExplorerWrap.gcmdTWl_Veltro_List_Click");
-    basGlobals::trapErrors(globals_, report, [&] {
-        const auto version = basGlobals::outlookVersion(globals_);
-        if (version == basGlobals::outlook2000 || version == basGlobals::outlook2002) {
+    const auto report = mail::ErrorReport::usual(L"ExplorerWrap.gcmdTWl_Veltro_List_Click");
+    mail::trapErrors(globals_, report, [&] {
+        const auto version = mail::outlookVersion(globals_);
+        if (version == mail::outlook2000 || version == mail::outlook2002) {
             globals_.platform.desktop.messageBox(
                 L"Account Sentry is only supported in Outlook 2003 and above.",
                 {platform::Buttons::Ok, platform::Icon::Information},
@@ -62,8 +64,8 @@ void ExplorerWrap::gcmdTWl_Veltro_List_Click() {
             missingLibrary::tell(globals_);
             return;
         }
-        const auto list = basSendAcct::OpenList(globals_);
-        frmEmailAddress window(globals_, *list);
+        const auto list = accounts::basSendAcct::OpenList(globals_);
+        accounts::frmEmailAddress window(globals_, *list);
         globals_.platform.desktop.showModal(window);
     });
 }
@@ -89,10 +91,9 @@ void ExplorerWrap::m_objExpl_SelectionChange() {
     try {
         watch(showsOutbox() ? outlook::Item() : selectedMail(), change);
     } catch (...) {
-        const automation::Error error = basGlobals::currentError();
+        const automation::Error error = mail::currentError();
         if (!isHarmless(error)) {
-            basGlobals::reportError(globals_, basGlobals::ErrorReport::usual(L"m_objExpl_SelectionChange"),
-                                    error);
+            mail::reportError(globals_, mail::ErrorReport::usual(L"m_objExpl_SelectionChange"), error);
         }
     }
 }
@@ -103,10 +104,8 @@ bool ExplorerWrap::isHarmless(const automation::Error& error) const {
     return error.number() == automation::errors::failed ||
            error.description() ==
                L"The Explorer has been closed and cannot be used for further operations. Review your code "
-               L"and "
-               L"restart Outlook." ||
-           error.description() == L"The operation failed." ||
-           !basGlobals::skipErrors([&] { explorer_.caption(); });
+               L"and restart Outlook." ||
+           error.description() == L"The operation failed." || !mail::skipErrors([&] { explorer_.caption(); });
 }
 
 /// Outlook's calls let events in: what is no longer the latest change must not take the place of the latest.
@@ -133,7 +132,7 @@ void ExplorerWrap::onItemEvent(std::int32_t event, std::span<automation::Value> 
         return;
     }
     if (keeper_.othersAct(*this)) {
-        basGlobals::note(basGlobals::Skipped::OtherWindowActs);
+        mail::note(mail::Skipped::OtherWindowActs);
     } else {
         replyEvents::handle(globals_, item, event, arguments);
     }
@@ -159,8 +158,8 @@ outlook::Item ExplorerWrap::selectedMail() const {
 }
 
 void ExplorerWrap::m_objExpl_Close() {
-    basGlobals::trapErrors(globals_, basGlobals::ErrorReport::usual(L"m_objExpl_Close"),
-                           [&] { keeper_.closed(shared_from_this()); });
+    mail::trapErrors(globals_, mail::ErrorReport::usual(L"m_objExpl_Close"),
+                     [&] { keeper_.closed(shared_from_this()); });
     release();
 }
 
@@ -173,5 +172,7 @@ void ExplorerWrap::release() {
 }
 
 void ExplorerWrap::SetCorrectItemSelection() const {
-    basGlobals::skipErrors([&] { globals_.outlook.activeExplorer().selection().item(1).subject(); });
+    mail::skipErrors([&] { globals_.outlook.activeExplorer().selection().item(1).subject(); });
 }
+
+}  // namespace addin

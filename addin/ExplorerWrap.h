@@ -11,6 +11,8 @@
 #include "mail/Globals.h"
 #include "platform/outlook.h"
 
+namespace addin {
+
 /// Watches one main window and the mail selected in it.
 class ExplorerWrap : public std::enable_shared_from_this<ExplorerWrap> {
   public:
@@ -22,8 +24,7 @@ class ExplorerWrap : public std::enable_shared_from_this<ExplorerWrap> {
         std::function<bool(const ExplorerWrap&)> othersAct;
     };
 
-    ExplorerWrap(basGlobals::Globals& globals, Keeper keeper)
-        : globals_(globals), keeper_(std::move(keeper)) {}
+    ExplorerWrap(mail::Globals& globals, Keeper keeper) : globals_(globals), keeper_(std::move(keeper)) {}
 
     std::int32_t Key() const { return key_; }
     void setKey(std::int32_t key) { key_ = key; }
@@ -57,7 +58,7 @@ class ExplorerWrap : public std::enable_shared_from_this<ExplorerWrap> {
     bool showsOutbox() const;
     outlook::Item selectedMail() const;
 
-    basGlobals::Globals& globals_;
+    mail::Globals& globals_;
     Keeper keeper_;
     std::int32_t key_ = 0;
     outlook::Explorer explorer_;
@@ -70,3 +71,5 @@ class ExplorerWrap : public std::enable_shared_from_this<ExplorerWrap> {
     menu::Buttons buttons_;
     automation::Subscription accountListEvents_;
 };
+
+}  // namespace addin

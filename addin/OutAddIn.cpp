@@ -2,6 +2,8 @@
 
 #include "addin/eventArguments.h"
 
+namespace addin {
+
 void OutAddIn::Initialise(const outlook::Application& application, const std::wstring& progId) {
     globals_.outlook = application;
     objOutlook_ = application;
@@ -28,3 +30,5 @@ void OutAddIn::UnInitialise() {
     globals_.sendAccounts.reset();
     initialised_ = false;
 }
+
+}  // namespace addin

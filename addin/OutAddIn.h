@@ -7,12 +7,13 @@
 #include "mail/Globals.h"
 #include "platform/outlook.h"
 
+namespace addin {
+
 /// The add-in's hold on the Outlook application, from the opening of the first window to the closing of the
 /// last.
 class OutAddIn : public std::enable_shared_from_this<OutAddIn> {
   public:
-    OutAddIn(basGlobals::Globals& globals, WindowWrappers& wrappers)
-        : globals_(globals), wrappers_(wrappers) {}
+    OutAddIn(mail::Globals& globals, WindowWrappers& wrappers) : globals_(globals), wrappers_(wrappers) {}
 
     bool initialised() const { return initialised_; }
     /// Takes hold of the application. Throws automation::Error.
@@ -24,10 +25,12 @@ class OutAddIn : public std::enable_shared_from_this<OutAddIn> {
     /// An error in its own statements goes back to Outlook, which then sends the mail.
     void objOutlook_ItemSend(const outlook::Item& item, bool& cancel);
 
-    basGlobals::Globals& globals_;
+    mail::Globals& globals_;
     WindowWrappers& wrappers_;
     outlook::Application objOutlook_;
     automation::Subscription applicationEvents_;
     std::wstring progId_;
     bool initialised_ = false;
 };
+
+}  // namespace addin

@@ -8,6 +8,8 @@
 #include "addin/clsInspWrap.h"
 #include "mail/errorTrap.h"
 
+namespace addin {
+
 void WindowWrappers::AddExpl(const outlook::Explorer& explorer) {
     auto wrapper = std::make_shared<ExplorerWrap>(
         globals_, ExplorerWrap::Keeper{.closed = [this](auto closed) { KillExpl(closed->Key(), closed); },
@@ -22,7 +24,7 @@ void WindowWrappers::AddExpl(const outlook::Explorer& explorer) {
 
 void WindowWrappers::RemoveExplMenu() const {
     explorers_.forEach([this](const ExplorerWrap& wrapper) {
-        basGlobals::skipErrors([&] { menu::remove(globals_, wrapper.Explorer()); });
+        mail::skipErrors([&] { menu::remove(globals_, wrapper.Explorer()); });
     });
 }
 
@@ -37,14 +39,14 @@ bool WindowWrappers::inspectorActs(const ExplorerWrap& asking) const {
         const outlook::Inspector active = globals_.outlook.activeInspector();
         return active && asking.watches(active.currentItem()) && watches(active);
     };
-    return basGlobals::attempt(acts).value_or(false);
+    return mail::attempt(acts).value_or(false);
 }
 
 /// The mail may be selected in several main windows, each of which hears that it is answered: the active one
 /// handles it, or the oldest of them when the active one shows something else. Where that cannot be told the
 /// check is made: once too often is better than never.
 bool WindowWrappers::otherExplorerActs(const ExplorerWrap& asking) const {
-    const auto active = basGlobals::attempt([&] { return globals_.outlook.activeExplorer().object(); });
+    const auto active = mail::attempt([&] { return globals_.outlook.activeExplorer().object(); });
     if (!active || *active == asking.Explorer().object()) {
         return false;
     }
@@ -52,7 +54,7 @@ bool WindowWrappers::otherExplorerActs(const ExplorerWrap& asking) const {
     explorers_.forEach([&](const ExplorerWrap& other) {
         const bool goesFirst = other.Key() < asking.Key() || other.Explorer().object() == *active;
         const auto same = [&] { return other.watches(asking.watchedItem()); };
-        acts = acts || (goesFirst && basGlobals::attempt(same).value_or(false));
+        acts = acts || (goesFirst && mail::attempt(same).value_or(false));
     });
     return acts;
 }
@@ -137,7 +139,7 @@ void WindowWrappers::letGoOfAbandoned() {
         ++looks;
         if (!wrapper->isAbandoned()) {
             uncertain_.push_back(wrapper);
-        } else if (basGlobals::skipErrors([&] { letGo(wrapper); })) {
+        } else if (mail::skipErrors([&] { letGo(wrapper); })) {
             wrapper->release();
         }
     }
@@ -150,3 +152,5 @@ void WindowWrappers::release() {
         wrapper->release();
     }
 }
+
+}  // namespace addin

@@ -9,6 +9,8 @@
 #include "mail/Globals.h"
 #include "platform/outlook.h"
 
+namespace addin {
+
 class ExplorerWrap;
 class clsInspWrap;
 
@@ -16,7 +18,7 @@ class clsInspWrap;
 /// window closes, or nothing can come of that window any more; the last reference to it is held here.
 class WindowWrappers {
   public:
-    explicit WindowWrappers(basGlobals::Globals& globals) : globals_(globals) {}
+    explicit WindowWrappers(mail::Globals& globals) : globals_(globals) {}
 
     void AddExpl(const outlook::Explorer& explorer);
     void KillExpl(std::int32_t key, std::shared_ptr<ExplorerWrap>& wrapper);
@@ -48,10 +50,12 @@ class WindowWrappers {
     void letGo(const std::shared_ptr<clsInspWrap>& wrapper);
     void letGoOfAbandoned();
 
-    basGlobals::Globals& globals_;
+    mail::Globals& globals_;
     WrapperCollection<ExplorerWrap> explorers_;
     WrapperCollection<clsInspWrap> inspectors_;
     std::set<std::shared_ptr<clsInspWrap>> aside_;
     /// Wrappers of windows that may never tell of their closing: they were not shown yet, or are set aside.
     std::deque<std::weak_ptr<clsInspWrap>> uncertain_;
 };
+
+}  // namespace addin

@@ -8,6 +8,8 @@
 
 #include "platform/automation.h"
 
+namespace addin {
+
 /// The wrappers of all open windows of one kind, each under its key as decimal text. Keys grow and are never
 /// used twice while Outlook runs.
 template <class Wrapper>
@@ -57,3 +59,5 @@ class WrapperCollection {
     std::map<std::wstring, std::shared_ptr<Wrapper>> wrappers_;
     std::int32_t nextKey_ = 0;
 };
+
+}  // namespace addin

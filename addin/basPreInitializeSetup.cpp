@@ -7,11 +7,11 @@
 #include "settings/basRegistry.h"
 #include "settings/modRegKeys.h"
 
-namespace basPreInitializeSetup {
+namespace addin::basPreInitializeSetup {
 
 namespace {
 
-using basGlobals::Globals;
+using mail::Globals;
 
 /// The id of the machine's preset as text; nothing when there is none.
 std::optional<std::wstring> machinePresetId(const Globals& globals) {
@@ -46,13 +46,12 @@ void copyPresets(const Globals& globals, const std::wstring& presetId) {
 }  // namespace
 
 void InitializeSetup(Globals& globals) {
-    basGlobals::trapErrors(
-        globals, basGlobals::ErrorReport::usual(L"basPreInitializeSetup.InitializeSetup"), [&] {
-            const auto presetId = machinePresetId(globals);
-            if (presetId && text::trim(*presetId) != text::trim(modRegKeys::PreSetupID.read(globals))) {
-                copyPresets(globals, *presetId);
-            }
-        });
+    mail::trapErrors(globals, mail::ErrorReport::usual(L"basPreInitializeSetup.InitializeSetup"), [&] {
+        const auto presetId = machinePresetId(globals);
+        if (presetId && text::trim(*presetId) != text::trim(modRegKeys::PreSetupID.read(globals))) {
+            copyPresets(globals, *presetId);
+        }
+    });
 }
 
-}  // namespace basPreInitializeSetup
+}  // namespace addin::basPreInitializeSetup

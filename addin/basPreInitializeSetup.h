@@ -2,12 +2,12 @@
 
 #include "mail/Globals.h"
 
-namespace basPreInitializeSetup {
+namespace addin::basPreInitializeSetup {
 
 /// Where an administrator presets settings for all users of the machine: "PreSetupID" and any settings.
 inline constexpr wchar_t presetKey[] = L"SOFTWARE\\Corvane\\Veltro";
 
 /// Copies the machine's presets into the user's settings, once for each preset id. Errors are reported.
-void InitializeSetup(basGlobals::Globals& globals);
+void InitializeSetup(mail::Globals& globals);
 
-}  // namespace basPreInitializeSetup
+}  // namespace addin::basPreInitializeSetup

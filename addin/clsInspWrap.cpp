@@ -9,6 +9,8 @@
 #include "mail/basWordMail.h"
 #include "mail/errorTrap.h"
 
+namespace addin {
+
 namespace events = outlook::events;
 
 void clsInspWrap::setInspector(const outlook::Inspector& inspector) {
@@ -42,7 +44,7 @@ void clsInspWrap::onInspectorEvent(std::int32_t event, std::span<automation::Val
 void clsInspWrap::onMailEvent(std::int32_t event, std::span<automation::Value> arguments) {
     switch (event) {
         case events::itemSend: {
-            basGlobals::skipErrors([&] {
+            mail::skipErrors([&] {
                 eventArguments::Cancel cancel(eventArguments::at(arguments, 0));
                 m_ObjMail_Send(cancel.flag());
             });
@@ -65,7 +67,7 @@ void clsInspWrap::onAnswered(std::int32_t event, std::span<automation::Value> ar
     if (isActiveInspector()) {
         replyEvents::handle(globals_, item_, event, arguments);
     } else {
-        basGlobals::note(basGlobals::Skipped::OtherWindowActs);
+        mail::note(mail::Skipped::OtherWindowActs);
     }
 }
 
@@ -75,22 +77,22 @@ bool clsInspWrap::isActiveInspector() const {
         active.currentItem().entryId();  // Fails without a window, and for an item that is gone.
         return active.object() == inspector_.object();
     };
-    return basGlobals::attempt(same).value_or(false);
+    return mail::attempt(same).value_or(false);
 }
 
 void clsInspWrap::m_ObjMail_Send(bool& cancel) {
     sending_ = true;
-    const auto mail = outgoing_ = std::make_shared<OutgoingMail>(globals_, item_);
+    const auto mail = outgoing_ = std::make_shared<mail::OutgoingMail>(globals_, item_);
     globals_.outgoing = mail;
-    basGlobals::trapErrors(globals_, basGlobals::ErrorReport::check(L"m_ObjMail_Send"), [&] {
-        if (basGlobals::itemUnreadable(item_)) {
+    mail::trapErrors(globals_, mail::ErrorReport::check(L"m_ObjMail_Send"), [&] {
+        if (mail::itemUnreadable(item_)) {
             return;
         }
         checkSubject(*mail, cancel);
         if (globals_.redemptionMissing) {
-            basGlobals::note(basGlobals::Skipped::LibraryMissing);
+            mail::note(mail::Skipped::LibraryMissing);
         } else if (!cancel) {
-            basVeltro::vtAttachMissingCheck(globals_, *mail, cancel);
+            checks::vtAttachMissingCheck(globals_, *mail, cancel);
         }
     });
     if (cancel) {
@@ -98,26 +100,26 @@ void clsInspWrap::m_ObjMail_Send(bool& cancel) {
     }
 }
 
-void clsInspWrap::checkSubject(OutgoingMail& mail, bool& cancel) {
+void clsInspWrap::checkSubject(mail::OutgoingMail& mail, bool& cancel) {
     // Of this window, not the active one: to a program that sends, none may be active.
-    const auto inWord = basGlobals::attempt([&] { return basWordMail::editsInWord(globals_, inspector_); });
+    const auto inWord = mail::attempt([&] { return basWordMail::editsInWord(globals_, inspector_); });
     if (!inWord.value_or(false)) {
-        basVeltro::vtEmptySubjectCheck(globals_, mail, cancel);
-    } else if (basGlobals::outlookVersion(globals_) != basGlobals::outlook2000) {
+        checks::vtEmptySubjectCheck(globals_, mail, cancel);
+    } else if (mail::outlookVersion(globals_) != mail::outlook2000) {
         // A Word without the template leaves the question unasked.
-        basGlobals::skipErrors(
+        mail::skipErrors(
             [&] { basWordMail::runMacro(globals_, inspector_, L"vtEmptySubjectCheckWord", item_, cancel); });
     }
 }
 
 bool clsInspWrap::isAbandoned() const {
-    const bool reachable = basGlobals::skipErrors([&] {
+    const bool reachable = mail::skipErrors([&] {
         inspector_.currentItem();  // Fails for a window that has closed.
         item_.entryId();
     });
     // A received mail counts as sent, too; what matters is whether it went out from this window.
     const auto sent = [&] { return sending_ && item_.sent(); };
-    return !reachable || basGlobals::attempt(sent).value_or(false);
+    return !reachable || mail::attempt(sent).value_or(false);
 }
 
 void clsInspWrap::activated() {
@@ -126,13 +128,13 @@ void clsInspWrap::activated() {
 }
 
 void clsInspWrap::itemCloses() {
-    basGlobals::trapErrors(globals_, basGlobals::ErrorReport::usual(L"clsInspWrap.Close"),
-                           [&] { keeper_.itemCloses(shared_from_this()); });
+    mail::trapErrors(globals_, mail::ErrorReport::usual(L"clsInspWrap.Close"),
+                     [&] { keeper_.itemCloses(shared_from_this()); });
 }
 
 void clsInspWrap::close() {
-    basGlobals::trapErrors(globals_, basGlobals::ErrorReport::usual(L"clsInspWrap.Close"),
-                           [&] { keeper_.closed(shared_from_this()); });
+    mail::trapErrors(globals_, mail::ErrorReport::usual(L"clsInspWrap.Close"),
+                     [&] { keeper_.closed(shared_from_this()); });
     release();
 }
 
@@ -141,3 +143,5 @@ void clsInspWrap::release() {
     inspectorEvents_.end();
     outgoing_.reset();
 }
+
+}  // namespace addin

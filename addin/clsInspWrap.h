@@ -9,7 +9,11 @@
 #include "mail/Globals.h"
 #include "platform/outlook.h"
 
+namespace mail {
 class OutgoingMail;
+}
+
+namespace addin {
 
 /// Watches one item window and its item; of the item's properties the one of its class is set.
 ///
@@ -26,8 +30,7 @@ class clsInspWrap : public std::enable_shared_from_this<clsInspWrap> {
         Told closed;
     };
 
-    clsInspWrap(basGlobals::Globals& globals, Keeper keeper)
-        : globals_(globals), keeper_(std::move(keeper)) {}
+    clsInspWrap(mail::Globals& globals, Keeper keeper) : globals_(globals), keeper_(std::move(keeper)) {}
 
     std::int32_t Key() const { return key_; }
     void setKey(std::int32_t key) { key_ = key; }
@@ -54,14 +57,14 @@ class clsInspWrap : public std::enable_shared_from_this<clsInspWrap> {
     void onInspectorEvent(std::int32_t event, std::span<automation::Value> arguments);
     void onMailEvent(std::int32_t event, std::span<automation::Value> arguments);
     void m_ObjMail_Send(bool& cancel);
-    void checkSubject(OutgoingMail& mail, bool& cancel);
+    void checkSubject(mail::OutgoingMail& mail, bool& cancel);
     void onAnswered(std::int32_t event, std::span<automation::Value> arguments);
     bool isActiveInspector() const;
     void activated();
     void itemCloses();
     void close();
 
-    basGlobals::Globals& globals_;
+    mail::Globals& globals_;
     Keeper keeper_;
     std::int32_t key_ = 0;
     outlook::Inspector inspector_;
@@ -69,7 +72,9 @@ class clsInspWrap : public std::enable_shared_from_this<clsInspWrap> {
     bool shown_ = false;
     bool sending_ = false;
     /// The item on its way out, from its Send on.
-    std::shared_ptr<OutgoingMail> outgoing_;
+    std::shared_ptr<mail::OutgoingMail> outgoing_;
     automation::Subscription inspectorEvents_;
     automation::Subscription mailEvents_;
 };
+
+}  // namespace addin

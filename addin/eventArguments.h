@@ -7,7 +7,7 @@
 
 /// Reads what an event hands over. Nothing is taken on trust: a host that raises an event with other
 /// arguments than declared gets an Error back.
-namespace eventArguments {
+namespace addin::eventArguments {
 
 inline const automation::Value& at(std::span<automation::Value> arguments, std::size_t index) {
     if (index >= arguments.size()) {
@@ -37,4 +37,4 @@ class Cancel {
     bool flag_;
 };
 
-}  // namespace eventArguments
+}  // namespace addin::eventArguments

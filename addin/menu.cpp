@@ -3,12 +3,12 @@
 #include "addin/modCommandBarCode.h"
 #include "mail/errorTrap.h"
 
-namespace menu {
+namespace addin::menu {
 
 namespace {
 
 using automation::Object;
-using basGlobals::Globals;
+using mail::Globals;
 
 /// String resources of the captions.
 namespace stringId {
@@ -26,7 +26,7 @@ std::wstring brandCaption(const Globals& globals) {
 
 /// Nothing in a window that has none.
 Object menuBar(const outlook::Explorer& explorer) {
-    const auto bar = basGlobals::attempt([&] {
+    const auto bar = mail::attempt([&] {
         return explorer.object().get(L"CommandBars").toObject().get(L"Item", L"Menu Bar").toObject();
     });
     return bar.value_or(Object());
@@ -35,7 +35,7 @@ Object menuBar(const outlook::Explorer& explorer) {
 /// Outlook's Help menu, which has another caption in each language, or nothing.
 Object helpMenu(const Object& bar, const Object& controls) {
     constexpr std::int32_t helpMenuId = 30010;
-    const auto byId = basGlobals::attempt(
+    const auto byId = mail::attempt(
         [&] { return bar.call(L"FindControl", modCommandBarCode::popupType, helpMenuId).toObject(); });
     return byId && *byId ? *byId : modCommandBarCode::FindControl(controls, L"Help");
 }
@@ -76,4 +76,4 @@ void remove(const Globals& globals, const outlook::Explorer& explorer) {
     }
 }
 
-}  // namespace menu
+}  // namespace addin::menu

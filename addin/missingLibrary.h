@@ -3,12 +3,12 @@
 #include "mail/Globals.h"
 
 /// What the user is told when the library that reads mails is missing.
-namespace missingLibrary {
+namespace addin::missingLibrary {
 
 /// Finds out whether the library can be had, without a word.
-void lookFor(basGlobals::Globals& globals);
+void lookFor(mail::Globals& globals);
 
 /// Says what is missing and what is not done without it.
-void tell(const basGlobals::Globals& globals);
+void tell(const mail::Globals& globals);
 
-}  // namespace missingLibrary
+}  // namespace addin::missingLibrary

@@ -3,7 +3,7 @@
 #include "mail/errorTrap.h"
 #include "platform/text.h"
 
-namespace modCommandBarCode {
+namespace addin::modCommandBarCode {
 
 namespace {
 
@@ -23,7 +23,7 @@ Object add(const Object& controls, std::int32_t type, const std::wstring& captio
     try {
         control.put(L"Caption", caption);
     } catch (...) {
-        basGlobals::skipErrors([&] { control.call(L"Delete"); });  // Nobody would find it any more.
+        mail::skipErrors([&] { control.call(L"Delete"); });  // Nobody would find it any more.
         throw;
     }
     return control;
@@ -72,4 +72,4 @@ Object FindOrAddButton(const Popup& popup, const std::wstring& caption, const st
     return button;
 }
 
-}  // namespace modCommandBarCode
+}  // namespace addin::modCommandBarCode

@@ -6,7 +6,7 @@
 #include "platform/automation.h"
 
 /// Finds and adds the controls of Office's command bars. Every call may throw automation::Error.
-namespace modCommandBarCode {
+namespace addin::modCommandBarCode {
 
 inline constexpr std::int32_t buttonType = 1;
 inline constexpr std::int32_t popupType = 10;
@@ -35,4 +35,4 @@ Popup FindOrAddPopup(const Popup& popup, const std::wstring& caption);
 automation::Object FindOrAddButton(const Popup& popup, const std::wstring& caption, const std::wstring& tag,
                                    bool beginGroup = false);
 
-}  // namespace modCommandBarCode
+}  // namespace addin::modCommandBarCode

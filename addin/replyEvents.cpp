@@ -5,13 +5,13 @@
 #include "checks/pruneReply.h"
 #include "mail/errorTrap.h"
 
-namespace replyEvents {
+namespace addin::replyEvents {
 
 namespace {
 
-using basGlobals::Globals;
-using basGlobals::note;
-using basGlobals::Skipped;
+using mail::Globals;
+using mail::note;
+using mail::Skipped;
 
 /// What reads mails is left out where the library for it is missing.
 bool canRead(const Globals& globals) {
@@ -23,9 +23,9 @@ bool canRead(const Globals& globals) {
 
 void checkSubject(Globals& globals, const outlook::Item& answered, const outlook::Item& response) {
     if (!globals.redemptionMissing) {
-        basVeltro::vtOldSubject(globals, answered, response);
+        checks::vtOldSubject(globals, answered, response);
     }
-    basVeltro::vtRemoveSpamMarks(globals, response);
+    checks::vtRemoveSpamMarks(globals, response);
 }
 
 void reply(Globals& globals, const outlook::Item& answered, const outlook::Item& response, bool& cancel) {
@@ -33,8 +33,8 @@ void reply(Globals& globals, const outlook::Item& answered, const outlook::Item&
     if (!canRead(globals)) {
         return;
     }
-    basVeltro::AnsweredMail mail(globals, answered);
-    basVeltro::vtReplyCheck(globals, mail, response, cancel);
+    checks::AnsweredMail mail(globals, answered);
+    checks::vtReplyCheck(globals, mail, response, cancel);
 }
 
 void replyAll(Globals& globals, const outlook::Item& answered, const outlook::Item& response, bool& cancel) {
@@ -42,16 +42,16 @@ void replyAll(Globals& globals, const outlook::Item& answered, const outlook::It
     if (!canRead(globals)) {
         return;
     }
-    basVeltro::AnsweredMail mail(globals, answered);
-    basVeltro::vtReplyAllCheck(globals, mail, response, cancel);
+    checks::AnsweredMail mail(globals, answered);
+    checks::vtReplyAllCheck(globals, mail, response, cancel);
     if (!cancel) {
-        basVeltro::pruneReply(globals, mail, response);
+        checks::pruneReply(globals, mail, response);
     }
 }
 
 void forward(Globals& globals, const outlook::Item& /*forwarded*/, const outlook::Item& response,
              bool& /*cancel*/) {
-    basVeltro::vtRemoveSpamMarks(globals, response);
+    checks::vtRemoveSpamMarks(globals, response);
 }
 
 }  // namespace
@@ -67,12 +67,12 @@ void handle(Globals& globals, const outlook::Item& item, std::int32_t event,
     if (!isAnswer(event)) {
         return;
     }
-    const auto id = basGlobals::attempt([&] { return item.entryId(); });
+    const auto id = mail::attempt([&] { return item.entryId(); });
     if (!id || id == globals.answering) {
         note(id ? Skipped::OwnAnswer : Skipped::ItemUnreadable);
         return;
     }
-    basGlobals::skipErrors([&] {
+    mail::skipErrors([&] {
         const outlook::Item response(eventArguments::at(arguments, 0).toObject());
         eventArguments::Cancel cancel(eventArguments::at(arguments, 1));
         if (!response || cancel.flag()) {
@@ -86,4 +86,4 @@ void handle(Globals& globals, const outlook::Item& item, std::int32_t event,
     });
 }
 
-}  // namespace replyEvents
+}  // namespace addin::replyEvents

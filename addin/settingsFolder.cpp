@@ -6,15 +6,15 @@
 #include "platform/text.h"
 #include "settings/modRegKeys.h"
 
-namespace settingsFolder {
+namespace addin::settingsFolder {
 
 namespace {
 
-using basGlobals::attempt;
-using basGlobals::Globals;
-using basGlobals::skipErrors;
-using listFolder::newParentName;
-using listFolder::oldParentName;
+using accounts::listFolder::newParentName;
+using accounts::listFolder::oldParentName;
+using mail::attempt;
+using mail::Globals;
+using mail::skipErrors;
 
 constexpr wchar_t dataFolderName[] = L"Veltro";
 constexpr wchar_t done[] = L"1";
@@ -27,7 +27,7 @@ struct OldPlace {
 
 OldPlace findOldPlace(const Globals& globals) {
     OldPlace place;
-    place.store = listFolder::mailbox(globals);
+    place.store = accounts::listFolder::mailbox(globals);
     place.parent = place.store.folder(oldParentName);
     place.dataFolder = place.parent.folder(dataFolderName);
     return place;
@@ -39,7 +39,7 @@ bool holdsList(const Globals& globals, const outlook::Folder& folder) {
     const std::int32_t count = items.count();
     for (std::int32_t index = 1; index <= count; ++index) {
         const redemption::SafeItem item(globals.platform.automation, items.item(index));
-        if (text::equalsTrimmed(item.subject(), listFolder::listSubject)) {
+        if (text::equalsTrimmed(item.subject(), accounts::listFolder::listSubject)) {
             return true;
         }
     }
@@ -52,8 +52,7 @@ void tellMoved(const Globals& globals) {
         L"We have made a small change on how " + title +
             L" saves its data. This will make no difference to the way you use " + title +
             L".\r\n\r\nYour settings have been now moved from the 'Tarnwell Settings\\Veltro' email folder "
-            L"to the "
-            L"'Corvane Settings\\" +
+            L"to the 'Corvane Settings\\" +
             title + L"' email folder.\r\nThis message will not be displayed again.",
         {platform::Buttons::Ok, platform::Icon::Information}, L"Move " + title + L" Settings - " + title);
 }
@@ -91,4 +90,4 @@ void moveToCurrentPlace(Globals& globals) {
     }
 }
 
-}  // namespace settingsFolder
+}  // namespace addin::settingsFolder

@@ -31,6 +31,6 @@ class BenchWorld {
     platform::native::SystemClock clock;
     platform::native::MemoryPorts ports{outlook.automation(), desktop, clock};
     platform::native::MemorySettingsStore& settings = ports.settings;
-    basGlobals::Globals globals{ports.platform};
+    mail::Globals globals{ports.platform};
     addin::Connect connection{ports.platform};
 };

@@ -21,12 +21,12 @@ std::wstring addressOf(std::int64_t number) {
 }
 
 std::wstring listOf(std::int64_t count) {
-    AccountRows rows(emptyList);
+    accounts::AccountRows rows(accounts::emptyList);
     for (std::int64_t number = 0; number < count; ++number) {
         rows.add();
         rows.set({addressOf(number), number % 2 == 0 ? L"Work" : L"R&D <lab>"});
     }
-    return rowset::writeRowset(rows.rowset());
+    return accounts::rowset::writeRowset(rows.rowset());
 }
 
 /// All texts here are ASCII, so that characters are bytes.
@@ -37,7 +37,7 @@ void reportRate(benchmark::State& state, std::size_t characters) {
 void readList(benchmark::State& state) {
     const std::wstring body = listOf(state.range(0));
     for (auto _ : state) {
-        benchmark::DoNotOptimize(AccountRows(body));
+        benchmark::DoNotOptimize(accounts::AccountRows(body));
     }
     reportRate(state, body.size());
 }
@@ -45,9 +45,9 @@ BENCHMARK(readList)->Arg(smallList)->Arg(largeList);
 
 void writeList(benchmark::State& state) {
     const std::wstring body = listOf(state.range(0));
-    const AccountRows rows(body);
+    const accounts::AccountRows rows(body);
     for (auto _ : state) {
-        benchmark::DoNotOptimize(rowset::writeRowset(rows.rowset()));
+        benchmark::DoNotOptimize(accounts::rowset::writeRowset(rows.rowset()));
     }
     reportRate(state, body.size());
 }
@@ -94,7 +94,7 @@ class ListWorld : public BenchWorld {
         list.LoadList();
     }
 
-    clsSendAcct list{globals};
+    accounts::clsSendAcct list{globals};
 };
 
 /// From the mailbox, as at every send.
@@ -126,9 +126,9 @@ void membership(benchmark::State& state) {
     ListWorld world(state.range(0));
     host::Message message;
     message.to = {{.name = L"Bob", .address = addressOf(state.range(1))}};
-    OutgoingMail mail(world.globals, outlook::Item(world.outlook.store(L"Drafts", message)));
+    mail::OutgoingMail mail(world.globals, outlook::Item(world.outlook.store(L"Drafts", message)));
     for (auto _ : state) {
-        const auto found = basSendAcct::ListMembership(world.list, mail);
+        const auto found = accounts::basSendAcct::ListMembership(world.list, mail);
         if (found.listed != (state.range(1) < state.range(0))) {
             state.SkipWithError("the wrong answer");
         }
@@ -140,7 +140,7 @@ void preferredAccount(benchmark::State& state) {
     ListWorld world(state.range(0));
     const std::wstring address = addressOf(state.range(1));
     for (auto _ : state) {
-        benchmark::DoNotOptimize(basSendAcct::PreferredAccount(world.list, address));
+        benchmark::DoNotOptimize(accounts::basSendAcct::PreferredAccount(world.list, address));
     }
 }
 BENCHMARK(preferredAccount)

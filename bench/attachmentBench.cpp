@@ -11,8 +11,7 @@ constexpr std::int64_t largeBody = 10'000'000;
 std::wstring prose(std::size_t length) {
     constexpr std::wstring_view sentence =
         L"We met on Tuesday and agreed that the figures for the next quarter need another look before Ann "
-        L"can "
-        L"present them to everybody else; please come back to me about the open points.\r\n";
+        L"can present them to everybody else; please come back to me about the open points.\r\n";
     std::wstring text;
     text.reserve(length + sentence.size());
     while (text.size() < length) {
@@ -43,8 +42,8 @@ void runCheck(benchmark::State& state, BenchWorld& world, const host::Message& m
     const outlook::Item item(world.outlook.itemOf(world.outlook.openNewMail(message)));
     bool cancel = false;
     for (auto _ : state) {
-        OutgoingMail mail(world.globals, item);
-        basVeltro::vtAttachMissingCheck(world.globals, mail, cancel);
+        mail::OutgoingMail mail(world.globals, item);
+        checks::vtAttachMissingCheck(world.globals, mail, cancel);
     }
     if (cancel || world.wasPrompted()) {
         state.SkipWithError("the check asked something");

@@ -51,8 +51,8 @@ void replyAllCheck(benchmark::State& state) {
     const std::size_t before = world.outlook.calls();
     for (auto _ : state) {
         bool cancel = false;
-        basVeltro::AnsweredMail mail(world.globals, answered);
-        basVeltro::vtReplyAllCheck(world.globals, mail, reply, cancel);
+        checks::AnsweredMail mail(world.globals, answered);
+        checks::vtReplyAllCheck(world.globals, mail, reply, cancel);
     }
     if (world.wasPrompted()) {
         state.SkipWithError("the check asked something");
@@ -77,11 +77,10 @@ void pruning(benchmark::State& state) {
     for (auto _ : state) {
         state.PauseTiming();
         const outlook::Item reply(answered.object().call(L"ReplyAll").toObject());
-        basGlobals::AddUserProperties(world.globals, reply, basVeltro::replyMark::removeRecipients,
-                                      positions);
+        mail::AddUserProperties(world.globals, reply, checks::replyMark::removeRecipients, positions);
         state.ResumeTiming();
-        basVeltro::AnsweredMail mail(world.globals, answered);
-        basVeltro::pruneReply(world.globals, mail, reply);
+        checks::AnsweredMail mail(world.globals, answered);
+        checks::pruneReply(world.globals, mail, reply);
         if (reply.recipients().count() != state.range(0) / 2 + 1) {
             state.SkipWithError("the wrong recipients were left");
         }
@@ -102,8 +101,8 @@ void offeringRecipients(benchmark::State& state) {
     for (auto _ : state) {
         const outlook::Item reply(answered.object().call(L"Reply").toObject());
         bool cancel = false;
-        basVeltro::AnsweredMail mail(world.globals, answered);
-        basVeltro::vtReplyCheck(world.globals, mail, reply, cancel);
+        checks::AnsweredMail mail(world.globals, answered);
+        checks::vtReplyCheck(world.globals, mail, reply, cancel);
         if (!cancel || world.wasPrompted()) {
             state.SkipWithError("the recipients were not offered");
         }
@@ -127,8 +126,8 @@ void delayCheck(benchmark::State& state) {
     const std::size_t before = world.outlook.calls();
     for (auto _ : state) {
         bool cancel = false;
-        OutgoingMail mail(world.globals, item);
-        basVeltro::vtDelayEmailSending(world.globals, mail, cancel);
+        mail::OutgoingMail mail(world.globals, item);
+        checks::vtDelayEmailSending(world.globals, mail, cancel);
     }
     if (world.wasPrompted()) {
         state.SkipWithError("the check asked something");
@@ -139,9 +138,9 @@ BENCHMARK(delayCheck)->RangeMultiplier(10)->Range(10, 10'000)->Unit(benchmark::k
 
 /// All steps on a subject full of prefixes; the argument is its length.
 void subjectCleaning(benchmark::State& state) {
-    using namespace basVeltro;
+    using namespace checks;
     BenchWorld world;
-    basGlobals::Globals& globals = world.globals;
+    mail::Globals& globals = world.globals;
     std::wstring subject;
     while (static_cast<std::int64_t>(subject.size()) < state.range(0)) {
         subject += L"RE: FW: SPAM-LOW: ";

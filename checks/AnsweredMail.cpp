@@ -8,7 +8,7 @@
 #include "mail/errorTrap.h"
 #include "platform/text.h"
 
-namespace basVeltro {
+namespace checks {
 
 namespace {
 
@@ -16,26 +16,26 @@ void readEntry(const redemption::AddressEntry& entry, MailRecipient& read) {
     const bool list = entry.isList();
     const std::wstring type = entry.type();
     read.rawAddress = entry.address();
-    read.address = basGlobals::entryAddress(entry, type, read.rawAddress);
+    read.address = mail::entryAddress(entry, type, read.rawAddress);
     read.exchange = text::equalsIgnoringCase(type, L"EX");
     if (read.exchange) {
         read.name = entry.name();
     }
-    read.list = list || read.address == basGlobals::distributionListAddress;
+    read.list = list || read.address == mail::distributionListAddress;
 }
 
 MailRecipient readRecipient(const redemption::Recipient& recipient) {
     MailRecipient read;
-    basGlobals::skipErrors([&] { read.name = recipient.name(); });
+    mail::skipErrors([&] { read.name = recipient.name(); });
     // Fails for one that was never resolved.
-    read.unknown = !basGlobals::skipErrors([&] { readEntry(recipient.addressEntry(), read); });
+    read.unknown = !mail::skipErrors([&] { readEntry(recipient.addressEntry(), read); });
     return read;
 }
 
 }  // namespace
 
 bool MailRecipient::hasAddress() const {
-    return !address.empty() && address != basGlobals::distributionListAddress;
+    return !address.empty() && address != mail::distributionListAddress;
 }
 
 std::wstring MailRecipient::shown() const {
@@ -49,7 +49,7 @@ std::wstring MailRecipient::shown() const {
     return shownName + L" (" + address + L")";
 }
 
-std::vector<MailRecipient> readRecipients(basGlobals::Globals& globals,
+std::vector<MailRecipient> readRecipients(mail::Globals& globals,
                                           const outlook::Collection<redemption::Recipient>& recipients) {
     const redemption::MapiCleanUp cleanUp(globals.platform.automation);
     const std::int32_t count = recipients.count();
@@ -87,7 +87,7 @@ const std::vector<MailRecipient>& AnsweredMail::recipients() {
 
 const std::wstring& AnsweredMail::sender() {
     if (!sender_) {
-        sender_ = basGlobals::SenderEmail(globals_, item_);
+        sender_ = mail::SenderEmail(globals_, item_);
     }
     return *sender_;
 }
@@ -101,9 +101,9 @@ std::wstring AnsweredMail::smtpAddressOf(const std::wstring& rawAddress) {
             }
         };
         std::ranges::for_each(recipients(), note);
-        basGlobals::skipErrors(
+        mail::skipErrors(
             [&] { std::ranges::for_each(readRecipients(globals_, safe().replyRecipients()), note); });
-        basGlobals::skipErrors([&] {
+        mail::skipErrors([&] {
             MailRecipient sender;
             readEntry(safe().sender(), sender);
             note(sender);
@@ -123,4 +123,4 @@ const std::optional<OwnAddresses>& AnsweredMail::ownAddresses() {
     return ownAddresses_;
 }
 
-}  // namespace basVeltro
+}  // namespace checks

@@ -10,12 +10,12 @@
 #include "mail/Globals.h"
 #include "mail/SafeItems.h"
 
-namespace basVeltro {
+namespace checks {
 
 /// A recipient as the checks see it.
 struct MailRecipient {
     std::wstring name;
-    /// The SMTP address; basGlobals::distributionListAddress for a personal list; empty when unknown.
+    /// The SMTP address; mail::distributionListAddress for a personal list; empty when unknown.
     std::wstring address;
     /// The address in the form of its own address book.
     std::wstring rawAddress;
@@ -32,7 +32,7 @@ struct MailRecipient {
 
 /// All of them in their order, each resolved once; one that cannot be read is unknown. Throws
 /// automation::Error when the recipients cannot be listed.
-std::vector<MailRecipient> readRecipients(basGlobals::Globals& globals,
+std::vector<MailRecipient> readRecipients(mail::Globals& globals,
                                           const outlook::Collection<redemption::Recipient>& recipients);
 
 /// The user's own addresses.
@@ -53,8 +53,7 @@ class OwnAddresses {
 /// once however many checks ask.
 class AnsweredMail {
   public:
-    AnsweredMail(basGlobals::Globals& globals, outlook::Item item)
-        : globals_(globals), item_(std::move(item)) {}
+    AnsweredMail(mail::Globals& globals, outlook::Item item) : globals_(globals), item_(std::move(item)) {}
 
     const outlook::Item& item() const { return item_; }
     /// These throw automation::Error.
@@ -67,7 +66,7 @@ class AnsweredMail {
     const std::optional<OwnAddresses>& ownAddresses();
 
   private:
-    basGlobals::Globals& globals_;
+    mail::Globals& globals_;
     outlook::Item item_;
     std::optional<redemption::SafeItem> safe_;
     std::optional<std::vector<MailRecipient>> recipients_;
@@ -78,4 +77,4 @@ class AnsweredMail {
     std::optional<OwnAddresses> ownAddresses_;
 };
 
-}  // namespace basVeltro
+}  // namespace checks

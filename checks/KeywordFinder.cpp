@@ -6,7 +6,7 @@
 #include "platform/characters.h"
 #include "platform/text.h"
 
-namespace basVeltro {
+namespace checks {
 
 namespace {
 
@@ -84,4 +84,4 @@ bool KeywordFinder::anyStartsAt(std::wstring_view text, std::size_t position) co
     });
 }
 
-}  // namespace basVeltro
+}  // namespace checks

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-namespace basVeltro {
+namespace checks {
 
 /// Finds out whether any of several keywords occurs in a text, letter case and the kind of space not
 /// counting. Reads the text once whatever the number of keywords, and mostly jumps over it: the last two
@@ -34,4 +34,4 @@ class KeywordFinder {
     std::array<std::uint8_t, tableSize> shift_{};
 };
 
-}  // namespace basVeltro
+}  // namespace checks

@@ -7,7 +7,7 @@
 #include "mail/basGlobals.h"
 #include "platform/text.h"
 
-namespace basVeltro {
+namespace checks {
 
 namespace {
 
@@ -19,7 +19,7 @@ std::wstring keyOf(const wchar_t* kind, std::wstring_view text) {
 /// own.
 std::vector<std::wstring> addressKeys(const MailRecipient& recipient) {
     std::vector<std::wstring> keys;
-    if (recipient.address != basGlobals::distributionListAddress) {
+    if (recipient.address != mail::distributionListAddress) {
         for (const std::wstring& address : {recipient.address, recipient.rawAddress}) {
             if (!address.empty()) {
                 keys.push_back(keyOf(L"address:", address));
@@ -52,4 +52,4 @@ bool RecipientSet::contains(const MailRecipient& recipient) const {
                 : std::ranges::any_of(keys, [this](const auto& key) { return keys_.contains(key); }));
 }
 
-}  // namespace basVeltro
+}  // namespace checks

@@ -5,7 +5,7 @@
 
 #include "checks/AnsweredMail.h"
 
-namespace basVeltro {
+namespace checks {
 
 /// Recipients told apart by their addresses, in whatever form these are known, and by their names where an
 /// address is unknown on either side: a recipient that could not be read in one of two mails is still the
@@ -20,4 +20,4 @@ class RecipientSet {
     std::set<std::wstring> keys_;
 };
 
-}  // namespace basVeltro
+}  // namespace checks

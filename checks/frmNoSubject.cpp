@@ -2,7 +2,9 @@
 
 #include "settings/prompts.h"
 
-frmNoSubject::frmNoSubject(const basGlobals::Globals& globals, const std::wstring& subject)
+namespace checks {
+
+frmNoSubject::frmNoSubject(const mail::Globals& globals, const std::wstring& subject)
     : Form(L"frmNoSubject", prompts::titled(globals, L"Empty Subject"), 274, 114) {
     txtSubject.setText(subject);
     cmdOK.onClick = [this] { cmdOK_Click(); };
@@ -18,3 +20,5 @@ void frmNoSubject::cmdCancel_Click() {
     cancelled_ = true;
     hide();
 }
+
+}  // namespace checks

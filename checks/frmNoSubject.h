@@ -3,10 +3,12 @@
 #include "mail/Globals.h"
 #include "platform/forms.h"
 
+namespace checks {
+
 /// Asks for the subject of a mail that has none.
 class frmNoSubject : public forms::Form {
   public:
-    frmNoSubject(const basGlobals::Globals& globals, const std::wstring& subject);
+    frmNoSubject(const mail::Globals& globals, const std::wstring& subject);
 
     bool cancelled() const { return cancelled_; }
     const std::wstring& subject() const { return txtSubject.text(); }
@@ -35,3 +37,5 @@ class frmNoSubject : public forms::Form {
     forms::Button cmdOK{*this, L"cmdOK", {163, 93, 50, 14}, L"OK", forms::Button::Role::Default};
     forms::Button cmdCancel{*this, L"cmdCancel", {217, 93, 50, 14}, L"&Cancel", forms::Button::Role::Cancel};
 };
+
+}  // namespace checks

@@ -3,7 +3,9 @@
 #include "settings/modRegKeys.h"
 #include "settings/prompts.h"
 
-frmNotifyB4Delay::frmNotifyB4Delay(const basGlobals::Globals& globals, const std::wstring& status)
+namespace checks {
+
+frmNotifyB4Delay::frmNotifyB4Delay(const mail::Globals& globals, const std::wstring& status)
     : Form(L"frmNotifyB4Delay", prompts::titled(globals, L"Delay emails"), 244, 93), globals_(globals) {
     lblDelayStatus.setCaption(status);
     cmdYes.onClick = [this] { cmdYes_Click(); };
@@ -25,3 +27,5 @@ void frmNotifyB4Delay::answer(bool delays) {
     }
     hide();
 }
+
+}  // namespace checks

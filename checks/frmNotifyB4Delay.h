@@ -3,11 +3,13 @@
 #include "mail/Globals.h"
 #include "platform/forms.h"
 
+namespace checks {
+
 /// Asks whether to hold a mail back.
 class frmNotifyB4Delay : public forms::Form {
   public:
     /// `status` says which mails are delayed by how much.
-    frmNotifyB4Delay(const basGlobals::Globals& globals, const std::wstring& status);
+    frmNotifyB4Delay(const mail::Globals& globals, const std::wstring& status);
 
     /// False once the user has said No or closed the box.
     bool delays() const { return delays_; }
@@ -19,7 +21,7 @@ class frmNotifyB4Delay : public forms::Form {
     void cmdNo_Click();
     void answer(bool delays);
 
-    const basGlobals::Globals& globals_;
+    const mail::Globals& globals_;
     bool delays_ = true;
 
     forms::Picture Picture1{*this, L"Picture1", {7, 8, 21, 20}, forms::Picture::Image::Question};
@@ -30,3 +32,5 @@ class frmNotifyB4Delay : public forms::Form {
     forms::Button cmdYes{*this, L"cmdYes", {133, 72, 50, 14}, L"&Yes", forms::Button::Role::Default};
     forms::Button cmdNo{*this, L"cmdNo", {187, 72, 50, 14}, L"&No", forms::Button::Role::Cancel};
 };
+
+}  // namespace checks

@@ -3,11 +3,13 @@
 #include "mail/Globals.h"
 #include "platform/forms.h"
 
+namespace checks {
+
 /// Asks whether the subject of an answer to an old mail is still right.
 class frmOldSubject : public forms::Form {
   public:
     /// `days` is the age limit.
-    frmOldSubject(const basGlobals::Globals& globals, double days, const std::wstring& subject);
+    frmOldSubject(const mail::Globals& globals, double days, const std::wstring& subject);
 
     bool confirmed() const { return confirmed_; }
     const std::wstring& subject() const { return txtSubject.text(); }
@@ -29,3 +31,5 @@ class frmOldSubject : public forms::Form {
     forms::TextBox txtSubject{*this, L"txtSubject", {70, 54, 197, 13}};
     forms::Button cmdOK{*this, L"cmdOK", {217, 76, 50, 14}, L"OK", forms::Button::Role::Default};
 };
+
+}  // namespace checks

@@ -3,7 +3,9 @@
 #include "settings/modRegKeys.h"
 #include "settings/prompts.h"
 
-frmRemoveSpam::frmRemoveSpam(const basGlobals::Globals& globals, const std::wstring& oldSubject,
+namespace checks {
+
+frmRemoveSpam::frmRemoveSpam(const mail::Globals& globals, const std::wstring& oldSubject,
                              const std::wstring& newSubject)
     : Form(L"frmRemoveSpam", prompts::titled(globals, L"Remove Spam Mark Phrases"), 274, 85),
       globals_(globals) {
@@ -29,3 +31,5 @@ void frmRemoveSpam::cmdNo_Click() {
     confirmed_ = false;
     hide();
 }
+
+}  // namespace checks

@@ -3,10 +3,12 @@
 #include "mail/Globals.h"
 #include "platform/forms.h"
 
+namespace checks {
+
 /// Shows what the removal of spam-mark phrases makes of a subject.
 class frmRemoveSpam : public forms::Form {
   public:
-    frmRemoveSpam(const basGlobals::Globals& globals, const std::wstring& oldSubject,
+    frmRemoveSpam(const mail::Globals& globals, const std::wstring& oldSubject,
                   const std::wstring& newSubject);
 
     bool confirmed() const { return confirmed_; }
@@ -17,7 +19,7 @@ class frmRemoveSpam : public forms::Form {
     void cmdYes_Click();
     void cmdNo_Click();
 
-    const basGlobals::Globals& globals_;
+    const mail::Globals& globals_;
     bool confirmed_ = false;
 
     forms::Label Label4{*this, L"Label4", {7, 9, 48, 9}, L"Old Subject: "};
@@ -31,3 +33,5 @@ class frmRemoveSpam : public forms::Form {
     forms::Button cmdYes{*this, L"cmdYes", {163, 64, 50, 14}, L"&Yes", forms::Button::Role::Default};
     forms::Button cmdNo{*this, L"cmdNo", {217, 64, 50, 14}, L"&No", forms::Button::Role::Cancel};
 };
+
+}  // namespace checks

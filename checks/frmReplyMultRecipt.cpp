@@ -2,8 +2,9 @@
 
 #include "settings/prompts.h"
 
-frmReplyMultRecipt::frmReplyMultRecipt(const basGlobals::Globals& globals,
-                                       std::vector<forms::CheckList::Row> rows)
+namespace checks {
+
+frmReplyMultRecipt::frmReplyMultRecipt(const mail::Globals& globals, std::vector<forms::CheckList::Row> rows)
     : Form(L"frmReplyMultRecipt", prompts::titled(globals, L"Multiple recipients"), 300, 193),
       globals_(globals) {
     lstRecipients.setRows(std::move(rows));
@@ -50,3 +51,5 @@ void frmReplyMultRecipt::cmdCancel_Click() {
     confirmed_ = false;
     hide();
 }
+
+}  // namespace checks

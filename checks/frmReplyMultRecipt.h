@@ -6,11 +6,13 @@
 #include "mail/Globals.h"
 #include "platform/forms.h"
 
+namespace checks {
+
 /// The recipients of a reply, to be chosen by ticking them.
 class frmReplyMultRecipt : public forms::Form {
   public:
     /// Worded for a plain Reply to a mail with several recipients.
-    frmReplyMultRecipt(const basGlobals::Globals& globals, std::vector<forms::CheckList::Row> rows);
+    frmReplyMultRecipt(const mail::Globals& globals, std::vector<forms::CheckList::Row> rows);
 
     /// Switches to the wording for a Reply to All.
     void Set_ReplyToAll();
@@ -25,7 +27,7 @@ class frmReplyMultRecipt : public forms::Form {
     void cmdOK_Click();
     void cmdCancel_Click();
 
-    const basGlobals::Globals& globals_;
+    const mail::Globals& globals_;
     bool confirmed_ = false;
 
     forms::Picture ImageIcon{*this, L"ImageIcon", {7, 8, 21, 20}, forms::Picture::Image::Question};
@@ -43,3 +45,5 @@ class frmReplyMultRecipt : public forms::Form {
     forms::Button cmdOK{*this, L"cmdOK", {189, 172, 50, 14}, L"OK", forms::Button::Role::Default};
     forms::Button cmdCancel{*this, L"cmdCancel", {243, 172, 50, 14}, L"&Cancel", forms::Button::Role::Cancel};
 };
+
+}  // namespace checks

@@ -5,7 +5,9 @@
 #include "settings/modRegKeys.h"
 #include "settings/prompts.h"
 
-frmSigDisclaimer::frmSigDisclaimer(basGlobals::Globals& globals)
+namespace checks {
+
+frmSigDisclaimer::frmSigDisclaimer(mail::Globals& globals)
     : Form(L"frmSigDisclaimer", L"Attachment Sentry Advance settings", 316, 256), globals_(globals) {
     chkIgnoreText.setState(modRegKeys::IgnoreText.read(globals) ? 1 : 0);
     chkIgnoreAttach.setState(modRegKeys::IgnoreAttach.read(globals) ? 1 : 0);
@@ -16,7 +18,7 @@ frmSigDisclaimer::frmSigDisclaimer(basGlobals::Globals& globals)
 }
 
 void frmSigDisclaimer::cmdSave_Click() {
-    basGlobals::trapErrors(globals_, basGlobals::ErrorReport::usual(L"frmSigDisclaimer.cmdSave_Click"), [&] {
+    mail::trapErrors(globals_, mail::ErrorReport::usual(L"frmSigDisclaimer.cmdSave_Click"), [&] {
         if (isComplete()) {
             store();
             hide();
@@ -56,3 +58,5 @@ void frmSigDisclaimer::store() const {
     modRegKeys::IgnoreText.write(globals_, chkIgnoreText.state());
     modRegKeys::IgnoreAttach.write(globals_, chkIgnoreAttach.state());
 }
+
+}  // namespace checks

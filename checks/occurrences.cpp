@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <span>
 
-namespace basVeltro {
+namespace checks {
 
 namespace {
 
@@ -162,4 +162,4 @@ bool allOccur(const std::vector<std::wstring>& parts, std::wstring_view text) {
     return true;
 }
 
-}  // namespace basVeltro
+}  // namespace checks

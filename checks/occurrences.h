@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-namespace basVeltro {
+namespace checks {
 
 /// True when each of the parts occurs somewhere in the text, as plain searches would find them.
 ///
@@ -12,4 +12,4 @@ namespace basVeltro {
 /// the memory to that of the text.
 bool allOccur(const std::vector<std::wstring>& parts, std::wstring_view text);
 
-}  // namespace basVeltro
+}  // namespace checks

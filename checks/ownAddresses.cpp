@@ -10,12 +10,12 @@
 #include "platform/text.h"
 #include "settings/modRegKeys.h"
 
-namespace basVeltro {
+namespace checks {
 
 namespace {
 
-using basGlobals::ErrorReport;
-using basGlobals::Globals;
+using mail::ErrorReport;
+using mail::Globals;
 
 /// The user's own domains, from the text of the setting.
 class OwnDomains {
@@ -53,12 +53,12 @@ class OwnDomains {
 }  // namespace
 
 std::optional<std::wstring> vtGetUserEmails(Globals& globals) {
-    return basGlobals::trapErrors(
+    return mail::trapErrors(
         globals, ErrorReport::module(L"vtGetUserEmails"),
         [&]() -> std::optional<std::wstring> {
             const bool fromProfile = modRegKeys::UseOutlookSettings.read(globals) &&
-                                     basGlobals::outlookVersion(globals) != basGlobals::outlook2000;
-            const auto addresses = fromProfile ? basGlobals::vtAccountsEmailAddress(globals)
+                                     mail::outlookVersion(globals) != mail::outlook2000;
+            const auto addresses = fromProfile ? mail::vtAccountsEmailAddress(globals)
                                                : std::optional(modRegKeys::EmailList.read(globals));
             return addresses ? std::optional<std::wstring>(text::trim(*addresses)) : std::nullopt;
         },
@@ -67,7 +67,7 @@ std::optional<std::wstring> vtGetUserEmails(Globals& globals) {
 
 std::optional<bool> vtCheckIfUserInRecipients(Globals& globals, AnsweredMail& mail,
                                               const std::wstring& senderAddress) {
-    return basGlobals::trapErrors(
+    return mail::trapErrors(
         globals, ErrorReport::module(L"vtCheckIfUserInRecipients"),
         [&]() -> std::optional<bool> {
             const auto& own = mail.ownAddresses();
@@ -85,7 +85,7 @@ std::optional<bool> vtCheckIfUserInRecipients(Globals& globals, AnsweredMail& ma
 }
 
 bool vtRecipientsAllSameDomain(Globals& globals, AnsweredMail& mail) {
-    return basGlobals::trapErrors(
+    return mail::trapErrors(
         globals, ErrorReport::module(L"vtRecipientsAllSameDomain"),
         [&] {
             const OwnDomains own(modRegKeys::DomainName.read(globals));
@@ -100,4 +100,4 @@ bool vtRecipientsAllSameDomain(Globals& globals, AnsweredMail& mail) {
         false);
 }
 
-}  // namespace basVeltro
+}  // namespace checks

@@ -11,11 +11,11 @@
 #include "platform/text.h"
 #include "settings/modRegKeys.h"
 
-namespace basVeltro {
+namespace checks {
 
 namespace {
 
-using basGlobals::Globals;
+using mail::Globals;
 
 /// Takes a mark off the reply: its value, or nothing when it is not there.
 std::optional<std::wstring> takeMark(const outlook::Item& reply, const wchar_t* name) {
@@ -73,19 +73,18 @@ void prune(AnsweredMail& answered, const outlook::Item& reply, const RecipientSe
     deleteRecipients(reply, positionsToDelete(readResponse(answered, reply), dropped, own, kept));
 }
 
-basGlobals::ErrorReport report() {
-    return basGlobals::ErrorReport::usual(L"basVeltro.pruneReply");
+mail::ErrorReport report() {
+    return mail::ErrorReport::usual(L"basVeltro.pruneReply");
 }
 
 }  // namespace
 
 bool clearsOwnAddresses(const Globals& globals) {
-    return modRegKeys::ReplyAllAutoRemove.read(globals) &&
-           basGlobals::outlookVersion(globals) != basGlobals::outlook2002;
+    return modRegKeys::ReplyAllAutoRemove.read(globals) && mail::outlookVersion(globals) != mail::outlook2002;
 }
 
 void pruneReply(Globals& globals, AnsweredMail& answered, const outlook::Item& reply) {
-    basGlobals::trapErrors(globals, report(), [&] {
+    mail::trapErrors(globals, report(), [&] {
         const auto marked = takeMark(reply, replyMark::removeRecipients);
         const bool clearOwn = takeMark(reply, replyMark::clearOwnAddress).has_value();
         if (marked || clearOwn) {
@@ -96,11 +95,11 @@ void pruneReply(Globals& globals, AnsweredMail& answered, const outlook::Item& r
 
 void clearOwnAddresses(Globals& globals, AnsweredMail& answered, const outlook::Item& replyAll,
                        const RecipientSet& kept) {
-    basGlobals::trapErrors(globals, report(), [&] {
+    mail::trapErrors(globals, report(), [&] {
         if (clearsOwnAddresses(globals)) {
             prune(answered, replyAll, {}, true, kept);
         }
     });
 }
 
-}  // namespace basVeltro
+}  // namespace checks

@@ -2,7 +2,7 @@
 
 #include "platform/text.h"
 
-namespace basVeltro {
+namespace checks {
 
 namespace {
 
@@ -33,4 +33,4 @@ std::optional<std::size_t> findQuotedHeader(std::wstring_view body) {
     return std::nullopt;
 }
 
-}  // namespace basVeltro
+}  // namespace checks

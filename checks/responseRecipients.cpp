@@ -6,7 +6,7 @@
 #include "mail/errorTrap.h"
 #include "platform/text.h"
 
-namespace basVeltro {
+namespace checks {
 
 namespace {
 
@@ -18,7 +18,7 @@ void readEntry(AnsweredMail& answered, const outlook::AddressEntry& entry, MailR
         read.address = answered.smtpAddressOf(read.rawAddress);
     } else {
         const bool personalList = text::equalsIgnoringCase(type, L"MAPIPDL");
-        read.address = personalList ? basGlobals::distributionListAddress : read.rawAddress;
+        read.address = personalList ? mail::distributionListAddress : read.rawAddress;
     }
 }
 
@@ -31,8 +31,8 @@ std::vector<MailRecipient> readResponse(AnsweredMail& answered, const outlook::I
     for (std::int32_t index = 1; index <= count; ++index) {
         const outlook::Recipient recipient = recipients.item(index);
         MailRecipient& read = all.emplace_back();
-        basGlobals::skipErrors([&] { read.name = recipient.name(); });
-        read.unknown = !basGlobals::skipErrors([&] { readEntry(answered, recipient.addressEntry(), read); });
+        mail::skipErrors([&] { read.name = recipient.name(); });
+        read.unknown = !mail::skipErrors([&] { readEntry(answered, recipient.addressEntry(), read); });
     }
     return all;
 }
@@ -44,4 +44,4 @@ void deleteRecipients(const outlook::Item& response, const std::vector<int>& pos
     }
 }
 
-}  // namespace basVeltro
+}  // namespace checks

@@ -9,13 +9,13 @@
 #include "platform/files.h"
 #include "platform/text.h"
 
-namespace basVeltro {
+namespace checks {
 
 namespace {
 
-using basGlobals::ErrorReport;
-using basGlobals::Globals;
-using basGlobals::trapErrors;
+using mail::ErrorReport;
+using mail::Globals;
+using mail::trapErrors;
 
 constexpr auto npos = std::wstring_view::npos;
 
@@ -186,4 +186,4 @@ std::wstring FindReFwFromFile(Globals& globals, std::wstring subject, const std:
     return subject;
 }
 
-}  // namespace basVeltro
+}  // namespace checks

@@ -9,19 +9,18 @@
 #include "settings/modRegKeys.h"
 #include "settings/prompts.h"
 
-namespace basVeltro {
+namespace checks {
 
 namespace {
 
-using basGlobals::Globals;
+using mail::Globals;
 
 constexpr wchar_t question[] =
     L"The text of this email indicates that you may have intended to send it with attachments.\r\n\r\n"
-    L"However no files were attached.\r\n\r\n"
-    L"Do you want to send this e-mail without attachments?";
+    L"However no files were attached.\r\n\r\nDo you want to send this e-mail without attachments?";
 
 /// The subject and what the user wrote above the message being answered.
-std::wstring writtenText(OutgoingMail& mail) {
+std::wstring writtenText(mail::OutgoingMail& mail) {
     std::wstring text = mail.subject();
     text += text::lineBreak;
     const std::wstring body = mail.safe().body();
@@ -38,7 +37,7 @@ std::wstring withoutIgnoredText(const Globals& globals, std::wstring text) {
     return text::replaceAll(KeywordFinder::folded(text), KeywordFinder::folded(ignored), L" ");
 }
 
-bool promisesAttachment(const Globals& globals, OutgoingMail& mail) {
+bool promisesAttachment(const Globals& globals, mail::OutgoingMail& mail) {
     const std::wstring keywords = modRegKeys::AttachKeyWords.read(globals);
     return KeywordFinder(text::split(keywords, L';')).foundIn(withoutIgnoredText(globals, writtenText(mail)));
 }
@@ -55,7 +54,7 @@ class IgnoredNames {
             return false;
         }
         // One without a name, an embedded object say, cannot be meant by any name on the list.
-        const std::wstring name = basGlobals::attempt([&] { return attachment.fileName(); }).value_or(L"");
+        const std::wstring name = mail::attempt([&] { return attachment.fileName(); }).value_or(L"");
         if (text::trim(name).empty()) {
             return false;
         }
@@ -81,8 +80,7 @@ bool hasAttachment(const Globals& globals, const redemption::SafeItem& mail) {
             continue;
         }
         // One whose id cannot be read is no picture inside the text.
-        const std::wstring contentId =
-            basGlobals::attempt([&] { return attachment.contentId(); }).value_or(L"");
+        const std::wstring contentId = mail::attempt([&] { return attachment.contentId(); }).value_or(L"");
         if (contentId.empty()) {
             return true;
         }
@@ -94,8 +92,8 @@ bool hasAttachment(const Globals& globals, const redemption::SafeItem& mail) {
 
 }  // namespace
 
-void vtAttachMissingCheck(Globals& globals, OutgoingMail& mail, bool& cancel) {
-    basGlobals::trapErrors(globals, basGlobals::ErrorReport::check(L"vtAttachMissingCheck"), [&] {
+void vtAttachMissingCheck(Globals& globals, mail::OutgoingMail& mail, bool& cancel) {
+    mail::trapErrors(globals, mail::ErrorReport::check(L"vtAttachMissingCheck"), [&] {
         if (!modRegKeys::CheckAttachMissing.read(globals)) {
             return;
         }
@@ -111,4 +109,4 @@ void vtAttachMissingCheck(Globals& globals, OutgoingMail& mail, bool& cancel) {
     });
 }
 
-}  // namespace basVeltro
+}  // namespace checks

@@ -10,11 +10,11 @@
 #include "settings/modRegKeys.h"
 #include "settings/prompts.h"
 
-namespace basVeltro {
+namespace checks {
 
 namespace {
 
-using basGlobals::Globals;
+using mail::Globals;
 
 constexpr double secondsPerDay = 86400;
 
@@ -51,7 +51,7 @@ void delayEveryMail(const Globals& globals, const outlook::Item& mail, std::int3
     }
 }
 
-void delayListedMail(const Globals& globals, OutgoingMail& mail, std::int32_t seconds) {
+void delayListedMail(const Globals& globals, mail::OutgoingMail& mail, std::int32_t seconds) {
     const std::wstring listed = modRegKeys::DelayedEmailAddrs.read(globals);
     if (listed.empty()) {
         return;
@@ -69,9 +69,9 @@ void delayListedMail(const Globals& globals, OutgoingMail& mail, std::int32_t se
 }  // namespace
 
 /// The time is a property of Outlook's own item, which its send keeps: nothing is saved for it.
-void vtDelayEmailSending(Globals& globals, OutgoingMail& mail, bool& /*cancel*/) {
-    basGlobals::trapErrors(globals, basGlobals::ErrorReport::check(L"vtDelayEmailSending"), [&] {
-        if (!modRegKeys::DelayEmails.read(globals) || basGlobals::itemUnreadable(mail.item())) {
+void vtDelayEmailSending(Globals& globals, mail::OutgoingMail& mail, bool& /*cancel*/) {
+    mail::trapErrors(globals, mail::ErrorReport::check(L"vtDelayEmailSending"), [&] {
+        if (!modRegKeys::DelayEmails.read(globals) || mail::itemUnreadable(mail.item())) {
             return;
         }
         if (userHasDeferred(globals, mail.item())) {
@@ -86,4 +86,4 @@ void vtDelayEmailSending(Globals& globals, OutgoingMail& mail, bool& /*cancel*/)
     });
 }
 
-}  // namespace basVeltro
+}  // namespace checks

@@ -5,10 +5,10 @@
 #include "settings/modRegKeys.h"
 #include "settings/prompts.h"
 
-namespace basVeltro {
+namespace checks {
 
-void vtEmptySubjectCheck(basGlobals::Globals& globals, OutgoingMail& mail, bool& cancel) {
-    basGlobals::trapErrors(globals, basGlobals::ErrorReport::check(L"vtEmptySubjectCheck"), [&] {
+void vtEmptySubjectCheck(mail::Globals& globals, mail::OutgoingMail& mail, bool& cancel) {
+    mail::trapErrors(globals, mail::ErrorReport::check(L"vtEmptySubjectCheck"), [&] {
         if (!modRegKeys::CheckEmptySubject.read(globals)) {
             return;
         }
@@ -27,4 +27,4 @@ void vtEmptySubjectCheck(basGlobals::Globals& globals, OutgoingMail& mail, bool&
     });
 }
 
-}  // namespace basVeltro
+}  // namespace checks

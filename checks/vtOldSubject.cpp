@@ -7,11 +7,11 @@
 #include "settings/modRegKeys.h"
 #include "settings/prompts.h"
 
-namespace basVeltro {
+namespace checks {
 
 namespace {
 
-using basGlobals::Globals;
+using mail::Globals;
 
 /// The number of midnights since the mail was delivered; 0 for one that never was.
 double ageInDays(const Globals& globals, const outlook::Item& answered) {
@@ -27,7 +27,7 @@ double ageInDays(const Globals& globals, const outlook::Item& answered) {
 
 std::wstring vtOldSubject(Globals& globals, const outlook::Item& answered, const outlook::Item& reply) {
     std::wstring result = noSubjectChange;
-    basGlobals::trapErrors(globals, basGlobals::ErrorReport::usual(L"basVeltro.vtOldSubject"), [&] {
+    mail::trapErrors(globals, mail::ErrorReport::usual(L"basVeltro.vtOldSubject"), [&] {
         if (!modRegKeys::PromptReplyOnOlderEmails.read(globals)) {
             return;
         }
@@ -46,4 +46,4 @@ std::wstring vtOldSubject(Globals& globals, const outlook::Item& answered, const
     return result;
 }
 
-}  // namespace basVeltro
+}  // namespace checks

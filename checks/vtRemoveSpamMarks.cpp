@@ -9,11 +9,11 @@
 #include "settings/modRegKeys.h"
 #include "settings/prompts.h"
 
-namespace basVeltro {
+namespace checks {
 
 namespace {
 
-using basGlobals::Globals;
+using mail::Globals;
 
 std::wstring withoutSpamMarks(const Globals& globals, const std::wstring& subject) {
     if (!modRegKeys::RemoveSpamWords.read(globals)) {
@@ -44,7 +44,7 @@ std::wstring asUserWants(const Globals& globals, const std::wstring& oldSubject,
 }  // namespace
 
 void vtRemoveSpamMarks(Globals& globals, const outlook::Item& item) {
-    basGlobals::trapErrors(globals, basGlobals::ErrorReport::usual(L"basVeltro.vtRemoveSpamMarks"), [&] {
+    mail::trapErrors(globals, mail::ErrorReport::usual(L"basVeltro.vtRemoveSpamMarks"), [&] {
         const std::wstring oldSubject = item.subject();
         std::wstring newSubject = withoutSpamMarks(globals, oldSubject);
         const bool phrasesRemoved = newSubject != oldSubject;
@@ -61,4 +61,4 @@ void vtRemoveSpamMarks(Globals& globals, const outlook::Item& item) {
     });
 }
 
-}  // namespace basVeltro
+}  // namespace checks

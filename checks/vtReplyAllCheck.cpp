@@ -10,11 +10,11 @@
 #include "settings/modRegKeys.h"
 #include "settings/prompts.h"
 
-namespace basVeltro {
+namespace checks {
 
 namespace {
 
-using basGlobals::Globals;
+using mail::Globals;
 
 /// A list or an unknown address may hide the user, so that nothing is certain.
 bool userMayBeHidden(AnsweredMail& answered) {
@@ -29,12 +29,10 @@ std::wstring blindCopyQuestion(AnsweredMail& answered) {
                                  ? L"You do not APPEAR to be in the addresses of this email, therefore you "
                                    L"MAY be BCCed on this email!"
                                  : L"It appears that you were BCCed on this e-mail as your e-mail address "
-                                   L"could not be found on the "
-                                   L"list of recipients!";
+                                   L"could not be found on the list of recipients!";
     return std::wstring(L"You clicked Reply to All.\r\n\r\n") + finding +
            L"\r\n\r\nA Reply to All means that all recipients will become aware that you also received a "
-           L"copy of "
-           L"the email.\r\n\r\nDo you want to do a Reply to All to this e-mail?";
+           L"copy of the email.\r\n\r\nDo you want to do a Reply to All to this e-mail?";
 }
 
 /// False when the user was a blind copy and decides against the Reply to All.
@@ -76,15 +74,15 @@ bool chooseRecipients(Globals& globals, AnsweredMail& answered, const outlook::I
     }
     const std::vector<int> unticked = form.untickedPositions();
     if (!unticked.empty()) {
-        basGlobals::AddUserProperties(globals, reply, replyMark::removeRecipients, joined(unticked));
+        mail::AddUserProperties(globals, reply, replyMark::removeRecipients, joined(unticked));
     }
     return true;
 }
 
 /// False when the user decides against the Reply to All. A failure is reported and decides nothing.
 bool userGoesOn(Globals& globals, AnsweredMail& answered, const outlook::Item& reply) {
-    return basGlobals::trapErrors(
-        globals, basGlobals::ErrorReport::module(L"vtReplyAllCheck"),
+    return mail::trapErrors(
+        globals, mail::ErrorReport::module(L"vtReplyAllCheck"),
         [&] {
             return mayReveal(globals, answered) &&
                    (!showsList(globals, answered) || chooseRecipients(globals, answered, reply));
@@ -100,11 +98,11 @@ void vtReplyAllCheck(Globals& globals, AnsweredMail& answered, const outlook::It
         cancel = true;
         return;
     }
-    basGlobals::trapErrors(globals, basGlobals::ErrorReport::module(L"vtReplyAllCheck"), [&] {
+    mail::trapErrors(globals, mail::ErrorReport::module(L"vtReplyAllCheck"), [&] {
         if (clearsOwnAddresses(globals)) {
-            basGlobals::AddUserProperties(globals, reply, replyMark::clearOwnAddress, L"True");
+            mail::AddUserProperties(globals, reply, replyMark::clearOwnAddress, L"True");
         }
     });
 }
 
-}  // namespace basVeltro
+}  // namespace checks

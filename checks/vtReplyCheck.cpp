@@ -9,11 +9,11 @@
 #include "settings/modRegKeys.h"
 #include "settings/prompts.h"
 
-namespace basVeltro {
+namespace checks {
 
 namespace {
 
-using basGlobals::Globals;
+using mail::Globals;
 
 /// The add-in's own answer to a mail, about which its checks keep quiet. `how` is a method of items: Reply or
 /// ReplyAll.
@@ -60,7 +60,7 @@ void openPlainReply(Globals& globals, const AnsweredMail& answered, const std::w
 
 /// What is deleted among the Deleted Items is gone.
 void deleteForGood(const Globals& globals, const outlook::Item& item) {
-    basGlobals::skipErrors([&] {
+    mail::skipErrors([&] {
         const auto nameSpace = globals.outlook.mapiNameSpace();
         item.moveTo(nameSpace.defaultFolder(outlook::folderId::deletedItems)).remove();
     });
@@ -99,7 +99,7 @@ void offerOtherRecipients(Globals& globals, AnsweredMail& answered, const outloo
 }  // namespace
 
 void vtReplyCheck(Globals& globals, AnsweredMail& answered, const outlook::Item& reply, bool& cancel) {
-    basGlobals::trapErrors(globals, basGlobals::ErrorReport::module(L"vtReplyCheck"), [&] {
+    mail::trapErrors(globals, mail::ErrorReport::module(L"vtReplyCheck"), [&] {
         if (!modRegKeys::ReplyMultiple.read(globals) || answered.safe().recipients().count() <= 1 ||
             !vtCheckIfUserInRecipients(globals, answered, noSender).value_or(false)) {
             return;
@@ -110,4 +110,4 @@ void vtReplyCheck(Globals& globals, AnsweredMail& answered, const outlook::Item&
     });
 }
 
-}  // namespace basVeltro
+}  // namespace checks

@@ -30,5 +30,5 @@ class FuzzWorld {
     platform::native::MemoryPorts ports_{automation_, desktop_, clock_};
 
   public:
-    basGlobals::Globals globals{ports_.platform};
+    mail::Globals globals{ports_.platform};
 };

@@ -23,6 +23,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const bool expected = std::ranges::any_of(keywords, [&searched](std::wstring_view keyword) {
         return searched.find(text::upper(keyword)) != std::wstring::npos;
     });
-    fuzz::require(basVeltro::KeywordFinder(keywords).foundIn(body) == expected);
+    fuzz::require(checks::KeywordFinder(keywords).foundIn(body) == expected);
     return 0;
 }

@@ -15,6 +15,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto occurs = [text](const std::wstring& part) {
         return text.find(part) != std::wstring_view::npos;
     };
-    fuzz::require(basVeltro::allOccur(parts, text) == std::ranges::all_of(parts, occurs));
+    fuzz::require(checks::allOccur(parts, text) == std::ranges::all_of(parts, occurs));
     return 0;
 }

@@ -4,7 +4,7 @@
 
 /// A body; its first line doubles as a keyword.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    using namespace basVeltro;
+    using namespace checks;
     const std::wstring body = fuzz::textOf(data, size);
     if (const auto position = findQuotedHeader(body)) {
         const std::wstring_view header = std::wstring_view(body).substr(*position - 1);

@@ -11,38 +11,38 @@ namespace {
 
 using fuzz::require;
 
-constexpr rowset::Limits smallLimits{.deepestNesting = 5,
-                                     .mostAttributes = 7,
-                                     .mostNameSpaces = 5,
-                                     .longestFrame = 650,
-                                     .mostUndeclaredColumns = 8};
+constexpr accounts::rowset::Limits smallLimits{.deepestNesting = 5,
+                                               .mostAttributes = 7,
+                                               .mostNameSpaces = 5,
+                                               .longestFrame = 650,
+                                               .mostUndeclaredColumns = 8};
 
-constexpr rowset::Limits usualLimits;
+constexpr accounts::rowset::Limits usualLimits;
 
 /// An input is too short to come near the usual limits. What was written and cannot be read ends the run.
-void writeAndRead(const rowset::Rowset& rows, const rowset::Limits& limits) noexcept {
+void writeAndRead(const accounts::rowset::Rowset& rows, const accounts::rowset::Limits& limits) noexcept {
     std::wstring written;
     try {
-        written = rowset::writeReadable(rows, limits);
+        written = accounts::rowset::writeReadable(rows, limits);
     } catch (const automation::Error&) {
         require(&limits == &smallLimits);
         return;
     }
-    const rowset::Rowset again = rowset::readRowset(written, limits);
-    require(rowset::sameRows(rows, again) && rowset::writeRowset(again) == written);
+    const accounts::rowset::Rowset again = accounts::rowset::readRowset(written, limits);
+    require(accounts::rowset::sameRows(rows, again) && accounts::rowset::writeRowset(again) == written);
 }
 
-void tryWith(const std::wstring& input, const rowset::Limits& limits) {
+void tryWith(const std::wstring& input, const accounts::rowset::Limits& limits) {
     try {
-        writeAndRead(rowset::readRowset(input, limits), limits);
-    } catch (const rowset::NotARowset&) {
+        writeAndRead(accounts::rowset::readRowset(input, limits), limits);
+    } catch (const accounts::rowset::NotARowset&) {
     }
     try {
-        AccountRows rows(input, limits);
+        accounts::AccountRows rows(input, limits);
         rows.add();
         rows.set({L"ann@example.org", L"Work"});
         writeAndRead(rows.rowset(), limits);
-    } catch (const rowset::NotARowset&) {
+    } catch (const accounts::rowset::NotARowset&) {
     }
 }
 

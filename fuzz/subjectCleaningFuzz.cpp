@@ -3,9 +3,9 @@
 
 /// The first line is a tag, the rest the subject.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    using namespace basVeltro;
+    using namespace checks;
     static FuzzWorld world;
-    basGlobals::Globals& globals = world.globals;
+    mail::Globals& globals = world.globals;
     const std::wstring input = fuzz::textOf(data, size);
     const std::wstring_view tag = text::before(input, L'\n');
     const std::wstring subject = input.substr(std::min(input.size(), tag.size() + 1));

@@ -65,8 +65,8 @@ void explorerClosed() {
 
 void inspectorClosed() {
     fromOutlook(automation::errors::failed,
-                L"The Inspector has been closed and cannot be used for further "
-                L"operations. Review your code and restart Outlook.");
+                L"The Inspector has been closed and cannot be used for further operations. Review your code "
+                L"and restart Outlook.");
 }
 
 void outlookGone() {

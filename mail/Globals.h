@@ -8,10 +8,14 @@
 #include "platform/Platform.h"
 #include "platform/outlook.h"
 
+namespace mail {
 class OutgoingMail;
+}
+namespace accounts {
 class clsSendAcct;
+}
 
-namespace basGlobals {
+namespace mail {
 
 /// What the product calls itself and where its maker is found; the resource library supplies it at start-up.
 struct ProductTexts {
@@ -36,7 +40,7 @@ struct Globals {
     std::unique_ptr<clsResource> resources;
     /// The list of preferred accounts; nothing until it is first opened, and after the last window has
     /// closed.
-    std::shared_ptr<clsSendAcct> sendAccounts;
+    std::shared_ptr<accounts::clsSendAcct> sendAccounts;
     /// The Redemption library, which reads mails, cannot be had. The user was told at the start, so that what
     /// needs it is left out without a word.
     bool redemptionMissing = false;
@@ -61,4 +65,4 @@ struct Globals {
     }
 };
 
-}  // namespace basGlobals
+}  // namespace mail

@@ -4,7 +4,7 @@
 
 namespace redemption {
 
-Session::Session(const basGlobals::Globals& globals)
+Session::Session(const mail::Globals& globals)
     : Front(globals.platform.automation.createObject(progId::session)) {
     object_.put(L"MAPIOBJECT", globals.outlook.mapiNameSpace().mapiObject());
 }
@@ -33,14 +33,14 @@ void cleanUp(automation::Automation& automation) {
 }
 
 MapiCleanUp::MapiCleanUp(automation::Automation& automation) {
-    basGlobals::skipErrors([&] {
+    mail::skipErrors([&] {
         utils_ = automation.createObject(progId::mapiUtils);
         utils_.call(L"CleanUp");
     });
 }
 
 MapiCleanUp::~MapiCleanUp() {
-    basGlobals::skipErrors([&] { utils_.call(L"CleanUp"); });
+    mail::skipErrors([&] { utils_.call(L"CleanUp"); });
 }
 
 void MapiCleanUp::tieTo(const outlook::NameSpace& nameSpace) const {

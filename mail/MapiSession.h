@@ -37,7 +37,7 @@ class Account : public outlook::Front {
 /// A session of the MAPI library that shares Outlook's logged-on profile.
 class Session : public outlook::Front {
   public:
-    explicit Session(const basGlobals::Globals& globals);
+    explicit Session(const mail::Globals& globals);
 
     void logonIfNeeded() const;
     outlook::Collection<Store> stores() const {

@@ -6,6 +6,8 @@
 #include "mail/basWordMail.h"
 #include "mail/errorTrap.h"
 
+namespace mail {
+
 /// Reads what `slot` gives the place of in known_, unless that is known. What was read while a prompt was
 /// open inside of the call is not kept; nor is a reference into known_ held over one, as a send of the same
 /// mail inside of it forgets all.
@@ -37,7 +39,7 @@ void OutgoingMail::release() noexcept {
     forget();
     safe_.reset();
     if (std::exchange(mapiUsed_, false)) {
-        basGlobals::skipErrors([&] { redemption::cleanUp(globals_.platform.automation); });
+        mail::skipErrors([&] { redemption::cleanUp(globals_.platform.automation); });
     }
 }
 
@@ -91,10 +93,10 @@ redemption::AddressEntry OutgoingMail::firstRecipient() {
 
 std::wstring OutgoingMail::recipientAddress(std::int32_t position) noexcept {
     const auto read = [&] {
-        return basGlobals::entryAddress(position == 1 ? firstRecipient()
-                                                      : recipients().item(position).addressEntry());
+        return mail::entryAddress(position == 1 ? firstRecipient()
+                                                : recipients().item(position).addressEntry());
     };
-    return basGlobals::attempt([&] {
+    return mail::attempt([&] {
                return once(
                    [&](Known & known) -> auto& { return known.addresses[position]; }, read);
            })
@@ -106,7 +108,7 @@ std::optional<std::wstring> OutgoingMail::findRecipientAddress(
     const std::int32_t count = recipientCount();
     for (std::int32_t position = 1; position <= count; ++position) {
         std::wstring address = recipientAddress(position);
-        if (!address.empty() && address != basGlobals::distributionListAddress && wanted(address)) {
+        if (!address.empty() && address != mail::distributionListAddress && wanted(address)) {
             return address;
         }
     }
@@ -139,3 +141,5 @@ std::wstring OutgoingMail::chosenAccount() {
     const redemption::Account account(message.get(L"Account").toObject());
     return account ? account.name() : std::wstring();
 }
+
+}  // namespace mail

@@ -11,6 +11,8 @@
 #include "mail/MapiSession.h"
 #include "mail/SafeItems.h"
 
+namespace mail {
+
 /// One mail on its way out. Outlook raises two events for one send, the item's own Send and then the
 /// application's ItemSend, and many steps look at the mail in each; what was read of it is kept, so that each
 /// thing is asked for once. It is asked for again in the next event and after a prompt of the add-in's, this
@@ -19,8 +21,7 @@
 /// Whatever reads throws automation::Error.
 class OutgoingMail {
   public:
-    OutgoingMail(basGlobals::Globals& globals, outlook::Item item)
-        : globals_(globals), item_(std::move(item)) {}
+    OutgoingMail(mail::Globals& globals, outlook::Item item) : globals_(globals), item_(std::move(item)) {}
 
     const outlook::Item& item() const { return item_; }
     bool is(const outlook::Item& item) const { return item_.object() == item.object(); }
@@ -44,7 +45,7 @@ class OutgoingMail {
     std::int32_t recipientCount();
     /// Nothing for one that Outlook could not resolve.
     redemption::AddressEntry firstRecipient();
-    /// The SMTP address of the recipient at the 1-based position, or basGlobals::distributionListAddress;
+    /// The SMTP address of the recipient at the 1-based position, or mail::distributionListAddress;
     /// empty when it is unknown. Never throws.
     std::wstring recipientAddress(std::int32_t position) noexcept;
     /// The first address that `wanted` accepts. Unknown addresses and lists, which have none, are passed
@@ -81,7 +82,7 @@ class OutgoingMail {
     outlook::Collection<redemption::Recipient> recipients();
     redemption::Session session();
 
-    basGlobals::Globals& globals_;
+    mail::Globals& globals_;
     outlook::Item item_;
     std::optional<bool> isMail_;
     std::optional<redemption::SafeItem> safe_;
@@ -89,3 +90,5 @@ class OutgoingMail {
     /// Something was read that the MAPI library keeps.
     bool mapiUsed_ = false;
 };
+
+}  // namespace mail

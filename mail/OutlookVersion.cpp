@@ -3,7 +3,7 @@
 #include "platform/number.h"
 #include "platform/text.h"
 
-namespace basGlobals {
+namespace mail {
 
 OutlookVersion::OutlookVersion(std::wstring_view version)
     : major_(number::toInteger<std::int32_t>(number::leading(text::before(version, L'.')))) {}
@@ -12,4 +12,4 @@ OutlookVersion outlookVersion(const Globals& globals) {
     return OutlookVersion(globals.outlook.version());
 }
 
-}  // namespace basGlobals
+}  // namespace mail

@@ -6,7 +6,7 @@
 
 #include "mail/Globals.h"
 
-namespace basGlobals {
+namespace mail {
 
 /// A major version of Outlook.
 class OutlookVersion {
@@ -30,4 +30,4 @@ inline constexpr OutlookVersion outlook2007{12};
 /// The version of the Outlook that runs. Throws automation::Error.
 OutlookVersion outlookVersion(const Globals& globals);
 
-}  // namespace basGlobals
+}  // namespace mail

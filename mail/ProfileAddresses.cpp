@@ -3,7 +3,7 @@
 #include "mail/MapiSession.h"
 #include "mail/errorTrap.h"
 
-namespace basGlobals {
+namespace mail {
 
 namespace {
 
@@ -54,4 +54,4 @@ std::wstring ExchangeAccountSMTPAddress(Globals& globals) {
                       {});
 }
 
-}  // namespace basGlobals
+}  // namespace mail

@@ -5,7 +5,7 @@
 
 #include "mail/Globals.h"
 
-namespace basGlobals {
+namespace mail {
 
 /// The SMTP addresses of the profile's mail accounts in their order, joined by ";". Nothing when the profile
 /// cannot be read, which is reported.
@@ -15,4 +15,4 @@ std::optional<std::wstring> vtAccountsEmailAddress(Globals& globals);
 /// reported.
 std::wstring ExchangeAccountSMTPAddress(Globals& globals);
 
-}  // namespace basGlobals
+}  // namespace mail

@@ -5,7 +5,7 @@
 
 #include "platform/automation.h"
 
-namespace basGlobals {
+namespace mail {
 
 namespace {
 
@@ -106,4 +106,4 @@ void noteError(std::source_location where) noexcept {
     tell({Skipped::Failure, number, where});
 }
 
-}  // namespace basGlobals
+}  // namespace mail

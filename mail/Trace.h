@@ -9,7 +9,7 @@
 
 #include "platform/SystemInfo.h"
 
-namespace basGlobals {
+namespace mail {
 
 /// Why something was left undone without a word to the user.
 enum class Skipped { Failure, ItemUnreadable, LibraryMissing, OwnAnswer, OtherWindowActs, CancelledBefore };
@@ -55,4 +55,4 @@ void note(Skipped why, std::source_location where = std::source_location::curren
 /// Tells it of the exception that is being handled.
 void noteError(std::source_location where) noexcept;
 
-}  // namespace basGlobals
+}  // namespace mail

@@ -5,7 +5,7 @@
 #include "mail/errorTrap.h"
 #include "platform/text.h"
 
-namespace basGlobals {
+namespace mail {
 
 namespace {
 
@@ -204,4 +204,4 @@ void deleteByEntryId(Globals& globals, const std::wstring& entryId) {
     skipErrors([&] { redemption::Session(globals).message(entryId).call(L"Delete"); });
 }
 
-}  // namespace basGlobals
+}  // namespace mail

@@ -9,7 +9,7 @@
 /// Functions that every room shares: the SMTP addresses behind senders and recipients, and
 /// user properties of items. An address function that fails returns what it has found so far, often nothing:
 /// an empty result is an unknown address and never a match.
-namespace basGlobals {
+namespace mail {
 
 /// True when the item was moved or deleted, so that nothing of it can be read any more; `where` is noted in
 /// the trace.
@@ -51,4 +51,4 @@ bool DeleteUserProperties(Globals& globals, const outlook::Item& item, const std
 /// Deletes the message from its store.
 void deleteByEntryId(Globals& globals, const std::wstring& entryId);
 
-}  // namespace basGlobals
+}  // namespace mail

@@ -10,17 +10,17 @@
 namespace basWordMail {
 
 /// True when the item window is a Word window. Throws automation::Error.
-bool editsInWord(const basGlobals::Globals& globals, const outlook::Inspector& inspector);
+bool editsInWord(const mail::Globals& globals, const outlook::Inspector& inspector);
 /// The same of the active item window. Throws automation::Error.
-bool editsInWord(const basGlobals::Globals& globals);
+bool editsInWord(const mail::Globals& globals);
 
 /// The Word that edits the item of the active window; its Run runs the template's macros. Throws
 /// automation::Error.
-automation::Object activeWord(const basGlobals::Globals& globals);
+automation::Object activeWord(const mail::Globals& globals);
 
 /// Runs a macro of the template in the item window's Word with the item and the cancel flag, which the macro
 /// may set. Throws automation::Error.
-void runMacro(const basGlobals::Globals& globals, const outlook::Inspector& inspector,
-              std::wstring_view macro, const outlook::Item& item, bool& cancel);
+void runMacro(const mail::Globals& globals, const outlook::Inspector& inspector, std::wstring_view macro,
+              const outlook::Item& item, bool& cancel);
 
 }  // namespace basWordMail

@@ -6,6 +6,8 @@
 #include "platform/automation.h"
 #include "platform/files.h"
 
+namespace mail {
+
 namespace {
 
 using platform::PictureKind;
@@ -145,3 +147,5 @@ bool clsResource::SaveData_Array(const std::vector<std::uint8_t>& data, const st
     file.close();
     return !file.fail();
 }
+
+}  // namespace mail

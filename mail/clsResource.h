@@ -7,6 +7,8 @@
 
 #include "platform/ResourceModule.h"
 
+namespace mail {
+
 /// Strings, pictures and data from the resource library, a module loaded only for its resources, or from the
 /// add-in's own. With no library loaded every load gives an empty result.
 class clsResource {
@@ -53,3 +55,5 @@ class clsResource {
     std::wstring pictureFailure_;
     std::unique_ptr<platform::ResourceLibrary> library_;
 };
+
+}  // namespace mail

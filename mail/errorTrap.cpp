@@ -1,6 +1,6 @@
 #include "mail/errorTrap.h"
 
-namespace basGlobals {
+namespace mail {
 
 std::wstring ErrorReport::text(const automation::Error& error) const {
     const std::wstring number = std::to_wstring(error.number());
@@ -23,4 +23,4 @@ void reportError(Globals& globals, const ErrorReport& report, const automation::
     });
 }
 
-}  // namespace basGlobals
+}  // namespace mail

@@ -9,7 +9,7 @@
 #include "mail/Globals.h"
 #include "mail/Trace.h"
 
-namespace basGlobals {
+namespace mail {
 
 /// How a procedure words its error report.
 class ErrorReport {
@@ -94,4 +94,4 @@ std::optional<std::invoke_result_t<Body>> attempt(
     }
 }
 
-}  // namespace basGlobals
+}  // namespace mail

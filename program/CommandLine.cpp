@@ -177,9 +177,10 @@ Command parseCommand(const std::wstring& word) {
 /// The add-in asks about an account that is not there; here a name may just be misspelt.
 void warnOfAccounts(CommandLine& line) {
     for (const auto& [address, account] : line.preferredAccounts) {
-        const bool known = account == noAccount || std::ranges::any_of(line.accounts, [&](const auto& each) {
-                               return text::equalsIgnoringCase(each.name, account);
-                           });
+        const bool known =
+            account == accounts::noAccount || std::ranges::any_of(line.accounts, [&](const auto& each) {
+                return text::equalsIgnoringCase(each.name, account);
+            });
         if (!known) {
             line.warnings.push_back("--list " + text::toUtf8(address) + ": there is no account " +
                                     inQuotes(account));

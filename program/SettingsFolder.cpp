@@ -13,21 +13,13 @@ constexpr wchar_t listSubject[] = L"Email Address";
 
 constexpr wchar_t listHead[] =
     L"<xml xmlns:s='uuid:BDC6E3F0-6DA3-11d1-A2A3-00AA00C14882'\r\n"
-    L"\txmlns:dt='uuid:C2F41010-65B3-11d1-A29F-00AA00C14882'\r\n"
-    L"\txmlns:rs='urn:schemas-microsoft-com:rowset'\r\n"
-    L"\txmlns:z='#RowsetSchema'>\r\n"
-    L"<s:Schema id='RowsetSchema'>\r\n"
-    L"\t<s:ElementType name='row' content='eltOnly' rs:updatable='true'>\r\n"
-    L"\t\t<s:AttributeType name='strEmailAddress' rs:number='1' rs:nullable='true' rs:write='true'>\r\n"
-    L"\t\t\t<s:datatype dt:type='string' dt:maxLength='255'/>\r\n"
-    L"\t\t</s:AttributeType>\r\n"
-    L"\t\t<s:AttributeType name='strAccount' rs:number='2' rs:nullable='true' rs:write='true'>\r\n"
-    L"\t\t\t<s:datatype dt:type='string' dt:maxLength='255'/>\r\n"
-    L"\t\t</s:AttributeType>\r\n"
-    L"\t\t<s:extends type='rs:rowbase'/>\r\n"
-    L"\t</s:ElementType>\r\n"
-    L"</s:Schema>\r\n"
-    L"<rs:data>\r\n";
+    L"\txmlns:dt='uuid:C2F41010-65B3-11d1-A29F-00AA00C14882'\r\n\txmlns:rs='urn:schemas-microsoft-com:rowset'\r\n"
+    L"\txmlns:z='#RowsetSchema'>\r\n<s:Schema id='RowsetSchema'>\r\n\t<s:ElementType name='row' "
+    L"content='eltOnly' rs:updatable='true'>\r\n\t\t<s:AttributeType name='strEmailAddress' rs:number='1' "
+    L"rs:nullable='true' rs:write='true'>\r\n\t\t\t<s:datatype dt:type='string' dt:maxLength='255'/>\r\n"
+    L"\t\t</s:AttributeType>\r\n\t\t<s:AttributeType name='strAccount' rs:number='2' rs:nullable='true' "
+    L"rs:write='true'>\r\n\t\t\t<s:datatype dt:type='string' dt:maxLength='255'/>\r\n\t\t</s:AttributeType>\r\n"
+    L"\t\t<s:extends type='rs:rowbase'/>\r\n\t</s:ElementType>\r\n</s:Schema>\r\n<rs:data>\r\n";
 
 std::wstring attributeValue(std::wstring_view value) {
     std::wstring result = text::replaceAll(value, L"&", L"&#x26;");

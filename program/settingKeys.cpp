@@ -47,7 +47,7 @@ std::wstring readingOf(const modRegKeys::Text& setting, std::wstring_view value)
     if (setting.key != std::wstring_view(modRegKeys::DelayTime.key)) {
         return stored;
     }
-    const auto seconds = basGlobals::attempt(
+    const auto seconds = mail::attempt(
         [&] { return automation::Value(stored.empty() ? setting.whenEmpty : stored).toInteger(); });
     return seconds ? std::to_wstring(*seconds) : L"no number";
 }

@@ -2,9 +2,13 @@
 
 #include "settings/prompts.h"
 
+namespace settings {
+
 platform::Answer AlertingDesktop::messageBox(const std::wstring& prompt, platform::MessageStyle style,
                                              const std::wstring& title) {
     prompts::soundAlert(globals_);
     ++globals_.promptsShown;
     return shown_.messageBox(prompt, style, title);
 }
+
+}  // namespace settings

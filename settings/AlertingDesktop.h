@@ -2,14 +2,15 @@
 
 #include "mail/Globals.h"
 
+namespace settings {
+
 /// The desktop as the add-in uses it: the alert sound precedes every message box when the user wants it, from
 /// whichever room the box comes, reports of errors included. Dialogs differ, since the user opens some of
 /// them from the menu: those that come unasked are shown by prompts::show(). Both are counted.
 class AlertingDesktop final : public platform::Desktop {
   public:
     /// Both outlive this one.
-    AlertingDesktop(platform::Desktop& shown, basGlobals::Globals& globals)
-        : shown_(shown), globals_(globals) {}
+    AlertingDesktop(platform::Desktop& shown, mail::Globals& globals) : shown_(shown), globals_(globals) {}
 
     platform::Answer messageBox(const std::wstring& prompt, platform::MessageStyle style,
                                 const std::wstring& title) override;
@@ -22,5 +23,7 @@ class AlertingDesktop final : public platform::Desktop {
 
   private:
     platform::Desktop& shown_;
-    basGlobals::Globals& globals_;
+    mail::Globals& globals_;
 };
+
+}  // namespace settings

@@ -131,7 +131,7 @@ RegistryValue ReadValue(platform::MachineRegistry& registry, platform::RootKey r
     return value;
 }
 
-std::vector<NamedValue> EnumerateValues(const basGlobals::Globals& globals, platform::RootKey root,
+std::vector<NamedValue> EnumerateValues(const mail::Globals& globals, platform::RootKey root,
                                         const std::wstring& path) {
     const auto tell = [&](const wchar_t* what) {
         globals.platform.desktop.messageBox(what, {}, globals.product.title);

@@ -33,7 +33,7 @@ struct NamedValue {
 /// The values of a key that can be read as text, in the registry's order: texts, numbers and bytes. A key
 /// that cannot be opened or closed is said in a message box; one that cannot be opened has no values. Throws
 /// automation::Error when the registry does not give all of them.
-std::vector<NamedValue> EnumerateValues(const basGlobals::Globals& globals, platform::RootKey root,
+std::vector<NamedValue> EnumerateValues(const mail::Globals& globals, platform::RootKey root,
                                         const std::wstring& path);
 
 }  // namespace basRegistry

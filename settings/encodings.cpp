@@ -13,13 +13,13 @@ namespace modRegKeys {
 
 namespace {
 
-using basGlobals::Globals;
+using mail::Globals;
 
 /// What an absent key reads as, so that it differs from every stored text that matters.
 constexpr wchar_t keyNotInReg[] = L"KeyNotInReg";
 
 std::wstring stored(const Globals& globals, const wchar_t* key, const wchar_t* whenAbsent) {
-    const auto value = basGlobals::attempt([&] { return globals.platform.settings.read(key); });
+    const auto value = mail::attempt([&] { return globals.platform.settings.read(key); });
     return value && *value ? **value : std::wstring(whenAbsent);
 }
 
@@ -28,7 +28,7 @@ std::wstring storedTrimmed(const Globals& globals, const wchar_t* key) {
 }
 
 void store(const Globals& globals, const wchar_t* key, std::wstring_view value) {
-    basGlobals::skipErrors([&] { globals.platform.settings.write(key, std::wstring(value)); });
+    mail::skipErrors([&] { globals.platform.settings.write(key, std::wstring(value)); });
 }
 
 }  // namespace
@@ -113,7 +113,7 @@ void Text::write(const Globals& globals, std::wstring_view value) const {
 
 std::wstring OwnAddresses::read(Globals& globals) const {
     std::wstring value = storedTrimmed(globals, key);
-    return value == keyNotInReg ? basGlobals::vtAccountsEmailAddress(globals).value_or(L"") : value;
+    return value == keyNotInReg ? mail::vtAccountsEmailAddress(globals).value_or(L"") : value;
 }
 
 void OwnAddresses::write(const Globals& globals, std::wstring_view value) const {

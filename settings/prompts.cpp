@@ -5,22 +5,22 @@
 
 namespace prompts {
 
-void soundAlert(const basGlobals::Globals& globals) {
+void soundAlert(const mail::Globals& globals) {
     if (modRegKeys::PlaySound.read(globals)) {
-        basGlobals::skipErrors([&] { globals.platform.desktop.beep(); });
+        mail::skipErrors([&] { globals.platform.desktop.beep(); });
     }
 }
 
-std::wstring titled(const basGlobals::Globals& globals, const std::wstring& caption) {
+std::wstring titled(const mail::Globals& globals, const std::wstring& caption) {
     return caption + L" - " + globals.product.title;
 }
 
-platform::Answer ask(const basGlobals::Globals& globals, const std::wstring& caption,
-                     const std::wstring& prompt, platform::MessageStyle style) {
+platform::Answer ask(const mail::Globals& globals, const std::wstring& caption, const std::wstring& prompt,
+                     platform::MessageStyle style) {
     return globals.platform.desktop.messageBox(prompt, style, titled(globals, caption));
 }
 
-void show(const basGlobals::Globals& globals, forms::Form& form) {
+void show(const mail::Globals& globals, forms::Form& form) {
     soundAlert(globals);
     globals.platform.desktop.showModal(form);
 }

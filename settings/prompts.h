@@ -10,16 +10,16 @@
 namespace prompts {
 
 /// Shows the message box titled "<caption> - <product title>" over the window in the foreground.
-platform::Answer ask(const basGlobals::Globals& globals, const std::wstring& caption,
-                     const std::wstring& prompt, platform::MessageStyle style);
+platform::Answer ask(const mail::Globals& globals, const std::wstring& caption, const std::wstring& prompt,
+                     platform::MessageStyle style);
 
 /// Sounds the alert when the user wants to hear one; a machine that cannot stays silent.
-void soundAlert(const basGlobals::Globals& globals);
+void soundAlert(const mail::Globals& globals);
 
 /// Sounds the alert and shows the dialog until it is answered.
-void show(const basGlobals::Globals& globals, forms::Form& form);
+void show(const mail::Globals& globals, forms::Form& form);
 
 /// "<caption> - <product title>".
-std::wstring titled(const basGlobals::Globals& globals, const std::wstring& caption);
+std::wstring titled(const mail::Globals& globals, const std::wstring& caption);
 
 }  // namespace prompts

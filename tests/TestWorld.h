@@ -44,7 +44,7 @@ class TestWorld {
     platform::native::MemorySettingsStore& settings = ports.settings;
     platform::native::FakeRegistry& registry = ports.registry;
     platform::Platform& platform = ports.platform;
-    basGlobals::Globals globals{platform};
+    mail::Globals globals{platform};
 
   private:
     TestWorld(platform::SettingsStore* store, std::vector<std::wstring> answers, host::Profile profile)

@@ -23,7 +23,7 @@ class AccountsWorld : public TestWorld {
         return outlook.view(outlook.itemsIn(folder).at(0)).body;
     }
     Entries stored(const std::wstring& folder = tarnwellFolder) const {
-        return entriesOf(AccountRows(storedBody(folder)));
+        return entriesOf(accounts::AccountRows(storedBody(folder)));
     }
     Entries loaded() const {
         Entries entries;
@@ -51,5 +51,5 @@ class AccountsWorld : public TestWorld {
         return list.Delete();
     }
 
-    clsSendAcct list{globals};
+    accounts::clsSendAcct list{globals};
 };

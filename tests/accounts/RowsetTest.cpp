@@ -8,64 +8,42 @@
 
 namespace {
 
-using rowset::NotARowset;
-using rowset::readRowset;
-using rowset::writeRowset;
+using accounts::rowset::NotARowset;
+using accounts::rowset::readRowset;
+using accounts::rowset::writeRowset;
 
 /// A set with everything that the data-access components leave behind: pending changes of each kind, nulls,
 /// references, broken lines.
 constexpr wchar_t pendingChanges[] =
     L"<xml xmlns:s='uuid:BDC6E3F0-6DA3-11d1-A2A3-00AA00C14882'\r\n"
-    L"\txmlns:dt='uuid:C2F41010-65B3-11d1-A29F-00AA00C14882'\r\n"
-    L"\txmlns:rs='urn:schemas-microsoft-com:rowset'\r\n"
-    L"\txmlns:z='#RowsetSchema'>\r\n"
-    L"<s:Schema id='RowsetSchema'>\r\n"
-    L"\t<s:ElementType name='row' content='eltOnly' rs:updatable='true'>\r\n"
-    L"\t\t<s:AttributeType name='strEmailAddress' rs:number='1' rs:nullable='true' rs:maydefer='true' "
-    L"rs:write='true'\r\n"
-    L"\t\t\t rs:basetable='tblEmailAddress' rs:basecolumn='strEmailAddress'>\r\n"
-    L"\t\t\t<s:datatype dt:type='string' dt:maxLength='255'/>\r\n"
-    L"\t\t</s:AttributeType>\r\n"
-    L"\t\t<s:AttributeType name='strAccount' rs:number='2' rs:nullable='true' rs:maydefer='true' "
-    L"rs:write='true' rs:basetable='tblEmailAddress'\r\n"
-    L"\t\t\t rs:basecolumn='strAccount'>\r\n"
-    L"\t\t\t<s:datatype dt:type='string' dt:maxLength='255'/>\r\n"
-    L"\t\t</s:AttributeType>\r\n"
-    L"\t\t<s:extends type='rs:rowbase'/>\r\n"
-    L"\t</s:ElementType>\r\n"
-    L"</s:Schema>\r\n"
-    L"<rs:data>\r\n"
-    L"\t<z:row strEmailAddress='ann@example.org' strAccount='Work'/>\r\n"
-    L"\t<rs:update>\r\n"
-    L"\t\t<rs:original>\r\n"
-    L"\t\t\t<z:row strEmailAddress='bob@example.org' strAccount='Work'/>\r\n"
-    L"\t\t</rs:original>\r\n"
-    L"\t\t<z:row strAccount='Bob&#x27;s &#x26; &#x3c;mine&#x3e;'/>\r\n"
-    L"\t</rs:update>\r\n"
-    L"\t<rs:insert>\r\n"
-    L"\t\t<z:row strEmailAddress='cy@example.org' rs:forcenull='strAccount'/>\r\n"
-    L"\t\t<z:row strEmailAddress='di@example.org' strAccount=''/>\r\n"
-    L"\t</rs:insert>\r\n"
-    L"\t<rs:delete>\r\n"
-    L"\t\t<z:row strEmailAddress='ed@example.org' strAccount='Work'/>\r\n"
-    L"\t</rs:delete>\r\n"
-    L"</rs:data>\r\n"
-    L"</xml>";
+    L"\txmlns:dt='uuid:C2F41010-65B3-11d1-A29F-00AA00C14882'\r\n\txmlns:rs='urn:schemas-microsoft-com:rowset'\r\n"
+    L"\txmlns:z='#RowsetSchema'>\r\n<s:Schema id='RowsetSchema'>\r\n\t<s:ElementType name='row' "
+    L"content='eltOnly' rs:updatable='true'>\r\n\t\t<s:AttributeType name='strEmailAddress' rs:number='1' "
+    L"rs:nullable='true' rs:maydefer='true' rs:write='true'\r\n\t\t\t rs:basetable='tblEmailAddress' "
+    L"rs:basecolumn='strEmailAddress'>\r\n\t\t\t<s:datatype dt:type='string' dt:maxLength='255'/>\r\n"
+    L"\t\t</s:AttributeType>\r\n\t\t<s:AttributeType name='strAccount' rs:number='2' rs:nullable='true' "
+    L"rs:maydefer='true' rs:write='true' rs:basetable='tblEmailAddress'\r\n\t\t\t rs:basecolumn='strAccount'>\r\n"
+    L"\t\t\t<s:datatype dt:type='string' dt:maxLength='255'/>\r\n\t\t</s:AttributeType>\r\n\t\t<s:extends "
+    L"type='rs:rowbase'/>\r\n\t</s:ElementType>\r\n</s:Schema>\r\n<rs:data>\r\n\t<z:row "
+    L"strEmailAddress='ann@example.org' strAccount='Work'/>\r\n\t<rs:update>\r\n\t\t<rs:original>\r\n"
+    L"\t\t\t<z:row strEmailAddress='bob@example.org' strAccount='Work'/>\r\n\t\t</rs:original>\r\n\t\t<z:row "
+    L"strAccount='Bob&#x27;s &#x26; &#x3c;mine&#x3e;'/>\r\n\t</rs:update>\r\n\t<rs:insert>\r\n\t\t<z:row "
+    L"strEmailAddress='cy@example.org' rs:forcenull='strAccount'/>\r\n\t\t<z:row "
+    L"strEmailAddress='di@example.org' strAccount=''/>\r\n\t</rs:insert>\r\n\t<rs:delete>\r\n\t\t<z:row "
+    L"strEmailAddress='ed@example.org' strAccount='Work'/>\r\n\t</rs:delete>\r\n</rs:data>\r\n</xml>";
 
 TEST(Rowset, IsWrittenAsTheComponentsWriteIt) {
     const std::wstring before(pendingChanges);
     const std::wstring expected =
         before.substr(0, before.find(L"\t<rs:update>")) +
         L"\t<z:row strEmailAddress='bob@example.org' strAccount='Bob&#x27;s &#x26; &#x3c;mine&#x3e;'/>\r\n"
-        L"\t<z:row strEmailAddress='cy@example.org'/>\r\n"
-        L"\t<z:row strEmailAddress='di@example.org' strAccount=''/>\r\n"
-        L"</rs:data>\r\n"
-        L"</xml>";
+        L"\t<z:row strEmailAddress='cy@example.org'/>\r\n\t<z:row strEmailAddress='di@example.org' "
+        L"strAccount=''/>\r\n</rs:data>\r\n</xml>";
     EXPECT_EQ(writeRowset(readRowset(pendingChanges)), expected);
     EXPECT_EQ(writeRowset(readRowset(expected)), expected);
 
     const std::wstring empty = before.substr(0, before.find(L"\t<z:row")) + L"</rs:data>\r\n</xml>";
-    EXPECT_EQ(writeRowset(readRowset(emptyList)), empty);
+    EXPECT_EQ(writeRowset(readRowset(accounts::emptyList)), empty);
 }
 
 struct ReadCase {
@@ -77,13 +55,14 @@ struct ReadCase {
 class Reading : public testing::TestWithParam<ReadCase> {};
 
 TEST_P(Reading, UnderstandsEveryForm) {
-    EXPECT_EQ(entriesOf(AccountRows(GetParam().text)), GetParam().entries);
+    EXPECT_EQ(entriesOf(accounts::AccountRows(GetParam().text)), GetParam().entries);
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Forms, Reading,
     testing::Values(
-        ReadCase{"NewList", emptyList, {}}, ReadCase{"ClosedAtOnce", listText(std::wstring(L"\r\n")), {}},
+        ReadCase{"NewList", accounts::emptyList, {}},
+        ReadCase{"ClosedAtOnce", listText(std::wstring(L"\r\n")), {}},
         ReadCase{"PendingChanges",
                  pendingChanges,
                  {{L"ann@example.org", L"Work"},
@@ -91,13 +70,13 @@ INSTANTIATE_TEST_SUITE_P(
                   {L"cy@example.org", L""},
                   {L"di@example.org", L""}}},
         ReadCase{"ChangedToNull",
-                 listText(L"<rs:update><rs:original><z:row strEmailAddress='a@b.org' strAccount='X'/>"
-                          L"</rs:original><z:row strEmailAddress='b@b.org' rs:forcenull='strAccount'/>"
-                          L"</rs:update>"),
+                 listText(L"<rs:update><rs:original><z:row strEmailAddress='a@b.org' "
+                          L"strAccount='X'/></rs:original><z:row strEmailAddress='b@b.org' "
+                          L"rs:forcenull='strAccount'/></rs:update>"),
                  {{L"b@b.org", L""}}},
         ReadCase{"UnchangedUpdate",
-                 listText(L"<rs:update><rs:original><z:row strEmailAddress='a@b.org' strAccount='X'/>"
-                          L"</rs:original><z:row/></rs:update>"),
+                 listText(L"<rs:update><rs:original><z:row strEmailAddress='a@b.org' "
+                          L"strAccount='X'/></rs:original><z:row/></rs:update>"),
                  {{L"a@b.org", L"X"}}},
         ReadCase{
             "OtherQuotesAndOrder",
@@ -206,12 +185,12 @@ std::wstring manyNameSpaces() {
     for (int number = 0; number < 9'000; ++number) {
         text += L" xmlns:a" + std::to_wstring(number) + L"='b'";
     }
-    return text + std::wstring(emptyList).substr(4);
+    return text + std::wstring(accounts::emptyList).substr(4);
 }
 
 /// What precedes the rows, made longer by a value.
 std::wstring longFrame(std::size_t length, wchar_t character) {
-    return text::replaceAll(emptyList, L"rs:updatable='true'",
+    return text::replaceAll(accounts::emptyList, L"rs:updatable='true'",
                             L"rs:updatable='true' later='" + std::wstring(length, character) + L"'");
 }
 
@@ -223,16 +202,16 @@ TEST(Rowset, RefusesWhatIsNone) {
         L"<html></html>",
         L"<xml></xml>",
         L"<xml/>",
-        std::wstring(emptyList) + L"-- \r\nAnn",
-        std::wstring(emptyList) + emptyList,
-        std::wstring(L"Dear list,") + emptyList,
-        std::wstring(L"<!DOCTYPE xml [<!ENTITY a 'aa'>]>") + emptyList,
-        text::replaceAll(emptyList, L"rs:number='2'", L"rs:number='2' name='strAccount'"),
-        text::replaceAll(emptyList, L"name='strAccount'", L"name='strEmailAddress'"),
-        text::replaceAll(emptyList, L"s:ElementType", L"s:Type"),
-        text::replaceAll(emptyList, L"<rs:data>", L"<rs:other>"),
-        text::replaceAll(emptyList, L"strAccount", L"strOther"),
-        text::replaceAll(emptyList, L"</s:Schema>", L"</s:Schema><s:Schema/>"),
+        std::wstring(accounts::emptyList) + L"-- \r\nAnn",
+        std::wstring(accounts::emptyList) + accounts::emptyList,
+        std::wstring(L"Dear list,") + accounts::emptyList,
+        std::wstring(L"<!DOCTYPE xml [<!ENTITY a 'aa'>]>") + accounts::emptyList,
+        text::replaceAll(accounts::emptyList, L"rs:number='2'", L"rs:number='2' name='strAccount'"),
+        text::replaceAll(accounts::emptyList, L"name='strAccount'", L"name='strEmailAddress'"),
+        text::replaceAll(accounts::emptyList, L"s:ElementType", L"s:Type"),
+        text::replaceAll(accounts::emptyList, L"<rs:data>", L"<rs:other>"),
+        text::replaceAll(accounts::emptyList, L"strAccount", L"strOther"),
+        text::replaceAll(accounts::emptyList, L"</s:Schema>", L"</s:Schema><s:Schema/>"),
         listText(L"<![CDATA[<z:row/>]]>"),
         listText(L"<!ELEMENT a>"),
         listText(L"hello"),
@@ -264,20 +243,21 @@ TEST(Rowset, RefusesWhatIsNone) {
         listText(manyAttributes()),
         listText(manyColumns()),
         nested(100'000),
-        text::replaceAll(emptyList, L"#RowsetSchema", L"urn:other"),
-        text::replaceAll(emptyList, L"urn:schemas-microsoft-com:rowset", L"urn:other"),
-        text::replaceAll(emptyList, L"uuid:BDC6E3F0-6DA3-11d1-A2A3-00AA00C14882", L"urn:other"),
+        text::replaceAll(accounts::emptyList, L"#RowsetSchema", L"urn:other"),
+        text::replaceAll(accounts::emptyList, L"urn:schemas-microsoft-com:rowset", L"urn:other"),
+        text::replaceAll(accounts::emptyList, L"uuid:BDC6E3F0-6DA3-11d1-A2A3-00AA00C14882", L"urn:other"),
         text::replaceAll(listText(L"<z:row/>"), L"<z:row/>", L"<z:row xmlns:z='urn:other'/>"),
         text::replaceAll(listText(L"<z:row/>"), L"<z:row/>", L"<y:row xmlns:y='urn:other'/>"),
         text::replaceAll(listText(L"<z:row/>"), L"<z:row/>", L"<row/>"),
         listText(L"<y:row xmlns:y='#RowsetSchema'/><y:row/>"),
         listText(L"<z:row xmlns:q='urn:schemas-microsoft-com:rowset' q:a='' rs:a=''/>"),
-        text::replaceAll(emptyList, L"id='RowsetSchema'",
+        text::replaceAll(accounts::emptyList, L"id='RowsetSchema'",
                          L"xmlns:q='urn:schemas-microsoft-com:rowset' q:id='' rs:id='' id='RowsetSchema'"),
-        text::replaceAll(emptyList, L"name='strAccount'", L"name='a b' rs:name='strAccount'"),
-        text::replaceAll(emptyList, L"name='strAccount'", L"name='' rs:name='strAccount'"),
-        text::replaceAll(emptyList, L"name='strAccount'", L"name='xmlns:a' rs:name='strAccount'"),
-        text::replaceAll(emptyList, L"name='strAccount'", L"name='rs:forcenull' rs:name='strAccount'"),
+        text::replaceAll(accounts::emptyList, L"name='strAccount'", L"name='a b' rs:name='strAccount'"),
+        text::replaceAll(accounts::emptyList, L"name='strAccount'", L"name='' rs:name='strAccount'"),
+        text::replaceAll(accounts::emptyList, L"name='strAccount'", L"name='xmlns:a' rs:name='strAccount'"),
+        text::replaceAll(accounts::emptyList, L"name='strAccount'",
+                         L"name='rs:forcenull' rs:name='strAccount'"),
         listText(L"<z:row str\x1='Work'/>"),
         listText(L"<z:row str\x85='Work'/>"),
         listText(L"<z:row a" + std::wstring(1, L'\0') + L"b='Work'/>"),
@@ -285,7 +265,7 @@ TEST(Rowset, RefusesWhatIsNone) {
         longFrame(1'100'000, L'x'),
     };
     for (const std::wstring& text : cases) {
-        EXPECT_THROW(AccountRows{text}, NotARowset) << text::toUtf8(text.substr(0, 3000));
+        EXPECT_THROW(accounts::AccountRows{text}, NotARowset) << text::toUtf8(text.substr(0, 3000));
     }
 }
 
@@ -302,7 +282,7 @@ TEST(Rowset, IsReadWholeOrNotAtAll) {
 }
 
 TEST(Rowset, KeepsEveryCharacter) {
-    AccountRows rows(emptyList);
+    accounts::AccountRows rows(accounts::emptyList);
     Entries entries;
     const auto add = [&](const std::wstring& value) {
         entries.emplace_back(std::to_wstring(100'000 + entries.size()), value);
@@ -315,12 +295,12 @@ TEST(Rowset, KeepsEveryCharacter) {
     for (wchar_t character = 1; character < 0x3000; ++character) {
         add(std::wstring(2, character));
     }
-    EXPECT_EQ(entriesOf(AccountRows(writeRowset(rows.rowset()))), entries);
+    EXPECT_EQ(entriesOf(accounts::AccountRows(writeRowset(rows.rowset()))), entries);
 }
 
 /// XML has no other way to hold them: raw ones are spaces to other readers, or none of XML's characters.
 TEST(Rowset, WritesNoControlCharacterRaw) {
-    AccountRows rows(emptyList);
+    accounts::AccountRows rows(accounts::emptyList);
     rows.add();
     rows.set({L"a", L"\t\r\n\x1\x1f\x7f\x9f\xa0"});
     const std::wstring text = writeRowset(rows.rowset());
@@ -330,29 +310,29 @@ TEST(Rowset, WritesNoControlCharacterRaw) {
 
 /// References take more room than what they stand for.
 TEST(Rowset, CanReadWhatItHasWritten) {
-    AccountRows rows(longFrame(170'000, L'>'));
+    accounts::AccountRows rows(longFrame(170'000, L'>'));
     rows.add();
     rows.set({L"a@b.org", L"Work"});
-    const std::wstring text = rowset::writeReadable(rows.rowset());
+    const std::wstring text = accounts::rowset::writeReadable(rows.rowset());
     EXPECT_GT(text.size(), 1'000'000U);
-    EXPECT_EQ(AccountRows(text).count(), 1U);
+    EXPECT_EQ(accounts::AccountRows(text).count(), 1U);
 
     const std::wstring twin = L"<s:AttributeType name='c3' rs:name='strAccount'/><s:extends";
-    EXPECT_NO_THROW(rowset::writeReadable(
+    EXPECT_NO_THROW(accounts::rowset::writeReadable(
         readRowset(text::replaceAll(listText(L"<z:row strAccount='a' c3='b'/>"), L"<s:extends", twin))))
         << "two columns of one name";
 
-    EXPECT_FALSE(rowset::sameRows(readRowset(listText(L"<z:row a='1'/>")),
-                                  readRowset(listText(L"<z:row a='1' b='2'/>"))));
+    EXPECT_FALSE(accounts::rowset::sameRows(readRowset(listText(L"<z:row a='1'/>")),
+                                            readRowset(listText(L"<z:row a='1' b='2'/>"))));
 
     // The row has one attribute more than may be read.
-    rowset::Limits limits;
+    accounts::rowset::Limits limits;
     limits.mostAttributes = 6;
-    AccountRows wide(listText(L"<z:row a='' b='' c='' d='' e=''/>"), {.mostAttributes = 8});
+    accounts::AccountRows wide(listText(L"<z:row a='' b='' c='' d='' e=''/>"), {.mostAttributes = 8});
     wide.set({L"a@b.org", L"Work"});
-    EXPECT_THROW(rowset::writeReadable(wide.rowset(), limits), automation::Error);
+    EXPECT_THROW(accounts::rowset::writeReadable(wide.rowset(), limits), automation::Error);
     limits.mostAttributes = 8;
-    EXPECT_NO_THROW(rowset::writeReadable(wide.rowset(), limits));
+    EXPECT_NO_THROW(accounts::rowset::writeReadable(wide.rowset(), limits));
 }
 
 /// A line is broken before an attribute once it holds 108 bytes of UTF-8.
@@ -369,7 +349,7 @@ TEST(Rowset, BreaksLongLines) {
                  {std::wstring(79, L'x') + L"\x20AC", true},
                  {std::wstring(78, L'x') + L"\x20AC", false}};
     for (const auto& [address, broken] : cases) {
-        AccountRows rows(emptyList);
+        accounts::AccountRows rows(accounts::emptyList);
         rows.add();
         rows.set({address, L"Work"});
         const std::wstring text = writeRowset(rows.rowset());
@@ -380,31 +360,31 @@ TEST(Rowset, BreaksLongLines) {
 
 TEST(Rowset, KeepsWhatItDoesNotKnow) {
     std::wstring newer = text::replaceAll(
-        emptyList, L"</s:AttributeType>\r\n<s:extends type='rs:rowbase'/>",
+        accounts::emptyList, L"</s:AttributeType>\r\n<s:extends type='rs:rowbase'/>",
         L"</s:AttributeType>\r\n<s:AttributeType name='c3' rs:name='Last Used' rs:number='3' new='1'>"
         L"<s:datatype dt:type='dateTime'/><s:hint/></s:AttributeType>\r\n<s:extends type='rs:rowbase'/>");
     newer = text::replaceAll(newer, L"rs:updatable='true'", L"rs:updatable='true' rs:CommandTimeout='30'");
     newer = text::replaceAll(
         newer, L"<rs:data>\r\n",
         L"<rs:data new='2'><z:row later='x' c3='2030-01-01' strAccount='Work' strEmailAddress='b@b.org'/>");
-    AccountRows rows(newer);
+    accounts::AccountRows rows(newer);
     rows.add();
     rows.set({L"a@b.org", L"Home"});
     const std::wstring text = writeRowset(rows.rowset());
 
     for (const wchar_t* expected :
          {L"rs:updatable='true' rs:CommandTimeout='30'>\r\n", L"<rs:data new='2'>\r\n",
-          L"\t\t<s:AttributeType name='c3' rs:name='Last Used' rs:number='3' new='1'>\r\n"
-          L"\t\t\t<s:datatype dt:type='dateTime'/>\r\n\t\t\t<s:hint/>\r\n\t\t</s:AttributeType>\r\n",
-          L"\t<z:row strEmailAddress='b@b.org' strAccount='Work' c3='2030-01-01' later='x'/>\r\n"
-          L"\t<z:row strEmailAddress='a@b.org' strAccount='Home'/>\r\n"}) {
+          L"\t\t<s:AttributeType name='c3' rs:name='Last Used' rs:number='3' new='1'>\r\n\t\t\t<s:datatype "
+          L"dt:type='dateTime'/>\r\n\t\t\t<s:hint/>\r\n\t\t</s:AttributeType>\r\n",
+          L"\t<z:row strEmailAddress='b@b.org' strAccount='Work' c3='2030-01-01' later='x'/>\r\n\t<z:row "
+          L"strEmailAddress='a@b.org' strAccount='Home'/>\r\n"}) {
         EXPECT_NE(text.find(expected), std::wstring::npos) << text::toUtf8(expected);
     }
     EXPECT_EQ(readRowset(text).column(L"Last Used"), 2U);
 }
 
 TEST(Rowset, FindsForwardFromTheCurrentRow) {
-    AccountRows rows(listText({{L"a", L"1"}, {L"b", L"2"}, {L"b", L"3"}, {L"c", L"4"}}));
+    accounts::AccountRows rows(listText({{L"a", L"1"}, {L"b", L"2"}, {L"b", L"3"}, {L"c", L"4"}}));
     ASSERT_TRUE(rows.moveTo(2));
     EXPECT_TRUE(rows.findForward(L"b"));
     EXPECT_EQ(rows.account(rows.position()), L"3");

@@ -26,8 +26,8 @@ struct Outcome {
 Outcome sendThrough(AccountsWorld& world, const host::Message& message) {
     const automation::Object mail = world.outlook.itemOf(world.outlook.openNewMail(message));
     Outcome outcome;
-    OutgoingMail outgoing(world.globals, outlook::Item(mail));
-    accountStep::checkPreferredAccount(world.globals, world.list, outgoing, {}, outcome.cancelled);
+    mail::OutgoingMail outgoing(world.globals, outlook::Item(mail));
+    accounts::accountStep::checkPreferredAccount(world.globals, world.list, outgoing, {}, outcome.cancelled);
     outcome.account = world.outlook.view(mail).account;
     return outcome;
 }
@@ -60,8 +60,8 @@ TEST(AccountStepFailures, CancelTheSendOrLeaveTheMailAlone) {
         const std::size_t before = world.outlook.calls();
         world.outlook.failCall(call);
         bool cancelled = false;
-        OutgoingMail outgoing(world.globals, outlook::Item(mail));
-        accountStep::checkPreferredAccount(world.globals, world.list, outgoing, {}, cancelled);
+        mail::OutgoingMail outgoing(world.globals, outlook::Item(mail));
+        accounts::accountStep::checkPreferredAccount(world.globals, world.list, outgoing, {}, cancelled);
         failed = world.outlook.calls() - before >= call;
         world.outlook.failCall(0);
 

@@ -10,12 +10,12 @@
 namespace {
 
 TEST(Accounts, AreThoseOfTheProfileInItsOrder) {
-    host::Profile profile = profileWith(emptyList);
+    host::Profile profile = profileWith(accounts::emptyList);
     profile.accounts.push_back({.name = L"Directory", .type = host::AccountType::Ldap});
     AccountsWorld world(profile);
     EXPECT_EQ(world.list.LoadAccounts(),
               (std::vector<std::wstring>{L"No Account Selected", L"Work", L"Home"}));
-    OutgoingMail mail(world.globals, {});
+    mail::OutgoingMail mail(world.globals, {});
     EXPECT_EQ(world.list.GetAccountInUse(mail), L"Work");
     EXPECT_TRUE(world.list.PrefAcctExists(mail, L" hOME "));
     EXPECT_FALSE(world.list.PrefAcctExists(mail, L"Hom"));
@@ -23,13 +23,13 @@ TEST(Accounts, AreThoseOfTheProfileInItsOrder) {
 }
 
 TEST(Accounts, AreStampedOnTheMail) {
-    host::Profile profile = profileWith(emptyList);
+    host::Profile profile = profileWith(accounts::emptyList);
     profile.accounts[1].stamp = L"00000002";
     profile.accounts[1].sendStamp = L"00000002\x1me@example.net";
     AccountsWorld world(profile);
     const automation::Object mail = world.outlook.store(L"Drafts", {.subject = L"Budget"});
     const outlook::Item item(mail);
-    OutgoingMail outgoing(world.globals, item);
+    mail::OutgoingMail outgoing(world.globals, item);
     EXPECT_EQ(world.list.GetSelectedMailAccount(outgoing), L"");
     EXPECT_FALSE(world.list.SendUsingPrefAccount(outgoing, L"Gone"));
     EXPECT_EQ(world.outlook.view(mail).account, L"Work");
@@ -53,9 +53,9 @@ struct Stamping {
     std::size_t accesses = 0;
 
     Stamping(const std::wstring& before, std::size_t failing) {
-        AccountsWorld world(profileWith(emptyList));
-        OutgoingMail mail(world.globals,
-                          outlook::Item(world.outlook.store(L"Drafts", {.subject = L"Budget"})));
+        AccountsWorld world(profileWith(accounts::emptyList));
+        mail::OutgoingMail mail(world.globals,
+                                outlook::Item(world.outlook.store(L"Drafts", {.subject = L"Budget"})));
         const redemption::SafeItem safe = mail.safe();
         for (const std::int32_t tag : stampTags) {
             safe.setField(tag, before);
@@ -100,9 +100,9 @@ TEST(Accounts, AreStampedWhereTheDecisiveHalfOfTheStampIsTaken) {
 
 TEST(ListLookups, FollowTheList) {
     AccountsWorld world(Entries{{L"ann@example.org", L"Work"}, {L"jimbob@example.org", L"Home"}});
-    EXPECT_EQ(basSendAcct::PreferredAddresses(world.list), L"ann@example.org;jimbob@example.org;");
-    EXPECT_EQ(basSendAcct::PreferredAccount(world.list, L" JimBob@Example.org"), L"Home");
-    EXPECT_EQ(basSendAcct::PreferredAccount(world.list, L"bob@example.org"), L"");
+    EXPECT_EQ(accounts::basSendAcct::PreferredAddresses(world.list), L"ann@example.org;jimbob@example.org;");
+    EXPECT_EQ(accounts::basSendAcct::PreferredAccount(world.list, L" JimBob@Example.org"), L"Home");
+    EXPECT_EQ(accounts::basSendAcct::PreferredAccount(world.list, L"bob@example.org"), L"");
 
     const struct {
         std::wstring address;
@@ -114,8 +114,8 @@ TEST(ListLookups, FollowTheList) {
     for (const auto& [address, listed] : cases) {
         host::Message message;
         message.to = {{.name = L"Someone", .address = address}, {.address = L"ann@example.org"}};
-        OutgoingMail mail(world.globals, outlook::Item(world.outlook.store(L"Drafts", message)));
-        const auto membership = basSendAcct::ListMembership(world.list, mail);
+        mail::OutgoingMail mail(world.globals, outlook::Item(world.outlook.store(L"Drafts", message)));
+        const auto membership = accounts::basSendAcct::ListMembership(world.list, mail);
         EXPECT_EQ(membership.listed, listed) << text::toUtf8(address);
         EXPECT_EQ(membership.address, text::trim(address));
         EXPECT_EQ(membership.message.empty(), !listed);

@@ -18,7 +18,7 @@ TEST(StoredList, IsMadeOnceInItsFolder) {
     ASSERT_EQ(items.size(), 1U);
     const host::ItemView item = world.outlook.view(items[0]);
     EXPECT_EQ(item.subject, L"Email Address");
-    EXPECT_EQ(item.body, emptyList);
+    EXPECT_EQ(item.body, accounts::emptyList);
     EXPECT_FALSE(item.unread);
     EXPECT_EQ(world.list.count(), 0U);
     EXPECT_TRUE(world.outlook.itemsIn(L"Drafts").empty());
@@ -35,7 +35,7 @@ TEST(StoredList, FirstItemOfThatSubjectHoldsIt) {
     host::Profile profile = profileWith(listText(twoEntries));
     host::StoredMessage other = storedList(L"note");
     other.message.subject = L"email address";
-    profile.messages = {other, storedList(listText(twoEntries)), storedList(emptyList)};
+    profile.messages = {other, storedList(listText(twoEntries)), storedList(accounts::emptyList)};
     AccountsWorld world(profile);
     EXPECT_EQ(world.loaded(), twoEntries);
 }
@@ -110,13 +110,13 @@ TEST(StoredList, LeavesNoHalfMadeItem) {
         EXPECT_TRUE(world.outlook.itemsIn(L"Drafts").empty()) << "call " << call;
         EXPECT_TRUE(world.list.LoadList()) << "call " << call;
         EXPECT_EQ(world.outlook.itemsIn(tarnwellFolder).size(), 1U) << "call " << call;
-        EXPECT_EQ(world.storedBody(), emptyList) << "call " << call;
+        EXPECT_EQ(world.storedBody(), accounts::emptyList) << "call " << call;
     }
 }
 
 TEST(StoredList, ChangesOfAnotherOutlookAreKept) {
     AccountsWorld world(twoEntries);
-    clsSendAcct other(world.globals);
+    accounts::clsSendAcct other(world.globals);
     other.LoadList();
 
     ASSERT_TRUE(world.add(L"aaa@example.org", L"Work"));
@@ -139,7 +139,8 @@ TEST(StoredList, AnUnreadableBodyIsLeftAlone) {
     AccountsWorld world(profileWith(body), {L"Veltro=OK", L"Veltro=OK"});
     EXPECT_FALSE(world.add(L"cy@example.org", L"Work"));
     EXPECT_FALSE(world.list.ErrorReport.empty());
-    EXPECT_FALSE(world.list.EmailAddressMailSave(AccountRows(emptyList).rowset(), L"the folder"));
+    EXPECT_FALSE(
+        world.list.EmailAddressMailSave(accounts::AccountRows(accounts::emptyList).rowset(), L"the folder"));
     EXPECT_EQ(world.storedBody(), body);
     EXPECT_EQ(world.list.count(), 0U);
     ASSERT_EQ(world.log.messages.size(), 2U);
@@ -149,11 +150,9 @@ TEST(StoredList, AnUnreadableBodyIsLeftAlone) {
         world.log.messages[0].text,
         L"The list of your Email Addresses appears to be corrupted. \r\n\r\nThis data is saved in an e-mail "
         L"labeled 'Email Addresses' in the folder \\\\Personal Folders\\Tarnwell Settings\\Veltro. This "
-        L"error "
-        L"can only occur if someone has changed the e-mail by hand.\r\n\r\nYou can correct this by:\r\n1. "
-        L"Deleting/renaming your old data email so that Veltro can automatically make a new email to save "
-        L"its "
-        L"data OR\r\n2. Manually fixing the error in the data email");
+        L"error can only occur if someone has changed the e-mail by hand.\r\n\r\nYou can correct this by:\r\n"
+        L"1. Deleting/renaming your old data email so that Veltro can automatically make a new email to save "
+        L"its data OR\r\n2. Manually fixing the error in the data email");
 
     // Doing as told helps.
     world.outlook.typeSubject(world.outlook.itemsIn(tarnwellFolder)[0], L"Email Address, old");
@@ -218,8 +217,8 @@ TEST(StoredList, SaysWhyItCannotBeChanged) {
             EXPECT_FALSE(world.add(entry.first, entry.second));
             EXPECT_EQ(
                 world.list.ErrorReport,
-                L"Email Address cannot be saved because it or its account contains a control character, "
-                L"such as a tab or a line break.");
+                L"Email Address cannot be saved because it or its account contains a control character, such "
+                L"as a tab or a line break.");
         }
     }
     EXPECT_TRUE(world.add(std::wstring(255, L'a'), L"Work"));
@@ -234,7 +233,7 @@ TEST(StoredList, FindsExactlyWhatItHolds) {
     EXPECT_FALSE(world.list.Find(L"o'neil@example.org"));
     EXPECT_EQ(world.list.strEmailAddress, L"ann@example.org");
     EXPECT_FALSE(world.list.Find(L"Ann@example.org"));
-    EXPECT_EQ(world.list.AbsolutePosition(), clsSendAcct::endOfList);
+    EXPECT_EQ(world.list.AbsolutePosition(), accounts::clsSendAcct::endOfList);
 
     world.list.AbsolutePosition(2);
     EXPECT_EQ(world.list.strEmailAddress, L"o'neil@example.org");
@@ -252,13 +251,14 @@ TEST(ListFolder, IsMadeAndToldOf) {
     EXPECT_TRUE(made.outlook.folderExists(tarnwellFolder));
     ASSERT_EQ(made.log.messages.size(), 1U);
     EXPECT_EQ(made.log.messages[0].style.icon, platform::Icon::Information);
-    EXPECT_EQ(made.log.messages[0].text,
-              L"Veltro has created the following folder in Outlook for you:\r\n\\\\Personal "
-              L"Folders\\Tarnwell Settings\\Veltro\r\n\r\nThis folder is used to save your Veltro "
-              L"Settings.\r\nPlease do not delete or change the folder or the e-mails in it.");
+    EXPECT_EQ(
+        made.log.messages[0].text,
+        L"Veltro has created the following folder in Outlook for you:\r\n\\\\Personal "
+        L"Folders\\Tarnwell Settings\\Veltro\r\n\r\nThis folder is used to save your Veltro Settings.\r\n"
+        L"Please do not delete or change the folder or the e-mails in it.");
     EXPECT_TRUE(made.list.CreatePostrouteFolder());
     EXPECT_EQ(made.log.messages.size(), 1U);
-    EXPECT_TRUE(made.list.CreatePostrouteFolder(clsSendAcct::Asked::ByUser));
+    EXPECT_TRUE(made.list.CreatePostrouteFolder(accounts::clsSendAcct::Asked::ByUser));
     EXPECT_EQ(made.log.messages.size(), 2U);
 
     none.stores[0].readOnly = true;

@@ -31,7 +31,7 @@ std::vector<std::wstring> texts(const AccountsWorld& world) {
 }
 
 void showWindow(AccountsWorld& world) {
-    frmEmailAddress window(world.globals, world.list);
+    accounts::frmEmailAddress window(world.globals, world.list);
     world.desktop.showModal(window);
     EXPECT_FALSE(world.desktop.unanswered()) << text::toUtf8(world.desktop.unanswered().value_or(L""));
 }
@@ -40,8 +40,7 @@ TEST(ListWindow, KeepsTheSelectionWhereTheUserIs) {
     AccountsWorld world(
         threeEntries,
         {L"frmEmailAddress=cmdAdd",
-         L"frmEmailAddressEdit=txtEmailAddress=  dan@example.org ; "
-         L"cmbAccounts=Home; cmdOK",
+         L"frmEmailAddressEdit=txtEmailAddress=  dan@example.org ; cmbAccounts=Home; cmdOK",
          L"frmEmailAddress=lstEmailAddress=ann@example.org (Work); cmdEdit",
          L"frmEmailAddressEdit=txtEmailAddress=zoe@example.org; cmdOK", L"frmEmailAddress=cmdDelete",
          L"Veltro=No", L"frmEmailAddress=cmdDelete", L"Veltro=Yes", L"frmEmailAddress=cmdClose"});
@@ -96,7 +95,7 @@ TEST(ListWindow, KeepsToItsEntryWhenTheListIsLoadedMeanwhile) {
             if (!std::exchange(first, false)) {
                 return;
             }
-            clsSendAcct other(world.globals);
+            accounts::clsSendAcct other(world.globals);
             other.LoadList();
             if (deleted) {
                 other.AbsolutePosition(2);
@@ -117,7 +116,7 @@ TEST(ListWindow, KeepsToItsEntryWhenTheListIsLoadedMeanwhile) {
 
 TEST(ListWindow, EditsOnADoubleClick) {
     AccountsWorld world(threeEntries, {L"frmEmailAddressEdit=cmdOK"});
-    frmEmailAddress window(world.globals, world.list);
+    accounts::frmEmailAddress window(world.globals, world.list);
     auto& box = dynamic_cast<forms::ListBox&>(*window.find(L"lstEmailAddress"));
     box.choose(2);
     box.onDoubleClick();

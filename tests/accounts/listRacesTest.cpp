@@ -72,7 +72,7 @@ automation::Object listItem(AccountsWorld& world) {
 
 /// Another list object stands for a second add-in; what it writes is in the same item at once.
 void otherWriterMeanwhile(AccountsWorld& world) {
-    clsSendAcct other(world.globals);
+    accounts::clsSendAcct other(world.globals);
     other.AddNew();
     other.strEmailAddress = zoe.first;
     other.strAccount = zoe.second;
@@ -291,7 +291,7 @@ TEST(ListRaces, AFolderThatIsMadeMeanwhileIsTheFolder) {
         happened = false;
         world.outlook.duringCall(call, [&] {
             happened = true;
-            clsSendAcct other(world.globals);
+            accounts::clsSendAcct other(world.globals);
             EXPECT_TRUE(other.CreatePostrouteFolder());
         });
         EXPECT_TRUE(world.list.CreatePostrouteFolder()) << "call " << call;

@@ -17,7 +17,7 @@ inline constexpr wchar_t corvaneFolder[] = L"Corvane Settings\\Veltro";
 
 /// The text of a list as it was stored: what stands before the rows is that of a new list.
 inline std::wstring listText(const std::wstring& data) {
-    return text::replaceAll(emptyList, L"<rs:data>\r\n", L"<rs:data>" + data);
+    return text::replaceAll(accounts::emptyList, L"<rs:data>\r\n", L"<rs:data>" + data);
 }
 
 inline std::wstring listText(const Entries& entries) {
@@ -28,7 +28,7 @@ inline std::wstring listText(const Entries& entries) {
     return listText(rows + L"\r\n");
 }
 
-inline Entries entriesOf(const AccountRows& rows) {
+inline Entries entriesOf(const accounts::AccountRows& rows) {
     Entries entries;
     for (std::size_t row = 0; row < rows.count(); ++row) {
         entries.emplace_back(rows.address(row), rows.account(row));

@@ -39,18 +39,18 @@ class OverlapWorld : public AccountsWorld, private platform::PromptObserver {
         message.to = {{.name = L"To", .address = address}};
         const automation::Object mail = outlook.itemOf(outlook.openNewMail(message));
         Sent sent;
-        const auto opened = basSendAcct::OpenList(here);
+        const auto opened = accounts::basSendAcct::OpenList(here);
         const auto found = opened->CreatePostrouteFolder();
         EXPECT_TRUE(found);
-        OutgoingMail outgoing(here, outlook::Item(mail));
-        accountStep::checkPreferredAccount(here, *opened, outgoing, found.value(), sent.cancelled);
+        mail::OutgoingMail outgoing(here, outlook::Item(mail));
+        accounts::accountStep::checkPreferredAccount(here, *opened, outgoing, found.value(), sent.cancelled);
         sent.account = outlook.view(mail).account;
         return sent;
     }
 
     void showWindow() {
-        const auto opened = basSendAcct::OpenList(here);
-        frmEmailAddress window(here, *opened);
+        const auto opened = accounts::basSendAcct::OpenList(here);
+        accounts::frmEmailAddress window(here, *opened);
         desktop_.showModal(window);
     }
 
@@ -81,12 +81,12 @@ class OverlapWorld : public AccountsWorld, private platform::PromptObserver {
     std::wstring prompt_;
     std::function<void()> action_;
     platform::native::ScriptedDesktop screen_;
-    AlertingDesktop desktop_{screen_, here};
+    settings::AlertingDesktop desktop_{screen_, here};
     platform::Platform platform_{outlook.automation(), desktop_, settings,    registry,
                                  ports.resources,      clock,    ports.system};
 
   public:
-    basGlobals::Globals here{platform_};
+    mail::Globals here{platform_};
 };
 
 using Answers = std::vector<std::wstring>;
@@ -241,7 +241,7 @@ TEST(Overlap, OutlookReleasedMeanwhileEndsTheStepAndStoresNothing) {
         Answers answers = given.answers;
         answers.push_back(takePreferred);
         OverlapWorld world(profileOf(listed), answers);
-        std::weak_ptr<clsSendAcct> released;
+        std::weak_ptr<accounts::clsSendAcct> released;
         world.whileOpen(given.meanwhile, [&] {
             released = world.here.sendAccounts;
             world.here.sendAccounts.reset();

@@ -100,7 +100,7 @@ TEST(TwoLists, OfTwoOutlooksThatBeginTogetherBecomeOne) {
     std::size_t call = 1;
     std::size_t late = 0;
     for (; happened; ++call) {
-        AccountsWorld world(profileWith({emptyList}));
+        AccountsWorld world(profileWith({accounts::emptyList}));
         world.outlook.deleteItem(world.outlook.itemsIn(tarnwellFolder)[0]);
         happened = false;
         world.outlook.duringCall(call, [&] {
@@ -127,7 +127,7 @@ TEST(TwoLists, ADraftThatWasLeftBehindIsUsed) {
     std::size_t left = 0;
     bool failed = true;
     for (std::size_t call = 1; failed; ++call) {
-        host::Profile profile = profileWith({emptyList});
+        host::Profile profile = profileWith({accounts::emptyList});
         profile.messages.push_back(storedList(L"Dear Ann, please tell me your", L"Drafts"));
         profile.messages.push_back(storedList(listText({ann}), L"Drafts"));
         profile.messages.back().message.subject = L"Email Addresses";
@@ -142,7 +142,7 @@ TEST(TwoLists, ADraftThatWasLeftBehindIsUsed) {
 
         EXPECT_TRUE(world.list.LoadList()) << "call " << call;
         EXPECT_EQ(world.outlook.itemsIn(tarnwellFolder).size(), 1U) << "call " << call;
-        EXPECT_EQ(world.storedBody(), emptyList) << "call " << call;
+        EXPECT_EQ(world.storedBody(), accounts::emptyList) << "call " << call;
         EXPECT_EQ(world.outlook.itemsIn(L"Drafts").size(), 2U) << "the user's own drafts, call " << call;
     }
     EXPECT_EQ(left, 1U);

@@ -35,7 +35,7 @@ class BrokenWindow : public automation::Target {
 
 TEST(WindowWrappers, GoWithTheirWindowsWhileKeysGrow) {
     TestWorld world;
-    WindowWrappers wrappers(world.globals);
+    addin::WindowWrappers wrappers(world.globals);
     for (int window = 0; window < 1000; ++window) {
         const outlook::Explorer explorer(world.outlook.openExplorer());
         const auto inspector = world.outlook.openNewMail({});
@@ -53,9 +53,9 @@ TEST(WindowWrappers, GoWithTheirWindowsWhileKeysGrow) {
 
 TEST(WindowWrappers, RefuseToRemoveAnotherWindowsWrapper) {
     TestWorld world;
-    WindowWrappers wrappers(world.globals);
+    addin::WindowWrappers wrappers(world.globals);
     wrappers.AddExpl(outlook::Explorer(world.outlook.openExplorer()));
-    auto stranger = std::make_shared<ExplorerWrap>(world.globals, ExplorerWrap::Keeper{});
+    auto stranger = std::make_shared<addin::ExplorerWrap>(world.globals, addin::ExplorerWrap::Keeper{});
     try {
         wrappers.KillExpl(0, stranger);
         FAIL() << "removed";
@@ -70,7 +70,7 @@ TEST(WindowWrappers, RefuseToRemoveAnotherWindowsWrapper) {
 /// The item's Close only announces that of the window.
 TEST(WindowWrappers, TakeAWindowBackThatStaysOpen) {
     TestWorld world;
-    WindowWrappers wrappers(world.globals);
+    addin::WindowWrappers wrappers(world.globals);
     const auto inspector = world.outlook.openNewMail({});
     const outlook::Item item(world.outlook.itemOf(inspector));
     wrappers.AddInsp(outlook::Inspector(inspector), item, outlook::itemClass::mail);
@@ -94,7 +94,7 @@ TEST(WindowWrappers, KeepTheirKeysWhenWindowsOpenInsideEachOthersOpening) {
     bool inside = true;
     for (std::size_t call = 1; inside; ++call) {
         TestWorld world;
-        WindowWrappers wrappers(world.globals);
+        addin::WindowWrappers wrappers(world.globals);
         const auto openBoth = [&] {
             wrappers.AddExpl(outlook::Explorer(world.outlook.openExplorer()));
             const auto inspector = world.outlook.openNewMail({});
@@ -124,7 +124,7 @@ TEST(WindowWrappers, AreLetGoWithTheirItems) {
          {host::itemClass::mail, host::itemClass::contact, host::itemClass::post, host::itemClass::task,
           host::itemClass::appointment}) {
         TestWorld world;
-        WindowWrappers wrappers(world.globals);
+        addin::WindowWrappers wrappers(world.globals);
         host::Message message;
         message.itemClass = itemClass;
         const auto add = [&] {
@@ -143,7 +143,7 @@ TEST(WindowWrappers, AreLetGoWithTheirItems) {
 
 TEST(WindowWrappers, AreLetGoWithWindowsThatDoNotTell) {
     TestWorld world;
-    WindowWrappers wrappers(world.globals);
+    addin::WindowWrappers wrappers(world.globals);
     const outlook::Item item(world.outlook.store(L"Drafts", {}));
     const auto closed = std::make_shared<BrokenWindow>(
         automation::Error(automation::errors::failed, L"The Inspector has been closed."), true);
@@ -158,7 +158,7 @@ TEST(WindowWrappers, AreLetGoWithWindowsThatDoNotTell) {
 /// The mail of a window that was closing is moved away, and the window says no more.
 TEST(WindowWrappers, AreLetGoWithWindowsThatVanishWhileTheyClose) {
     TestWorld world;
-    WindowWrappers wrappers(world.globals);
+    addin::WindowWrappers wrappers(world.globals);
     const auto hidden = [&](const automation::Object& item) {
         const outlook::Inspector inspector(item.get(L"GetInspector").toObject());
         wrappers.AddInsp(inspector, outlook::Item(item), outlook::itemClass::mail);
@@ -183,7 +183,7 @@ TEST(WindowWrappers, AreLetGoWithWindowsThatVanishWhileTheyClose) {
 /// What one opening costs does not depend on the number of open windows, shown or not.
 TEST(WindowWrappers, CostTheSameHoweverManyWindowsAreOpen) {
     TestWorld world;
-    WindowWrappers wrappers(world.globals);
+    addin::WindowWrappers wrappers(world.globals);
     std::vector<automation::Object> items;
     const auto callsOfOne = [&] {
         const auto item = world.outlook.store(L"Drafts", {});
@@ -227,10 +227,11 @@ TEST(ExplorerWrap, KeepsQuietAboutWindowsThatCloseInAnyLanguage) {
     };
     for (const auto& given : cases) {
         TestWorld world({L"Veltro=OK"});
-        WindowWrappers wrappers(world.globals);
+        addin::WindowWrappers wrappers(world.globals);
         const auto explorer =
             std::make_shared<BrokenWindow>(automation::Error(given.number, given.description), given.closed);
-        const auto wrapper = std::make_shared<ExplorerWrap>(world.globals, ExplorerWrap::Keeper{});
+        const auto wrapper =
+            std::make_shared<addin::ExplorerWrap>(world.globals, addin::ExplorerWrap::Keeper{});
         wrapper->setExplorer(outlook::Explorer(automation::Object(explorer)));
         explorer->select();
         ASSERT_EQ(world.log.messages.size(), given.reported ? 1U : 0U);
@@ -242,15 +243,15 @@ TEST(ExplorerWrap, KeepsQuietAboutWindowsThatCloseInAnyLanguage) {
 }
 
 /// The selection gives an item in another object each time.
-bool isWatched(const ExplorerWrap& wrapper, const automation::Object& item) {
+bool isWatched(const addin::ExplorerWrap& wrapper, const automation::Object& item) {
     return wrapper.watchedItem() && wrapper.watchedItem().entryId() == outlook::Item(item).entryId();
 }
 
 TEST(ExplorerWrap, WatchesTheSelectedMailOutsideTheOutbox) {
     TestWorld world;
-    WindowWrappers wrappers(world.globals);
+    addin::WindowWrappers wrappers(world.globals);
     const auto window = world.outlook.openExplorer();
-    auto wrapper = std::make_shared<ExplorerWrap>(world.globals, ExplorerWrap::Keeper{});
+    auto wrapper = std::make_shared<addin::ExplorerWrap>(world.globals, addin::ExplorerWrap::Keeper{});
     wrapper->setExplorer(outlook::Explorer(window));
     host::Message contact;
     contact.itemClass = host::itemClass::contact;
@@ -275,9 +276,10 @@ TEST(ExplorerWrap, WatchesTheLatestSelectionWhenOneComesInsideAnother) {
     bool inside = true;
     for (std::size_t call = 1; inside; ++call) {
         TestWorld world;
-        WindowWrappers wrappers(world.globals);
+        addin::WindowWrappers wrappers(world.globals);
         const auto window = world.outlook.openExplorer();
-        const auto wrapper = std::make_shared<ExplorerWrap>(world.globals, ExplorerWrap::Keeper{});
+        const auto wrapper =
+            std::make_shared<addin::ExplorerWrap>(world.globals, addin::ExplorerWrap::Keeper{});
         wrapper->setExplorer(outlook::Explorer(window));
         const auto first = world.outlook.receive({});
         const auto second = world.outlook.receive({});

@@ -8,8 +8,8 @@
 
 namespace {
 
-using basPreInitializeSetup::InitializeSetup;
-using basPreInitializeSetup::presetKey;
+using addin::basPreInitializeSetup::InitializeSetup;
+using addin::basPreInitializeSetup::presetKey;
 using platform::RootKey;
 namespace registry = platform::registry;
 

@@ -9,8 +9,8 @@
 
 namespace {
 
-using basVeltro::findQuotedHeader;
-using basVeltro::KeywordFinder;
+using checks::findQuotedHeader;
+using checks::KeywordFinder;
 
 TEST(KeywordFinder, FindsWhatAPlainSearchFinds) {
     std::mt19937 random(20);  // NOLINT(cert-msc51-cpp): the same texts in every run.

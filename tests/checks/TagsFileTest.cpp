@@ -12,11 +12,10 @@ TEST(PrefixFile, AsShippedCleansTheUsualPrefixes) {
     const auto file = std::filesystem::read_symlink("/proc/self/exe").parent_path() / "Tags.txt";
     TestWorld world;
     bool found = false;
-    EXPECT_EQ(basVeltro::FindReFwFromFile(world.globals, L"RE: RE: FWD: x", file.wstring(), found),
+    EXPECT_EQ(checks::FindReFwFromFile(world.globals, L"RE: RE: FWD: x", file.wstring(), found),
               L"RE:  FWD: x");
     EXPECT_TRUE(found);
-    EXPECT_EQ(basVeltro::FindReFwFromFile(world.globals, L"RE: RE: x", L"no\\such\\file", found),
-              L"RE: RE: x");
+    EXPECT_EQ(checks::FindReFwFromFile(world.globals, L"RE: RE: x", L"no\\such\\file", found), L"RE: RE: x");
     EXPECT_FALSE(found);
 }
 

@@ -14,7 +14,7 @@ TEST(SignatureDialog, LoadsAndStoresWhatIsToBeIgnored) {
     world.settings.write(L"IgnoreText", L"True");
     world.settings.write(L"IgnoreTextValue", L"old text");
 
-    frmSigDisclaimer form(world.globals);
+    checks::frmSigDisclaimer form(world.globals);
     world.desktop.showModal(form);
 
     ASSERT_EQ(world.log.forms.size(), 1U);
@@ -31,7 +31,7 @@ TEST(SignatureDialog, StaysOpenUntilWhatIsTickedIsFilledIn) {
                      L"Ignore text missing - Veltro=OK", L"frmSigDisclaimer=txtSigDisclaimer=Ann; cmdSave",
                      L"Attachment name missing - Veltro=OK", L"frmSigDisclaimer=cmdCancel"});
 
-    frmSigDisclaimer form(world.globals);
+    checks::frmSigDisclaimer form(world.globals);
     world.desktop.showModal(form);
 
     EXPECT_FALSE(world.desktop.unanswered());

@@ -7,7 +7,7 @@
 
 namespace {
 
-using basVeltro::allOccur;
+using checks::allOccur;
 using Parts = std::vector<std::wstring>;
 
 TEST(Occurrences, AreThoseOfPlainSearches) {

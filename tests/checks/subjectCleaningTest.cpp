@@ -12,7 +12,7 @@
 
 namespace {
 
-using namespace basVeltro;
+using namespace checks;
 
 struct Case {
     std::wstring subject;
@@ -22,7 +22,7 @@ struct Case {
 class SubjectCleaning : public testing::Test {
   protected:
     TestWorld world_;
-    basGlobals::Globals& globals_ = world_.globals;
+    mail::Globals& globals_ = world_.globals;
 };
 
 TEST_F(SubjectCleaning, KeepsTheFirstOfRepeatedTags) {
@@ -55,7 +55,7 @@ TEST(SubjectCleaningErrors, AreReportedUnderTheStepsName) {
     const struct {
         const wchar_t* name;
         /// True when the step leaves its input, which is the subject.
-        std::function<bool(basGlobals::Globals&, std::wstring)> fails;
+        std::function<bool(mail::Globals&, std::wstring)> fails;
     } cases[] = {
         {L"MultipleRemove",
          [&](auto& globals, std::wstring input) {

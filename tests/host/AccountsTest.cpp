@@ -346,8 +346,8 @@ TEST(HostAccountsInRunsTest, TheListOpensFromTheMenuOrIsSaidToBeMissing) {
     ASSERT_EQ(without.events.size(), 1U);
     EXPECT_EQ(without.events[0]["event"], "error");
     EXPECT_EQ(without.events[0]["text"],
-              "the menu has no list of preferred accounts: The operation failed. "
-              "An object could not be found.");
+              "the menu has no list of preferred accounts: The operation failed. An object could not be "
+              "found.");
     int pressed = 0;
     const auto with = run(line, {}, [&pressed](host::Outlook& outlook) {
         Object control = outlook.explorers().front().get(L"CommandBars", 1).toObject();
@@ -372,10 +372,8 @@ TEST(HostAccountsInRunsTest, AListOnTheCommandLineIsInTheSettingsFolder) {
     ASSERT_EQ(items.size(), 1U);
     EXPECT_EQ(items[0].get(L"Subject").toText(), L"Email Address");
     EXPECT_TRUE(items[0].get(L"Body").toText().ends_with(
-        L"<rs:data>\r\n"
-        L"\t<z:row strEmailAddress='ann@example.org' strAccount='Work'/>\r\n"
-        L"\t<z:row strEmailAddress='bob@example.org' strAccount=''/>\r\n"
-        L"</rs:data>\r\n</xml>"));
+        L"<rs:data>\r\n\t<z:row strEmailAddress='ann@example.org' strAccount='Work'/>\r\n\t<z:row "
+        L"strEmailAddress='bob@example.org' strAccount=''/>\r\n</rs:data>\r\n</xml>"));
 }
 
 }  // namespace

@@ -97,13 +97,9 @@ TEST(HostAnsweringTest, PrefixesTheSubjectOnce) {
 TEST(HostAnsweringTest, QuotesTheMessageUnderItsHeader) {
     Desk desk;
     EXPECT_EQ(desk.answer(ReplyKind::Reply).body,
-              L"\r\n\r\n-----Original Message-----\r\n"
-              L"From: Ann [mailto:ann@example.com]\r\n"
-              L"Sent: Wednesday, January 3, 2024 1:05 PM\r\n"
-              L"To: Me; Bob\r\n"
-              L"Cc: Cy; Bob\r\n"
-              L"Subject: Plan\r\n\r\n"
-              L"First line\r\nSecond line");
+              L"\r\n\r\n-----Original Message-----\r\nFrom: Ann [mailto:ann@example.com]\r\nSent: Wednesday, "
+              L"January 3, 2024 1:05 PM\r\nTo: Me; Bob\r\nCc: Cy; Bob\r\nSubject: Plan\r\n\r\nFirst line\r\n"
+              L"Second line");
 }
 
 TEST(HostAnsweringTest, HandlersSeeTheResponseAndMayCancelIt) {

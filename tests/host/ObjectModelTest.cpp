@@ -324,55 +324,51 @@ TEST(HostObjectModelTest, DispatchIdsAreOutlooks) {
     };
     const Case cases[] = {
         {L"Application",
-         L"Application 61440 Class 61450 Session 61451 CreateItem 266 GetNamespace 272 "
-         L"ActiveExplorer 273 ActiveInspector 274 Quit 275 Version 278 COMAddIns 280 "
-         L"Explorers 281 Inspectors 282 ActiveWindow 287 Name 12289"},
+         L"Application 61440 Class 61450 Session 61451 CreateItem 266 GetNamespace 272 ActiveExplorer 273 "
+         L"ActiveInspector 274 Quit 275 Version 278 COMAddIns 280 Explorers 281 Inspectors 282 ActiveWindow "
+         L"287 Name 12289"},
         {L"NameSpace",
-         L"Application 61440 Parent 61441 Class 61450 Session 61451 CurrentUser 8449 "
-         L"Folders 8451 Type 8452 Logon 8453 GetFolderFromID 8456 GetItemFromID 8457 "
-         L"GetDefaultFolder 8459 MAPIOBJECT 61696 Accounts 64208"},
+         L"Application 61440 Parent 61441 Class 61450 Session 61451 CurrentUser 8449 Folders 8451 Type 8452 "
+         L"Logon 8453 GetFolderFromID 8456 GetItemFromID 8457 GetDefaultFolder 8459 MAPIOBJECT 61696 "
+         L"Accounts 64208"},
         {L"Accounts", L"Count 80 Item 81"},
         {L"Account", L"DisplayName 12289 SmtpAddress 64212"},
         {L"Explorers", L"Count 80 Item 81 Add 95"},
         {L"Explorer",
-         L"Application 61440 Parent 61441 Class 61450 Session 61451 CommandBars 8448 "
-         L"CurrentFolder 8449 Close 8451 Display 8452 Caption 8465 Activate 8467 Selection 8706"},
+         L"Application 61440 Parent 61441 Class 61450 Session 61451 CommandBars 8448 CurrentFolder 8449 "
+         L"Close 8451 Display 8452 Caption 8465 Activate 8467 Selection 8706"},
         {L"Selection", L"Count 80 Item 81"},
         {L"Inspectors", L"Count 80 Item 81 Add 95"},
         {L"Inspector",
-         L"Application 61440 Parent 61441 Class 61450 Session 61451 CommandBars 8448 "
-         L"CurrentItem 8450 Close 8451 Display 8452 IsWordMail 8453 WordEditor 8463 "
-         L"EditorType 8464 Caption 8465 Activate 8467"},
+         L"Application 61440 Parent 61441 Class 61450 Session 61451 CommandBars 8448 CurrentItem 8450 Close "
+         L"8451 Display 8452 IsWordMail 8453 WordEditor 8463 EditorType 8464 Caption 8465 Activate 8467"},
         {L"Item",
-         L"Application 61440 Parent 61441 Class 61450 Session 61451 Subject 55 Body 37120 "
-         L"HTMLBody 62468 To 3588 CC 3587 BCC 3586 Recipients 63508 Attachments 63509 "
-         L"UserProperties 63510 EntryID 61470 Saved 61603 Sent 62466 DeferredDeliveryTime 15 "
-         L"MessageClass 26 SenderName 3098 SenderEmailType 3102 SenderEmailAddress 3103 "
-         L"Reply 63504 ReplyAll 63505 Forward 63507 Send 61557 Save 61512 Close 61475 "
-         L"Display 61606 Delete 61514 Move 61492 GetInspector 61502 SendUsingAccount 64209"},
+         L"Application 61440 Parent 61441 Class 61450 Session 61451 Subject 55 Body 37120 HTMLBody 62468 To "
+         L"3588 CC 3587 BCC 3586 Recipients 63508 Attachments 63509 UserProperties 63510 EntryID 61470 Saved "
+         L"61603 Sent 62466 DeferredDeliveryTime 15 MessageClass 26 SenderName 3098 SenderEmailType 3102 "
+         L"SenderEmailAddress 3103 Reply 63504 ReplyAll 63505 Forward 63507 Send 61557 Save 61512 Close "
+         L"61475 Display 61606 Delete 61514 Move 61492 GetInspector 61502 SendUsingAccount 64209"},
         {L"Recipients", L"Count 80 Item 81 Add 111 Remove 84 ResolveAll 126"},
         {L"Recipient",
-         L"Name 12289 Address 12291 AddressEntry 121 Type 3093 Resolved 100 EntryID 61470 "
-         L"DisplayType 14592 Delete 110 Resolve 113"},
+         L"Name 12289 Address 12291 AddressEntry 121 Type 3093 Resolved 100 EntryID 61470 DisplayType 14592 "
+         L"Delete 110 Resolve 113"},
         {L"ListEntry", L"Name 12289 Type 12290 Address 12291 ID 61470 DisplayType 14592 Members 772"},
         {L"SafeEntry", L"Name 12289 Type 12290 Address 12291 Fields 1"},
         {L"Members", L"Count 80 Item 81"},
         {L"Attachments", L"Count 80 Item 81"},
         {L"Folders", L"Count 80 Item 81 Add 95 Remove 84"},
         {L"Folder",
-         L"Application 61440 Parent 61441 Class 61450 Session 61451 Name 12289 EntryID 61470 "
-         L"StoreID 12552 Folders 8451 Items 12544 MoveTo 61492 Delete 61509 FolderPath 64120"},
+         L"Application 61440 Parent 61441 Class 61450 Session 61451 Name 12289 EntryID 61470 StoreID 12552 "
+         L"Folders 8451 Items 12544 MoveTo 61492 Delete 61509 FolderPath 64120"},
         {L"Items", L"Count 80 Item 81 Add 95"},
         {L"UserProperties", L"Count 80 Item 81 Add 102 Find 103 Remove 82"},
         {L"UserProperty", L"Value 0 Name 112 Delete 108"},
         {L"AddIns", L"Item 0 Count 1"},
         {L"AddIn", L"Description 0 ProgId 3 Guid 4 Connect 6 Object 7"},
         {L"vtSafeMailItem",
-         L"Item 12245934 Fields 12245937 Sender 12245930 Body 37120 HTMLBody 62468 "
-         L"Recipients 63508 Attachments 63509"},
-        {L"Rdo",
-         L"LoggedOn 2 MAPIOBJECT 3 Logon 4 Stores 6 GetMessageFromID 9 CurrentUser 13 "
-         L"Accounts 19"},
+         L"Item 12245934 Fields 12245937 Sender 12245930 Body 37120 HTMLBody 62468 Recipients 63508 "
+         L"Attachments 63509"},
+        {L"Rdo", L"LoggedOn 2 MAPIOBJECT 3 Logon 4 Stores 6 GetMessageFromID 9 CurrentUser 13 Accounts 19"},
         {L"RdoAccount", L"Name 4 ID 6 Stamp 7 Fields 13"},
         {L"Word", L"Run 445 AddIns 22 Templates 67"},
         {L"WordAddIns", L"Item 0 Count 1 Add 2"},

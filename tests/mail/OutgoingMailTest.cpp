@@ -38,7 +38,7 @@ class Sending : public TestWorld {
     }
 
     automation::Object item = outlook.itemOf(outlook.openNewMail(budget()));
-    OutgoingMail mail{globals, outlook::Item(item)};
+    mail::OutgoingMail mail{globals, outlook::Item(item)};
 };
 
 TEST(OutgoingMail, IsAskedOnceForEachThing) {

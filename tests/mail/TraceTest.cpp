@@ -10,12 +10,12 @@
 
 namespace {
 
-using basGlobals::Skipped;
-using basGlobals::Trace;
+using mail::Skipped;
+using mail::Trace;
 
 struct Window {
     std::optional<std::wstring> caption(const std::function<void()>& fail) const {
-        return basGlobals::attempt([&] {
+        return mail::attempt([&] {
             fail();
             return std::wstring(L"Inbox");
         });
@@ -40,7 +40,7 @@ TEST(Trace, NamesProcedureAndNumberButNoText) {
         EXPECT_EQ(line.find('/'), std::string::npos) << line;
         EXPECT_EQ(trace.entries().back().text(), line);
     }
-    basGlobals::note(Skipped::OwnAnswer);
+    mail::note(Skipped::OwnAnswer);
     EXPECT_TRUE(system.debugLines().back().ends_with("): the add-in's own answer"));
     EXPECT_EQ(system.debugLines().size(), std::size(cases) + 1);
 }
@@ -63,14 +63,14 @@ TEST(Trace, IsTheThreadsLatestThatLives) {
     auto first = std::make_unique<Trace>(system);
     auto second = std::make_unique<Trace>(system);
     const Trace third(system);
-    basGlobals::note(Skipped::OwnAnswer);
+    mail::note(Skipped::OwnAnswer);
     EXPECT_EQ(third.entries().size(), 1U);
     second.reset();
     first.reset();
-    basGlobals::note(Skipped::OwnAnswer);
+    mail::note(Skipped::OwnAnswer);
     EXPECT_EQ(third.entries().size(), 2U);
     { const Trace inner(system); }
-    basGlobals::note(Skipped::OwnAnswer);
+    mail::note(Skipped::OwnAnswer);
     EXPECT_EQ(third.entries().size(), 3U);
 }
 

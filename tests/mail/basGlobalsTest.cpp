@@ -8,8 +8,8 @@
 
 namespace {
 
-using basGlobals::RecipientEmail;
 using host::Address;
+using mail::RecipientEmail;
 
 const Address smtp{.name = L"Ann", .address = L"ann@example.org"};
 const Address exchange{.name = L"Bob",
@@ -86,8 +86,8 @@ TEST(SenderEmail, TellsTheSenderFromTheOneOnWhoseBehalfItWasSent) {
         message.from = given.from;
         message.onBehalfOf = given.onBehalfOf;
         const outlook::Item item(world.outlook.receive(message));
-        EXPECT_EQ(basGlobals::SenderEmailWithoutOnBehalf(world.globals, item), given.sender) << given.name;
-        EXPECT_EQ(basGlobals::SenderEmail(world.globals, item), given.shown) << given.name;
+        EXPECT_EQ(mail::SenderEmailWithoutOnBehalf(world.globals, item), given.sender) << given.name;
+        EXPECT_EQ(mail::SenderEmail(world.globals, item), given.shown) << given.name;
     }
 }
 
@@ -110,19 +110,19 @@ TEST(GoogleApps, AreKnownByTheirStoreOrUser) {
         profile.stores[0].name = given.store;
         profile.user = Address{.name = L"Me", .address = L"me@example.org", .type = given.userType};
         TestWorld world({}, profile);
-        EXPECT_EQ(basGlobals::GoogleAppConnected(world.globals), given.expected) << given.name;
+        EXPECT_EQ(mail::GoogleAppConnected(world.globals), given.expected) << given.name;
     }
 }
 
 TEST(UserProperties, AreAddedFoundAndDeleted) {
     TestWorld world;
     const outlook::Item item(world.outlook.receive({}));
-    EXPECT_TRUE(basGlobals::AddUserProperties(world.globals, item, L"mark", L"1;2"));
+    EXPECT_TRUE(mail::AddUserProperties(world.globals, item, L"mark", L"1;2"));
     EXPECT_EQ(world.outlook.view(item.object()).userProperties.at(L"mark"), L"1;2");
     EXPECT_TRUE(world.outlook.fieldsOf(L"Inbox").empty()) << "a mark is no column for the user";
-    EXPECT_TRUE(basGlobals::DeleteUserProperties(world.globals, item, L"mark"));
+    EXPECT_TRUE(mail::DeleteUserProperties(world.globals, item, L"mark"));
     EXPECT_TRUE(item.object().get(L"Saved").toBool()) << "the user has changed nothing";
-    EXPECT_FALSE(basGlobals::DeleteUserProperties(world.globals, item, L"mark"));
+    EXPECT_FALSE(mail::DeleteUserProperties(world.globals, item, L"mark"));
     EXPECT_TRUE(world.outlook.view(item.object()).userProperties.empty());
 }
 

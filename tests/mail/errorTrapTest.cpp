@@ -21,7 +21,7 @@ TEST(ErrorReports, SpeakToTheUserWhateverWasThrown) {
     };
     for (const auto& given : cases) {
         TestWorld world({L"Veltro=OK"});
-        basGlobals::trapErrors(world.globals, basGlobals::ErrorReport::usual(L"m.p"), given.body);
+        mail::trapErrors(world.globals, mail::ErrorReport::usual(L"m.p"), given.body);
         ASSERT_EQ(world.log.messages.size(), 1U);
         EXPECT_EQ(world.log.messages[0].text, given.text);
     }

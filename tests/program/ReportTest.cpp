@@ -77,12 +77,8 @@ TEST(Report, NamesWhatAnAnswerCanFillIn) {
                   {L"cmdOK", L"OK", L"", true, true, false}}},
                 std::nullopt);
     EXPECT_EQ(output.str(),
-              "  form frmX: X\n"
-              "      txtEmpty: []\n"
-              "      lstRows: Ann\n"
-              "          Bo []\n"
-              "      cmdOK: OK\n"
-              "    answer: none\n");
+              "  form frmX: X\n      txtEmpty: []\n      lstRows: Ann\n          Bo []\n      cmdOK: OK\n    "
+              "answer: none\n");
 }
 
 }  // namespace

@@ -78,7 +78,9 @@ std::wstring written(const Entries& entries) {
         rows += L"\t<z:row strEmailAddress='" + address + (address.size() > 80 ? L"'\r\n\t\t" : L"'");
         rows += L" strAccount='" + account + L"'/>\r\n";
     }
-    return text::replaceAll(rowset::writeRowset(AccountRows(emptyList).rowset()), L"<rs:data>\r\n", rows);
+    return text::replaceAll(
+        accounts::rowset::writeRowset(accounts::AccountRows(accounts::emptyList).rowset()), L"<rs:data>\r\n",
+        rows);
 }
 
 /// What a control held each time its form asked.
@@ -124,8 +126,8 @@ void shows(const std::wstring& stored, const wchar_t* lines) {
 TEST(AccountListWindow, ShowsWhateverIsStoredInOrder) {
     shows(listText({{L"cy@x.org", L"A"}, {L"Bob@x.org", L"B"}, {L"ann@x.org", L"C"}, {L"BOB@x.org", L"D"}}),
           L"ann@x.org (C)\nBob@x.org (B)\nBOB@x.org (D)\ncy@x.org (A)");
-    shows(listText(L"<z:row strEmailAddress='ann@x.org'/><z:row strAccount='Work'/><z:row/>"
-                   L"<z:row strEmailAddress='' strAccount='Home'/>"),
+    shows(listText(L"<z:row strEmailAddress='ann@x.org'/><z:row strAccount='Work'/><z:row/><z:row "
+                   L"strEmailAddress='' strAccount='Home'/>"),
           L" (Work)\n ()\n (Home)\nann@x.org ()");
     shows(listText({{L"o&#x27;brien@x.org", L"R&amp;D"}, {L"a&lt;b@x.org", L"&quot;Own&quot;"}}),
           L"a<b@x.org (\"Own\")\no'brien@x.org (R&D)");
@@ -237,9 +239,10 @@ TEST(AccountEntry, OffersTheAccountsOfTheProfile) {
 TEST(AccountEntry, IsStoredAsTheComponentsWriteIt) {
     const std::wstring longest = std::wstring(249, L'x') + L"@x.org";
     const std::wstring own = L"R&D;; <Ann's> \"own\"";
-    Given setup = given(
-        emptyList, {add, typed(L"rd@x.org", L"cmbAccounts=" + own + L"; cmdOK"), add, typed(longest),
-                    chosen(L"rd@x.org (" + own + L")", L"cmdEdit"), typed(L"j\xFCrgen@x.org"), closeList});
+    Given setup =
+        given(accounts::emptyList,
+              {add, typed(L"rd@x.org", L"cmbAccounts=" + own + L"; cmdOK"), add, typed(longest),
+               chosen(L"rd@x.org (" + own + L")", L"cmdEdit"), typed(L"j\xFCrgen@x.org"), closeList});
     setup.profile.accounts.push_back({.name = L"R&D; <Ann's> \"own\"", .address = L"me@example.com"});
     ListBench bench(setup);
     EXPECT_EQ(bench.prompts().size(), 7U);
@@ -310,15 +313,16 @@ TEST(AccountListWindow, ShowsWhatTheUserHasDoneToTheItem) {
     ASSERT_EQ(bench.outlook().itemsIn(corvaneFolder).size(), 1U);
     const host::ItemView made = bench.outlook().view(bench.outlook().itemsIn(corvaneFolder)[0]);
     EXPECT_EQ(made.subject, L"Email Address");
-    EXPECT_EQ(made.body, emptyList);
+    EXPECT_EQ(made.body, accounts::emptyList);
     EXPECT_FALSE(made.unread);
     openList(bench);
     EXPECT_EQ(body(bench), written({{L"dan@x.org", none}}));
 }
 
 TEST(AccountListWindow, TakesEntriesInOneVisitAfterTheOther) {
-    ListBench bench(given(emptyList, {add, typed(L"cy@x.org"), add, typed(L"bob@x.org"), closeList, add,
-                                      typed(L"dan@x.org"), add, typed(L"ann@x.org"), closeList}));
+    ListBench bench(
+        given(accounts::emptyList, {add, typed(L"cy@x.org"), add, typed(L"bob@x.org"), closeList, add,
+                                    typed(L"dan@x.org"), add, typed(L"ann@x.org"), closeList}));
     EXPECT_EQ(shownList(bench), L"bob@x.org (No Account Selected)\ncy@x.org (No Account Selected)");
     bench.outlook().openExplorer();
     openList(bench);
@@ -372,14 +376,14 @@ TEST(AccountListWindow, DecidesTheNextSend) {
 void offers(const char* name, const Answers& answers, const std::wstring& address, const Entries& rows = {},
             const Messages& told = {}, const wchar_t* silenced = L"0") {
     SCOPED_TRACE(name);
-    Bench bench(given(emptyList, answers, true));
+    Bench bench(given(accounts::emptyList, answers, true));
     host::Message message = plainMail();
     message.to[0].address = address;
     EXPECT_EQ(bench.send(message).state, host::SendState::Sent);
     EXPECT_EQ(bench.send(message).state, host::SendState::Sent);
     EXPECT_EQ(bench.prompts().size(), answers.size());
     EXPECT_EQ(messages(bench), told);
-    EXPECT_EQ(entriesOf(AccountRows(body(bench))), rows);
+    EXPECT_EQ(entriesOf(accounts::AccountRows(body(bench))), rows);
     EXPECT_EQ(bench.world().setting(L"MsgAddAddress"), silenced);
 }
 

@@ -20,7 +20,8 @@ host::Message mailToBob() {
 
 /// The list as it is stored after all.
 Entries stored(Bench& bench) {
-    return entriesOf(AccountRows(bench.outlook().view(bench.outlook().itemsIn(corvaneFolder).at(0)).body));
+    return entriesOf(
+        accounts::AccountRows(bench.outlook().view(bench.outlook().itemsIn(corvaneFolder).at(0)).body));
 }
 
 struct Case {
@@ -212,10 +213,10 @@ TEST(AccountPrompts, SayWhichAccountIsGone) {
     EXPECT_EQ(editor.text, L"Select Preferred Account");
     EXPECT_EQ(
         editor.control(L"lblMsg").caption,
-        L"Veltro has detected that the preffered account \r\n(R&D) for bob@example.org is not "
-        L"available.\r\n\r\nThis may be due to the account being renamed or deleted.\r\n\r\nPlease select "
-        L"another preferred account for this e-mail address.\r\n\r\nIf you click Cancel, then the "
-        L"currently selected account will be used.");
+        L"Veltro has detected that the preffered account \r\n(R&D) for bob@example.org is not available.\r\n\r\n"
+        L"This may be due to the account being renamed or deleted.\r\n\r\nPlease select another preferred "
+        L"account for this e-mail address.\r\n\r\nIf you click Cancel, then the currently selected account "
+        L"will be used.");
     EXPECT_EQ(editor.control(L"cmbAccounts").value, L"Work");
     EXPECT_EQ(editor.control(L"cmbAccounts").caption, L"No Account Selected\nWork\nHome\n Abroad ");
 }
@@ -225,12 +226,13 @@ TEST(AccountPrompts, OfferAnAddressOnce) {
     bench.send(mailToBob());
     const auto& offer = bench.prompts().at(0);
     EXPECT_EQ(offer.text, L"Add To List");
-    EXPECT_EQ(offer.control(L"lblMessage").caption,
-              L"Do you want to add bob@example.org to Veltro list?\r\n\r\nIf you click Yes, the next screen "
-              L"will let you choose the e-mail\r\naccount that you use to send e-mails to "
-              L"bob@example.org.\r\n\r\nThis will ensure that you always use the correct account to "
-              L"send\r\ne-mails to bob@example.org.\r\n\r\nIf you click Never, then you will not get this "
-              L"reminder for \r\nbob@example.org again.");
+    EXPECT_EQ(
+        offer.control(L"lblMessage").caption,
+        L"Do you want to add bob@example.org to Veltro list?\r\n\r\nIf you click Yes, the next screen "
+        L"will let you choose the e-mail\r\naccount that you use to send e-mails to bob@example.org.\r\n\r\n"
+        L"This will ensure that you always use the correct account to send\r\ne-mails to "
+        L"bob@example.org.\r\n\r\nIf you click Never, then you will not get this reminder for \r\n"
+        L"bob@example.org again.");
     EXPECT_EQ(bench.world().setting(L"MsgAddAddress"), L"1");
     EXPECT_EQ(bench.send(mailToBob()).state, sent) << "nothing more is asked";
 }
@@ -279,9 +281,9 @@ TEST(AccountList, IsMadeWithItsFolderAtTheFirstSend) {
     EXPECT_EQ(bench.send(plainMail()).state, sent);
     ASSERT_EQ(bench.prompts().size(), 1U);
     EXPECT_EQ(bench.prompts()[0].text,
-              L"Veltro has created the following folder in Outlook for you:\r\n\\\\Personal "
-              L"Folders\\Corvane Settings\\Veltro\r\n\r\nThis folder is used to save your Veltro "
-              L"Settings.\r\nPlease do not delete or change the folder or the e-mails in it.");
+              L"Veltro has created the following folder in Outlook for you:\r\n\\\\Personal Folders\\Corvane "
+              L"Settings\\Veltro\r\n\r\nThis folder is used to save your Veltro Settings.\r\nPlease do not "
+              L"delete or change the folder or the e-mails in it.");
     EXPECT_EQ(stored(bench), Entries{});
 }
 

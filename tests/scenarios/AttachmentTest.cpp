@@ -122,8 +122,7 @@ TEST(MissingAttachmentPrompt, SaysWhatItFoundAndYesSends) {
     EXPECT_EQ(
         prompt.text,
         L"The text of this email indicates that you may have intended to send it with attachments.\r\n\r\n"
-        L"However no files were attached.\r\n\r\n"
-        L"Do you want to send this e-mail without attachments?");
+        L"However no files were attached.\r\n\r\nDo you want to send this e-mail without attachments?");
     EXPECT_EQ(prompt.style.buttons, platform::Buttons::YesNo);
     EXPECT_EQ(prompt.style.icon, platform::Icon::Question);
 }

@@ -32,7 +32,7 @@ TEST(Menu, OpensTheAccountList) {
                           L"frmEmailAddress=cmdClose"}));
     openList(bench);
     const auto item = bench.outlook().itemsIn(corvaneFolder).at(0);
-    EXPECT_EQ(entriesOf(AccountRows(bench.outlook().view(item).body)),
+    EXPECT_EQ(entriesOf(accounts::AccountRows(bench.outlook().view(item).body)),
               (Entries{{L"dan@example.org", L"Home"}, {L"zoe@example.org", L"Work"}}));
     ASSERT_EQ(bench.prompts().size(), 7U);
     EXPECT_EQ(bench.prompts()[0].text, L"Veltro Account List");

@@ -38,9 +38,9 @@ TEST_P(BlindCopyWarning, ComesWhenTheUserIsNotToBeSeen) {
             EXPECT_EQ(prompt.style.buttons, platform::Buttons::YesNo);
             EXPECT_EQ(prompt.text,
                       std::wstring(L"You clicked Reply to All.\r\n\r\n") + given.wording +
-                          L"\r\n\r\nA Reply to All means that all recipients will become aware that you "
-                          L"also received a copy of the email.\r\n\r\nDo you want to do a Reply to All to "
-                          L"this e-mail?");
+                          L"\r\n\r\nA Reply to All means that all recipients will become aware that you also "
+                          L"received a copy of the email.\r\n\r\nDo you want to do a Reply to All to this "
+                          L"e-mail?");
         }
     }
 }

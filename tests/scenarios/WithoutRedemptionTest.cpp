@@ -25,8 +25,7 @@ TEST(WithoutRedemption, TheStartSaysSoOnce) {
         bench.prompts()[0].text,
         L"Veltro cannot read e-mails, because the Redemption library is missing on this computer.\r\n\r\n"
         L"Until it is installed and Outlook is started again, only the subjects of your e-mails are checked. "
-        L"Attachments, recipients, "
-        L"delayed sending and preferred accounts are not.");
+        L"Attachments, recipients, delayed sending and preferred accounts are not.");
     EXPECT_EQ(bench.prompts()[0].style.icon, platform::Icon::Warning);
     EXPECT_TRUE(bench.outlook().errors().empty());
 }

@@ -11,7 +11,7 @@
 namespace {
 
 using namespace modRegKeys;
-using basGlobals::Globals;
+using mail::Globals;
 
 template <class Setting>
 std::function<std::wstring(Globals&)> reader(const Setting& setting) {

@@ -83,13 +83,10 @@ TEST_F(HostServerTest, AScriptCreatesTheOutlookThatRunsAndWalksItsItems) {
     outlook.receive({.subject = L"Two"});
     const OutlookServer server(outlook, host);
     const auto file = std::filesystem::temp_directory_path() / "veltro-test.vbs";
-    std::ofstream(file) << "Set outlook = CreateObject(\"Outlook.Application\")\n"
-                           "For Each item In outlook.Session.GetDefaultFolder(6).Items\n"
-                           "  subjects = subjects & item.Subject\n"
-                           "Next\n"
-                           "Set draft = outlook.CreateItem(0)\n"
-                           "draft.Subject = subjects\n"
-                           "draft.Save\n";
+    std::ofstream(file) << "Set outlook = CreateObject(\"Outlook.Application\")\nFor Each item In "
+                           "outlook.Session.GetDefaultFolder(6).Items\n  subjects = subjects & "
+                           "item.Subject\nNext\nSet draft = outlook.CreateItem(0)\ndraft.Subject = "
+                           "subjects\ndraft.Save\n";
     Process(L"cscript.exe //nologo \"" + file.wstring() + L'"').end();
     std::filesystem::remove(file);
     const auto drafts = outlook.itemsIn(L"Drafts");

@@ -27,7 +27,7 @@
 
 namespace {
 
-using basGlobals::Globals;
+using mail::Globals;
 using Faults = std::vector<std::string>;
 
 /// A dialog as its users meet it, with texts about as long as they get.
@@ -53,11 +53,11 @@ const std::wstring account = L"Firstname Lastname (department.example-company.or
 
 /// The dialogs keep a reference to the list, which needs no Outlook as long as nothing is saved.
 template <class Form>
-struct WithList : private clsSendAcct, Form {
+struct WithList : private accounts::clsSendAcct, Form {
     template <class... Arguments>
     explicit WithList(Globals& globals, Arguments&&... arguments)
-        : clsSendAcct(globals),
-          Form(globals, static_cast<clsSendAcct&>(*this), std::forward<Arguments>(arguments)...) {}
+        : accounts::clsSendAcct(globals),
+          Form(globals, static_cast<accounts::clsSendAcct&>(*this), std::forward<Arguments>(arguments)...) {}
 };
 
 void fill(forms::Form& form, const wchar_t* list, std::vector<std::wstring> items) {
@@ -66,16 +66,15 @@ void fill(forms::Form& form, const wchar_t* list, std::vector<std::wstring> item
     control.select(0);
 }
 
-std::unique_ptr<forms::Form> entryEditor(Globals& globals, frmEmailAddressEdit::Mode mode) {
-    auto form = std::make_unique<WithList<frmEmailAddressEdit>>(
+std::unique_ptr<forms::Form> entryEditor(Globals& globals, accounts::frmEmailAddressEdit::Mode mode) {
+    auto form = std::make_unique<WithList<accounts::frmEmailAddressEdit>>(
         globals, mode,
-        frmEmailAddressEdit::Entry{
+        accounts::frmEmailAddressEdit::Entry{
             address, account,
             L"Veltro has detected that the preffered account \r\n(" + account + L") for " + address +
-                L" is not available.\r\n\r\nThis may be due to the account being renamed or "
-                L"deleted.\r\n\r\nPlease select another preferred account for this e-mail "
-                L"address.\r\n\r\nIf you click Cancel, then the currently selected account "
-                L"will be used."});
+                L" is not available.\r\n\r\nThis may be due to the account being renamed or deleted.\r\n\r\n"
+                L"Please select another preferred account for this e-mail address.\r\n\r\nIf you click "
+                L"Cancel, then the currently selected account will be used."});
     fill(*form, L"cmbAccounts", {account});
     return form;
 }
@@ -83,42 +82,47 @@ std::unique_ptr<forms::Form> entryEditor(Globals& globals, frmEmailAddressEdit::
 const Example examples[] = {
     {"frmSelectSendAcct",
      [](Globals& globals) {
-         auto form = std::make_unique<WithList<frmSelectSendAcct>>(globals, account, address, account);
+         auto form =
+             std::make_unique<WithList<accounts::frmSelectSendAcct>>(globals, account, address, account);
          fill(*form, L"cmbAccts", {account});
          return form;
      }},
     {"frmEmailAddress",
      [](Globals& globals) {
-         auto form = std::make_unique<WithList<frmEmailAddress>>(globals);
+         auto form = std::make_unique<WithList<accounts::frmEmailAddress>>(globals);
          fill(*form, L"lstEmailAddress", std::vector<std::wstring>(40, address + L" (" + account + L")"));
          return form;
      }},
     {"frmEmailAddressEdit_Edit",
-     [](Globals& globals) { return entryEditor(globals, frmEmailAddressEdit::Mode::Edit); }},
+     [](Globals& globals) { return entryEditor(globals, accounts::frmEmailAddressEdit::Mode::Edit); }},
     {"frmEmailAddressEdit_Missing",
-     [](Globals& globals) { return entryEditor(globals, frmEmailAddressEdit::Mode::MissingAccount); }},
+     [](Globals& globals) {
+         return entryEditor(globals, accounts::frmEmailAddressEdit::Mode::MissingAccount);
+     }},
     {"frmAddEmailToList",
      [](Globals& globals) {
-         return std::make_unique<WithList<frmAddEmailToList>>(globals, address, account);
+         return std::make_unique<WithList<accounts::frmAddEmailToList>>(globals, address, account);
      }},
-    {"frmNoSubject", [](Globals& globals) { return std::make_unique<frmNoSubject>(globals, subject); }},
-    {"frmSigDisclaimer", [](Globals& globals) { return std::make_unique<frmSigDisclaimer>(globals); }},
+    {"frmNoSubject",
+     [](Globals& globals) { return std::make_unique<checks::frmNoSubject>(globals, subject); }},
+    {"frmSigDisclaimer",
+     [](Globals& globals) { return std::make_unique<checks::frmSigDisclaimer>(globals); }},
     {"frmRemoveSpam",
      [](Globals& globals) {
-         return std::make_unique<frmRemoveSpam>(globals, L"SPAM-LOW: " + subject, subject);
+         return std::make_unique<checks::frmRemoveSpam>(globals, L"SPAM-LOW: " + subject, subject);
      }},
     {"frmOldSubject",
-     [](Globals& globals) { return std::make_unique<frmOldSubject>(globals, 365, subject); }},
+     [](Globals& globals) { return std::make_unique<checks::frmOldSubject>(globals, 365, subject); }},
     {"frmNotifyB4Delay",
      [](Globals& globals) {
-         return std::make_unique<frmNotifyB4Delay>(
+         return std::make_unique<checks::frmNotifyB4Delay>(
              globals, L"e-mails to firstname.lastname@department.example-company.org by 86400 seconds");
      }},
     {"frmReplyMultRecipt_Reply",
-     [](Globals& globals) { return std::make_unique<frmReplyMultRecipt>(globals, recipients()); }},
+     [](Globals& globals) { return std::make_unique<checks::frmReplyMultRecipt>(globals, recipients()); }},
     {"frmReplyMultRecipt_ReplyToAll",
      [](Globals& globals) {
-         auto form = std::make_unique<frmReplyMultRecipt>(globals, recipients());
+         auto form = std::make_unique<checks::frmReplyMultRecipt>(globals, recipients());
          form->Set_ReplyToAll();
          return form;
      }},

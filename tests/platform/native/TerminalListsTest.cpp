@@ -86,21 +86,9 @@ TEST(TerminalDesktop, ShowsListsEntryByEntry) {
     form.lblShared.setCaption(L"R&D && more");
     desktop.showModal(form);
     const std::string expected =
-        "1 [Zoë]\n"
-        "    1 AT&T\n"
-        "    2 3\n"
-        "  > 3 Zoë\n"
-        "2 [ Add... ]\n"
-        "Account:   3 [Work]\n"
-        "  > 1 Work\n"
-        "    2 Home\n"
-        "R&D && more\n"
-        "4 ( ) All\n"
-        "5 [1,3]\n"
-        "    [x] 1 Ann & Bob\n"
-        "    [ ] 2 Cleo\n"
-        "    [x] 3 Tom\n"
-        "6 [ OK ] (Enter)\n";
+        "1 [Zoë]\n    1 AT&T\n    2 3\n  > 3 Zoë\n2 [ Add... ]\nAccount:   3 [Work]\n  > 1 Work\n    2 "
+        "Home\nR&D && more\n4 ( ) All\n5 [1,3]\n    [x] 1 Ann & Bob\n    [ ] 2 Cleo\n    [x] 3 Tom\n6 [ OK ] "
+        "(Enter)\n";
     EXPECT_NE(output.str().find(expected), std::string::npos) << output.str();
 }
 

@@ -47,12 +47,10 @@ TEST(ImportMessage, DecodesBodies) {
 
 TEST(ImportMessage, DecodesNamesAndTimes) {
     const auto message = program::importMessage(
-        "From: =?iso-8859-1?Q?J=FCrgen_M=FCller?= <j@example.org>\r\n"
-        "To: undisclosed-recipients:;\r\n"
-        "Cc: team: a@example.org, \"C, D\" <cd@example.org>;\r\n"
-        "Subject: =?utf-8?B?w4TDtsO8?= =?utf-8?B?IHRlc3Q=?=\r\n folded\r\n"
-        "Date: Sun, 30 Mar 2025 01:30:00 -0800\r\n"
-        "Deferred-Delivery: Mon, 31 Mar 2025 08:00:00 +0000\r\n\r\nbody");
+        "From: =?iso-8859-1?Q?J=FCrgen_M=FCller?= <j@example.org>\r\nTo: undisclosed-recipients:;\r\nCc: "
+        "team: a@example.org, \"C, D\" <cd@example.org>;\r\nSubject: =?utf-8?B?w4TDtsO8?= "
+        "=?utf-8?B?IHRlc3Q=?=\r\n folded\r\nDate: Sun, 30 Mar 2025 01:30:00 -0800\r\nDeferred-Delivery: Mon, "
+        "31 Mar 2025 08:00:00 +0000\r\n\r\nbody");
     EXPECT_EQ(message.from->name, L"J\u00FCrgen M\u00FCller");
     EXPECT_TRUE(message.to.empty());
     ASSERT_EQ(message.cc.size(), 2U);
@@ -220,8 +218,8 @@ TEST(HtmlText, BreaksLinesAsOutlookDoes) {
         {"<ul><li>one<li>two</ul><ol><li>x<li>y</ol>", "*\tone\r\n*\ttwo\r\n1.\tx\r\n2.\ty"},
         {"<pre>a\n  b</pre>", "a\r\n  b"},
         {"see <a href='https://example.org/?a=1&amp;b'>here</a>.", "see here <https://example.org/?a=1&b> ."},
-        {"<head><title>attached</title><style>attached</style></head><script>attached</script>"
-         "<!-- attached -->text",
+        {"<head><title>attached</title><style>attached</style></head><script>attached</script><!-- attached "
+         "-->text",
          "text"},
         {"<p>never closed <b>and <i>cut", "never closed and cut"},
         {"", ""},

@@ -95,12 +95,12 @@ TEST_F(Program, ReadsTheStandardInput) {
 
 TEST_F(Program, TellsOfAnswersThatNothingAskedFor) {
     const auto result =
-        run("send plain.eml promised.eml --set MsgAddAddress=1 --answer 'Attachment(s) missing=Yes' "
-            "--answer 'Attachment(s) missing=No' --answer 'frmNoSubject=txtSubject=a; cmdOK'");
+        run("send plain.eml promised.eml --set MsgAddAddress=1 --answer 'Attachment(s) missing=Yes' --answer "
+            "'Attachment(s) missing=No' --answer 'frmNoSubject=txtSubject=a; cmdOK'");
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.errors,
-              "veltro-host: nothing asked for the answer \"Attachment(s) missing=No\"\n"
-              "veltro-host: nothing asked for the answer \"frmNoSubject=txtSubject=a; cmdOK\"\n");
+              "veltro-host: nothing asked for the answer \"Attachment(s) missing=No\"\nveltro-host: nothing "
+              "asked for the answer \"frmNoSubject=txtSubject=a; cmdOK\"\n");
 }
 
 TEST_F(Program, EndsASendWithAnUnansweredPromptAsCancelled) {
@@ -130,8 +130,7 @@ TEST_F(Program, WarnsAndInforms) {
 
 TEST_F(Program, TellsWhatWasLeftUndone) {
     const std::string arguments =
-        "send promised.eml --outlook 9.0 --answer 'Attachment(s) missing=Yes' "
-        "--set MsgAddAddress=1 --trace";
+        "send promised.eml --outlook 9.0 --answer 'Attachment(s) missing=Yes' --set MsgAddAddress=1 --trace";
     const auto text = run(arguments);
     EXPECT_NE(text.output.find("\nleft undone:\n"), std::string::npos) << text.output;
     const auto json = run(arguments + " --json");

@@ -7,14 +7,16 @@
 #include "mail/basWordMail.h"
 #include "mail/errorTrap.h"
 
+namespace addin {
+
 /// The stage of a send that Outlook's application raises, after the item's own.
 namespace {
 
-using basGlobals::Globals;
+using mail::Globals;
 
 /// A send by another program has no window that could be activated; it is none of the add-in's business.
 bool hasWindow(Globals& globals) {
-    return basGlobals::skipErrors([&] {
+    return mail::skipErrors([&] {
         if (!globals.outlook) {
             globals.outlook =
                 outlook::Application(globals.platform.automation.createObject(L"Outlook.Application"));
@@ -24,10 +26,10 @@ bool hasWindow(Globals& globals) {
 }
 
 /// The one that raised its Send, so that what was made for it then serves here too.
-std::shared_ptr<OutgoingMail> outgoingMail(Globals& globals, const outlook::Item& item) {
+std::shared_ptr<mail::OutgoingMail> outgoingMail(Globals& globals, const outlook::Item& item) {
     auto mail = globals.outgoing.lock();
     if (!mail || !mail->is(item)) {
-        mail = std::make_shared<OutgoingMail>(globals, item);
+        mail = std::make_shared<mail::OutgoingMail>(globals, item);
     }
     mail->forget();  // Other add-ins have seen the mail since.
     return mail;
@@ -36,20 +38,20 @@ std::shared_ptr<OutgoingMail> outgoingMail(Globals& globals, const outlook::Item
 /// On every way out.
 class Release {
   public:
-    explicit Release(OutgoingMail& mail) : mail_(mail) {}
+    explicit Release(mail::OutgoingMail& mail) : mail_(mail) {}
     ~Release() { mail_.release(); }
     Release(const Release&) = delete;
     Release& operator=(const Release&) = delete;
 
   private:
-    OutgoingMail& mail_;
+    mail::OutgoingMail& mail_;
 };
 
-void delaySending(Globals& globals, OutgoingMail& mail, bool& cancel) {
+void delaySending(Globals& globals, mail::OutgoingMail& mail, bool& cancel) {
     if (!mail.editsInWord()) {
-        basVeltro::vtDelayEmailSending(globals, mail, cancel);
-    } else if (basGlobals::outlookVersion(globals) != basGlobals::outlook2000) {
-        basGlobals::skipErrors([&] {
+        checks::vtDelayEmailSending(globals, mail, cancel);
+    } else if (mail::outlookVersion(globals) != mail::outlook2000) {
+        mail::skipErrors([&] {
             mail.item().entryId();  // Fails for one that is gone, which no macro could do anything with.
             basWordMail::runMacro(globals, globals.outlook.activeInspector(), L"vtDelayEmailSendingWord",
                                   mail.item(), cancel);
@@ -63,7 +65,7 @@ void OutAddIn::objOutlook_ItemSend(const outlook::Item& item, bool& cancel) {
     if (!hasWindow(globals_)) {
         return;
     }
-    const auto list = basSendAcct::OpenList(globals_);
+    const auto list = accounts::basSendAcct::OpenList(globals_);
     const auto found = list->CreatePostrouteFolder();
     const auto mail = outgoingMail(globals_, item);
     // Without the library that reads items there is nothing to ask by: the mail leaves.
@@ -71,10 +73,12 @@ void OutAddIn::objOutlook_ItemSend(const outlook::Item& item, bool& cancel) {
         return;
     }
     const Release release(*mail);
-    basVeltro::confirmSend(globals_, *mail, cancel);
+    checks::confirmSend(globals_, *mail, cancel);
     if (cancel) {
         return;
     }
     delaySending(globals_, *mail, cancel);
-    accountStep::checkPreferredAccount(globals_, *list, *mail, *found, cancel);
+    accounts::accountStep::checkPreferredAccount(globals_, *list, *mail, *found, cancel);
 }
+
+}  // namespace addin

@@ -5,16 +5,16 @@
 #include "settings/modRegKeys.h"
 #include "settings/prompts.h"
 
-namespace basVeltro {
+namespace checks {
 
 namespace {
 
-using basGlobals::Globals;
+using mail::Globals;
 
 constexpr std::int16_t confirmEveryMail = 1;
 constexpr std::int16_t confirmListed = 2;
 
-bool userConfirms(Globals& globals, OutgoingMail& mail) {
+bool userConfirms(Globals& globals, mail::OutgoingMail& mail) {
     const std::wstring firstRecipient = GetFirstTORecipient(globals, mail);
     const std::wstring question = firstRecipient.empty()
                                       ? L"Do you wish to send this email?"
@@ -27,7 +27,7 @@ bool userConfirms(Globals& globals, OutgoingMail& mail) {
     return answer == platform::Answer::Yes;
 }
 
-bool mustConfirm(Globals& globals, OutgoingMail& mail) {
+bool mustConfirm(Globals& globals, mail::OutgoingMail& mail) {
     const std::int16_t choice = modRegKeys::DisplayConfirmation.read(globals);
     return choice == confirmEveryMail || (choice == confirmListed && AtLeast1EmailInRecipt(globals, mail));
 }
@@ -37,26 +37,26 @@ std::int16_t recipientLimit(const Globals& globals) {
     return number::toInteger<std::int16_t>(modRegKeys::XRecipients.read(globals));
 }
 
-bool hasManyRecipients(const Globals& globals, OutgoingMail& mail) {
+bool hasManyRecipients(const Globals& globals, mail::OutgoingMail& mail) {
     const std::int16_t limit = recipientLimit(globals);
-    basGlobals::skipErrors([&] { mail.stored(); });  // Else those that were saved before are counted.
+    mail::skipErrors([&] { mail.stored(); });  // Else those that were saved before are counted.
     return mail.recipientCount() > limit;
 }
 
 }  // namespace
 
-std::wstring GetFirstTORecipient(Globals& globals, OutgoingMail& mail) {
-    return basGlobals::trapErrors(globals, basGlobals::ErrorReport::usual(L"basVeltro.GetFirstTORecipient"),
-                                  [&] {
-                                      const std::wstring to = mail.stored().to();
-                                      return std::wstring(text::trim(text::before(to, L';')));
-                                  },
-                                  {});
+std::wstring GetFirstTORecipient(Globals& globals, mail::OutgoingMail& mail) {
+    return mail::trapErrors(globals, mail::ErrorReport::usual(L"basVeltro.GetFirstTORecipient"),
+                            [&] {
+                                const std::wstring to = mail.stored().to();
+                                return std::wstring(text::trim(text::before(to, L';')));
+                            },
+                            {});
 }
 
-bool AtLeast1EmailInRecipt(Globals& globals, OutgoingMail& mail) {
-    return basGlobals::trapErrors(
-        globals, basGlobals::ErrorReport::usual(L"basVeltro.AtLeast1EmailInRecipt"),
+bool AtLeast1EmailInRecipt(Globals& globals, mail::OutgoingMail& mail) {
+    return mail::trapErrors(
+        globals, mail::ErrorReport::usual(L"basVeltro.AtLeast1EmailInRecipt"),
         [&] {
             const std::wstring listed = modRegKeys::ConfirmEmailAddrs.read(globals);
             if (listed.empty()) {
@@ -68,7 +68,7 @@ bool AtLeast1EmailInRecipt(Globals& globals, OutgoingMail& mail) {
         false);
 }
 
-void confirmSend(Globals& globals, OutgoingMail& mail, bool& cancel) {
+void confirmSend(Globals& globals, mail::OutgoingMail& mail, bool& cancel) {
     if (mustConfirm(globals, mail)) {
         cancel = !userConfirms(globals, mail);
     } else if (modRegKeys::ConfirmForXRecipients.read(globals) && hasManyRecipients(globals, mail)) {
@@ -76,11 +76,11 @@ void confirmSend(Globals& globals, OutgoingMail& mail, bool& cancel) {
     }
 }
 
-std::optional<std::wstring> firstListedRecipient(OutgoingMail& mail, const std::wstring& listed) {
+std::optional<std::wstring> firstListedRecipient(mail::OutgoingMail& mail, const std::wstring& listed) {
     const std::wstring upperList = text::upper(listed);
     return mail.findRecipientAddress([&](const std::wstring& address) {
         return upperList.find(text::upper(address)) != std::wstring::npos;
     });
 }
 
-}  // namespace basVeltro
+}  // namespace checks

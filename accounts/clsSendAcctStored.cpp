@@ -9,12 +9,14 @@
 #include "mail/SafeItems.h"
 #include "mail/errorTrap.h"
 
+namespace accounts {
+
 /// The list as it is stored in the user's mailbox.
 namespace {
 
-using basGlobals::ErrorReport;
-using basGlobals::Globals;
 using listBody::Outcome;
+using mail::ErrorReport;
+using mail::Globals;
 using platform::Icon;
 
 /// How often a change is made anew because somebody else has stored the list meanwhile.
@@ -85,7 +87,7 @@ bool clsSendAcct::LoadFound(const listFolder::Place& place) {
     if (place.asOf != globals_.promptsShown || !place.item || !place.others.empty()) {
         return false;
     }
-    return basGlobals::skipErrors(
+    return mail::skipErrors(
         [&] { list_ = std::make_unique<AccountRows>(safe(globals_, place.item).body()); });
 }
 
@@ -99,7 +101,7 @@ bool clsSendAcct::EmailAddressListMailOpen(const std::wstring& folderPath) {
         }
         try {
             StoredLists lists = readLists(globals_, place);
-            basGlobals::skipErrors([&] { unite(globals_, place.item, lists); });
+            mail::skipErrors([&] { unite(globals_, place.item, lists); });
             list_ = std::make_unique<AccountRows>(std::move(lists.rows));
             return true;
         } catch (const rowset::NotARowset&) {
@@ -108,8 +110,8 @@ bool clsSendAcct::EmailAddressListMailOpen(const std::wstring& folderPath) {
             return false;
         }
     };
-    return basGlobals::trapErrors(globals_, ErrorReport::usual(L"clsSendAcct.EmailAddressListMailOpen"), open,
-                                  false);
+    return mail::trapErrors(globals_, ErrorReport::usual(L"clsSendAcct.EmailAddressListMailOpen"), open,
+                            false);
 }
 
 bool clsSendAcct::EmailAddressMailSave(const rowset::Rowset& rows, const std::wstring& folderPath) {
@@ -131,7 +133,7 @@ bool clsSendAcct::EmailAddressMailSave(const rowset::Rowset& rows, const std::ws
     } catch (const rowset::NotARowset&) {
         show(listMessages::corrupted(folderPath), Icon::Information, L"Veltro");
     } catch (...) {
-        showNotSaved(basGlobals::currentError().description());
+        showNotSaved(mail::currentError().description());
     }
     return false;
 }
@@ -153,7 +155,7 @@ bool clsSendAcct::change(const ListChange& wanted) {
     } catch (const rowset::NotARowset&) {
         return fail(listMessages::corrupted(globals_.settingsFolder));
     } catch (...) {
-        return fail(attempt.written ? listMessages::maybeSaved : basGlobals::currentError().description());
+        return fail(attempt.written ? listMessages::maybeSaved : mail::currentError().description());
     }
 }
 
@@ -212,3 +214,5 @@ void clsSendAcct::showItemMissing() const {
 void clsSendAcct::showNotSaved(const std::wstring& why) const {
     show(L"Error:EmailAddressMailSave - " + why, Icon::Critical, globals_.product.title);
 }
+
+}  // namespace accounts

@@ -7,13 +7,15 @@
 #include "mail/basGlobals.h"
 #include "mail/errorTrap.h"
 
+namespace accounts {
+
 /// The item that holds the list, and its folder.
 namespace {
 
-using basGlobals::attempt;
-using basGlobals::ErrorReport;
-using basGlobals::Globals;
-using basGlobals::skipErrors;
+using mail::attempt;
+using mail::ErrorReport;
+using mail::Globals;
+using mail::skipErrors;
 using platform::Icon;
 
 constexpr std::int32_t mailItem = 0;
@@ -44,7 +46,7 @@ outlook::Item moved(const outlook::Item& draft, const outlook::Folder& folder) {
 
 /// A new item with an empty list, in the folder.
 outlook::Item newItem(Globals& globals, const outlook::Folder& folder) {
-    const bool googleApps = basGlobals::GoogleAppConnected(globals);
+    const bool googleApps = mail::GoogleAppConnected(globals);
     const outlook::Item draft(globals.outlook.object().call(L"CreateItem", mailItem).toObject());
     try {
         draft.setSubject(listFolder::listSubject);
@@ -90,8 +92,8 @@ listFolder::Place clsSendAcct::Initialise() {
 }
 
 outlook::Item clsSendAcct::EmailAddressListMailGet() {
-    return basGlobals::trapErrors(globals_, ErrorReport::usual(L"clsSendAcct.EmailAddressListMailGet"),
-                                  [&] { return requirePlace().item; }, {});
+    return mail::trapErrors(globals_, ErrorReport::usual(L"clsSendAcct.EmailAddressListMailGet"),
+                            [&] { return requirePlace().item; }, {});
 }
 
 /// Without an item only where there is no folder. Throws automation::Error.
@@ -107,8 +109,8 @@ listFolder::Place clsSendAcct::requirePlace() {
 }
 
 outlook::Item clsSendAcct::EmailAddressListMailMake(const outlook::Folder& folder) {
-    return basGlobals::trapErrors(globals_, ErrorReport::usual(L"clsSendAcct.EmailAddressListMailMake"),
-                                  [&] { return makeItem(folder); }, {});
+    return mail::trapErrors(globals_, ErrorReport::usual(L"clsSendAcct.EmailAddressListMailMake"),
+                            [&] { return makeItem(folder); }, {});
 }
 
 outlook::Item clsSendAcct::makeItem(const outlook::Folder& folder) {
@@ -148,7 +150,7 @@ std::optional<listFolder::Place> clsSendAcct::CreatePostrouteFolder(Asked asked)
         }
         return place;
     } catch (...) {
-        basGlobals::noteError(std::source_location::current());
+        mail::noteError(std::source_location::current());
         show(L"Unable to create the folder.", Icon::Critical, globals_.product.title);
         return std::nullopt;
     }
@@ -157,3 +159,5 @@ std::optional<listFolder::Place> clsSendAcct::CreatePostrouteFolder(Asked asked)
 outlook::Folder clsSendAcct::GetDefaultFolder() {
     return attempt([&] { return listFolder::find(globals_).folder; }).value_or(outlook::Folder());
 }
+
+}  // namespace accounts

@@ -8,14 +8,17 @@
 #include "mail/errorTrap.h"
 #include "platform/text.h"
 
+namespace accounts {
+
 /// The accounts of the profile and of mails. A failure here is not reported: it must never stand in the way
 /// of a send.
 namespace {
 
-using basGlobals::attempt;
+using mail::attempt;
 namespace tag = redemption::tag;
 
-std::optional<OutgoingMail::NamedAccount> accountNamed(OutgoingMail& mail, const std::wstring& name) {
+std::optional<mail::OutgoingMail::NamedAccount> accountNamed(mail::OutgoingMail& mail,
+                                                             const std::wstring& name) {
     const auto accounts = mail.accounts();
     const auto found = std::ranges::find_if(
         accounts, [&](const auto& account) { return text::equalsTrimmed(account.name, name); });
@@ -41,12 +44,12 @@ class Stamp {
                 write(index, values[index]);
             }
             for (std::size_t index = decisive; index < tags.size(); ++index) {
-                basGlobals::skipErrors([&] { writeWelcome(index, values[index]); });
+                mail::skipErrors([&] { writeWelcome(index, values[index]); });
             }
             item_.commit();  // Outlook's send keeps nothing that was written here and not saved.
         } catch (...) {
             for (std::size_t index = 0; index < begun_; ++index) {
-                basGlobals::skipErrors([&] { item_.setField(tags[index], before_[index]); });
+                mail::skipErrors([&] { item_.setField(tags[index], before_[index]); });
             }
             throw;
         }
@@ -83,22 +86,24 @@ std::vector<std::wstring> clsSendAcct::LoadAccounts() {
     return names;
 }
 
-std::wstring clsSendAcct::GetAccountInUse(OutgoingMail& mail) {
+std::wstring clsSendAcct::GetAccountInUse(mail::OutgoingMail& mail) {
     return attempt([&] { return mail.accounts().at(0).name; }).value_or(L"");
 }
 
-std::wstring clsSendAcct::GetSelectedMailAccount(OutgoingMail& mail) {
+std::wstring clsSendAcct::GetSelectedMailAccount(mail::OutgoingMail& mail) {
     return attempt([&] { return mail.chosenAccount(); }).value_or(L"");
 }
 
-bool clsSendAcct::PrefAcctExists(OutgoingMail& mail, const std::wstring& account) {
+bool clsSendAcct::PrefAcctExists(mail::OutgoingMail& mail, const std::wstring& account) {
     return attempt([&] { return basSendAcct::HasAccount(mail.accounts(), account); }).value_or(false);
 }
 
-bool clsSendAcct::SendUsingPrefAccount(OutgoingMail& mail, const std::wstring& account) {
-    return basGlobals::skipErrors([&] {
+bool clsSendAcct::SendUsingPrefAccount(mail::OutgoingMail& mail, const std::wstring& account) {
+    return mail::skipErrors([&] {
         const auto [name, chosen] = accountNamed(mail, account).value();
         const std::wstring sendStamp = chosen.sendStamp();
         Stamp(mail.safe()).replace({sendStamp, sendStamp, name, chosen.stamp()});
     });
 }
+
+}  // namespace accounts
