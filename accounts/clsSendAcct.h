@@ -38,6 +38,8 @@ class clsSendAcct {
 
     /// Looks for the folder of the list, and gives what it holds. Without one nothing is shown.
     listFolder::Place Initialise();
+    /// The same below the mailbox's top folders.
+    listFolder::Place Initialise(const listFolder::Folders& top);
 
     // The stored list.
     /// Writes the rows in place of the stored ones. When that fails, which is shown, the item keeps what it

@@ -83,8 +83,13 @@ listFolder::Place requireFolder(const Globals& globals, bool& made) {
 }  // namespace
 
 listFolder::Place clsSendAcct::Initialise() {
+    const auto top = attempt([&] { return listFolder::topFolders(globals_); });
+    return top ? Initialise(*top) : listFolder::Place();
+}
+
+listFolder::Place clsSendAcct::Initialise(const listFolder::Folders& top) {
     listFolder::Place place =
-        attempt([&] { return listFolder::find(globals_); }).value_or(listFolder::Place());
+        attempt([&] { return listFolder::find(globals_, top); }).value_or(listFolder::Place());
     if (place.folder) {
         globals_.settingsFolder = listFolder::pathOf(globals_, place.folder);
     }

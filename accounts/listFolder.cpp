@@ -16,7 +16,6 @@ namespace {
 using mail::attempt;
 using mail::Globals;
 using outlook::Folder;
-using Folders = outlook::Collection<Folder>;
 
 /// String resources of the folder names.
 namespace stringId {
@@ -39,8 +38,7 @@ Folder childByName(const Folders& folders, const std::wstring& name) {
 }
 
 /// Nothing when there surely is none: all sub-folders have been looked at. Throws automation::Error.
-Folder searchedChild(const Folder& parent, const std::wstring& name) {
-    const auto folders = parent.folders();
+Folder searchedChild(const Folders& folders, const std::wstring& name) {
     const std::int32_t count = folders.count();
     for (std::int32_t index = 1; index <= count; ++index) {
         Folder folder = folders.item(index);
@@ -76,8 +74,16 @@ Place placeOf(const Folder& folder) {
 
 }  // namespace
 
-Folder mailbox(const Globals& globals) {
-    return globals.outlook.mapiNameSpace().defaultFolder(outlook::folderId::inbox).parent();
+Folders topFolders(const Globals& globals) {
+    return globals.outlook.mapiNameSpace().defaultFolder(outlook::folderId::inbox).parent().folders();
+}
+
+Folder addedFolder(const Folders& folders, const std::wstring& name) {
+    return Folder(folders.object().call(L"Add", name).toObject());
+}
+
+Place find(const Globals& globals) {
+    return find(globals, topFolders(globals));
 }
 
 std::vector<outlook::Item> listItems(const Folder& folder) {
@@ -97,14 +103,12 @@ std::vector<outlook::Item> listItems(const Folder& folder) {
 /// start-up moves it once from "Tarnwell Settings" to "Corvane Settings". Taking it for missing then would
 /// put an empty list in the place of the user's. So both places are looked at, that of the resource library
 /// first; where both have a folder, the one with the list is it.
-Place find(const Globals& globals) {
+Place find(const Globals& globals, const Folders& top) {
     const std::size_t asOf = globals.promptsShown;
-    const Folder root = mailbox(globals);
-    const auto folders = root.folders();
     const std::wstring name = folderName(globals);
     const std::array<std::wstring, 3> parents{parentName(globals), newParentName, oldParentName};
     for (const std::wstring& parent : parents) {  // As a rule it is found here, with few calls.
-        const Folder above = childByName(folders, parent);
+        const Folder above = childByName(top, parent);
         if (const Folder folder = above ? childByName(above.folders(), name) : Folder()) {
             if (Place place = placeOf(folder); place.item) {
                 place.asOf = asOf;
@@ -114,8 +118,8 @@ Place find(const Globals& globals) {
     }
     Place found;
     for (const std::wstring& candidate : parents) {
-        const Folder parent = searchedChild(root, candidate);
-        Place place = placeOf(parent ? searchedChild(parent, name) : Folder());
+        const Folder parent = searchedChild(top, candidate);
+        Place place = placeOf(parent ? searchedChild(parent.folders(), name) : Folder());
         if (place.item) {
             found = std::move(place);
             break;
@@ -129,10 +133,10 @@ Place find(const Globals& globals) {
 }
 
 Folder make(const Globals& globals) {
-    const Folder root = mailbox(globals);
+    const Folders top = topFolders(globals);
     const std::wstring name = parentName(globals);
-    const Folder existing = searchedChild(root, name);
-    return (existing ? existing : root.addFolder(name)).addFolder(folderName(globals));
+    const Folder existing = searchedChild(top, name);
+    return (existing ? existing : addedFolder(top, name)).addFolder(folderName(globals));
 }
 
 std::wstring pathOf(const Globals& globals, const Folder& folder) {

@@ -27,12 +27,19 @@ struct Place {
     std::size_t asOf = 0;
 };
 
-/// Where all folders of the mailbox begin. Throws automation::Error.
-outlook::Folder mailbox(const mail::Globals& globals);
+using Folders = outlook::Collection<outlook::Folder>;
+
+/// Those of the user's own mailbox that lie in no other. Throws automation::Error.
+Folders topFolders(const mail::Globals& globals);
+
+/// A new one among them. Throws automation::Error.
+outlook::Folder addedFolder(const Folders& folders, const std::wstring& name);
 
 /// Looks for the folder in the places where it can be. Throws automation::Error when the mailbox cannot be
 /// searched: what could not be seen does not count as missing.
 Place find(const mail::Globals& globals);
+/// The same below the mailbox's top folders.
+Place find(const mail::Globals& globals, const Folders& top);
 
 /// The items of a folder that have the subject of the list, in their order. Throws automation::Error.
 std::vector<outlook::Item> listItems(const outlook::Folder& folder);

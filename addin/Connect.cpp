@@ -66,8 +66,7 @@ void Connect::OnConnection(const automation::Object& application, int /*connectM
     lookForLibrary();
     tellOfMissingLibrary();
     if (wrapOpenExplorers()) {
-        settingsFolder::moveToCurrentPlace(globals_);
-        loadAccountList();
+        openAccountList();
     }
     refreshEmailList();
 }
@@ -161,9 +160,13 @@ bool Connect::wrapOpenExplorers() {
     return count >= 1;
 }
 
-void Connect::loadAccountList() {
+void Connect::openAccountList() {
     const auto list = accounts::basSendAcct::TheList(globals_);
-    const accounts::listFolder::Place found = list->Initialise();
+    const auto top = attempt([&] { return accounts::listFolder::topFolders(globals_); });
+    if (top) {
+        settingsFolder::moveToCurrentPlace(globals_, *top);
+    }
+    const auto found = top ? list->Initialise(*top) : list->Initialise();
     if (!globals_.redemptionMissing && !list->LoadFound(found)) {
         list->LoadList();
     }

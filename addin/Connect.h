@@ -42,7 +42,7 @@ class Connect {
     void initialiseOutAddIn();
     /// False when none is open.
     bool wrapOpenExplorers();
-    void loadAccountList();
+    void openAccountList();
     void refreshEmailList();
 
     void setExplorer(const outlook::Explorer& explorer);

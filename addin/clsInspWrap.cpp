@@ -82,7 +82,7 @@ bool clsInspWrap::isActiveInspector() const {
 
 void clsInspWrap::m_ObjMail_Send(bool& cancel) {
     sending_ = true;
-    const auto mail = outgoing_ = std::make_shared<mail::OutgoingMail>(globals_, item_);
+    const auto mail = outgoing_ = std::make_shared<mail::OutgoingMail>(globals_, item_, true);
     globals_.outgoing = mail;
     mail::trapErrors(globals_, mail::ErrorReport::check(L"m_ObjMail_Send"), [&] {
         if (mail::itemUnreadable(item_)) {

@@ -62,13 +62,16 @@ Object FindOrAddButton(const Popup& popup, const std::wstring& caption, const st
                        bool beginGroup) {
     const Object controls = popup.control.get(L"Controls").toObject();
     Object button = popup.isNew ? Object() : FindControl(controls, caption, buttonType);
-    if (button) {
+    const bool isNew = !button;
+    if (!isNew) {
         button.put(L"Caption", caption);
     } else {
         button = add(controls, buttonType, caption, std::nullopt);
     }
     button.put(L"Tag", tag);
-    button.put(L"BeginGroup", beginGroup);
+    if (beginGroup || !isNew) {
+        button.put(L"BeginGroup", beginGroup);
+    }
     return button;
 }
 

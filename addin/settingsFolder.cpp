@@ -1,6 +1,5 @@
 #include "addin/settingsFolder.h"
 
-#include "accounts/listFolder.h"
 #include "mail/SafeItems.h"
 #include "mail/errorTrap.h"
 #include "platform/text.h"
@@ -20,15 +19,17 @@ constexpr wchar_t dataFolderName[] = L"Veltro";
 constexpr wchar_t done[] = L"1";
 
 struct OldPlace {
-    outlook::Folder store;
     outlook::Folder parent;
     outlook::Folder dataFolder;
 };
 
-OldPlace findOldPlace(const Globals& globals) {
+outlook::Folder named(const accounts::listFolder::Folders& top, const wchar_t* name) {
+    return outlook::Folder(top.object().get(L"Item", name).toObject());
+}
+
+OldPlace findOldPlace(const accounts::listFolder::Folders& top) {
     OldPlace place;
-    place.store = accounts::listFolder::mailbox(globals);
-    place.parent = place.store.folder(oldParentName);
+    place.parent = named(top, oldParentName);
     place.dataFolder = place.parent.folder(dataFolderName);
     return place;
 }
@@ -65,16 +66,17 @@ void removeIfEmpty(const outlook::Folder& folder) {
 
 }  // namespace
 
-void MoveVeltroDataFolder(const outlook::Folder& store, const outlook::Folder& dataFolder) {
-    const auto existing = attempt([&] { return store.folder(newParentName); });
-    dataFolder.moveTo(existing && *existing ? *existing : store.addFolder(newParentName));
+void MoveVeltroDataFolder(const accounts::listFolder::Folders& top, const outlook::Folder& dataFolder) {
+    const auto existing = attempt([&] { return named(top, newParentName); });
+    dataFolder.moveTo(existing && *existing ? *existing
+                                            : accounts::listFolder::addedFolder(top, newParentName));
 }
 
-void moveToCurrentPlace(Globals& globals) {
+void moveToCurrentPlace(Globals& globals, const accounts::listFolder::Folders& top) {
     if (modRegKeys::blnMoveVT.read(globals) == done) {
         return;
     }
-    const auto place = attempt([&] { return findOldPlace(globals); });
+    const auto place = attempt([&] { return findOldPlace(top); });
     if (!place || !place->dataFolder) {
         return;
     }
@@ -82,7 +84,7 @@ void moveToCurrentPlace(Globals& globals) {
     if (!found) {
         return;  // Unread is not empty: the next start looks again.
     }
-    const bool moved = *found && skipErrors([&] { MoveVeltroDataFolder(place->store, place->dataFolder); });
+    const bool moved = *found && skipErrors([&] { MoveVeltroDataFolder(top, place->dataFolder); });
     skipErrors([&] { modRegKeys::blnMoveVT.write(globals, done); });
     if (moved) {
         skipErrors([&] { tellMoved(globals); });

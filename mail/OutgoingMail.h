@@ -21,7 +21,9 @@ namespace mail {
 /// Whatever reads throws automation::Error.
 class OutgoingMail {
   public:
-    OutgoingMail(mail::Globals& globals, outlook::Item item) : globals_(globals), item_(std::move(item)) {}
+    /// `isMail` where it is known already.
+    OutgoingMail(mail::Globals& globals, outlook::Item item, std::optional<bool> isMail = std::nullopt)
+        : globals_(globals), item_(std::move(item)), isMail_(isMail) {}
 
     const outlook::Item& item() const { return item_; }
     bool is(const outlook::Item& item) const { return item_.object() == item.object(); }

@@ -7,12 +7,11 @@ namespace mail {
 
 namespace {
 
-/// Accounts that are neither Internet nor Exchange accounts have no address to read.
+/// Most are Internet accounts, which alone have an address to read.
 std::wstring accountAddress(Globals& globals, const redemption::Account& account) {
-    if (account.type() == redemption::exchangeAccount) {
-        return ExchangeAccountSMTPAddress(globals);
-    }
-    return attempt([&] { return account.smtpAddress(); }).value_or(L"");
+    std::wstring address = attempt([&] { return account.smtpAddress(); }).value_or(L"");
+    const bool isExchange = address.empty() && account.type() == redemption::exchangeAccount;
+    return isExchange ? ExchangeAccountSMTPAddress(globals) : address;
 }
 
 }  // namespace

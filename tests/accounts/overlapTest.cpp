@@ -33,8 +33,8 @@ class OverlapWorld : public AccountsWorld, private platform::PromptObserver {
         action_ = std::move(action);
     }
 
-    /// What the send event does with the list.
-    Sent send(const std::wstring& address) {
+    /// What the send event does with the list; with `asked` a prompt of another step comes in between.
+    Sent send(const std::wstring& address, bool asked = false) {
         host::Message message;
         message.to = {{.name = L"To", .address = address}};
         const automation::Object mail = outlook.itemOf(outlook.openNewMail(message));
@@ -42,6 +42,9 @@ class OverlapWorld : public AccountsWorld, private platform::PromptObserver {
         const auto opened = accounts::basSendAcct::OpenList(here);
         const auto found = opened->CreatePostrouteFolder();
         EXPECT_TRUE(found);
+        if (asked) {
+            desktop_.messageBox(L"Send it?", {}, L"Confirm");
+        }
         mail::OutgoingMail outgoing(here, outlook::Item(mail));
         accounts::accountStep::checkPreferredAccount(here, *opened, outgoing, found.value(), sent.cancelled);
         sent.account = outlook.view(mail).account;
@@ -297,6 +300,16 @@ TEST(Overlap, ChangesOfAnotherOutlookCountAtTheNextSend) {
     EXPECT_EQ(world.send(cy), fromAbroad);
     EXPECT_TRUE(world.outlook.itemsIn(tarnwellFolder).empty());
     EXPECT_TRUE(world.texts.empty());
+}
+
+TEST(Overlap, ChangesOfAnotherOutlookDuringAPromptOfTheSendCount) {
+    OverlapWorld world(profileOf({cyAtHome}), {L"Confirm=OK"});
+    world.settings.write(L"DoNotShowSelect", L"1");
+    world.settings.write(L"MsgAddAddress", L"1");
+    world.whileOpen(L"Confirm", [&] {
+        world.outlook.store(tarnwellFolder, storedList(listText(Entries{bobAbroad})).message);
+    });
+    EXPECT_EQ(world.send(bob, true), fromAbroad);
 }
 
 /// A choice for this mail stands even when the entry that it was to be stored in is gone.
