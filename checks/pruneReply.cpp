@@ -58,7 +58,7 @@ std::vector<int> positionsToDelete(const std::vector<MailRecipient>& recipients,
         }
         ++position;
     }
-    // Who answers a mail of their own to themselves means it.
+    // A user whose mail went to nobody else answers to themselves on purpose: somebody must stay.
     if (positions.size() + ownPositions.size() < recipients.size()) {
         positions.insert(positions.end(), ownPositions.begin(), ownPositions.end());
         std::ranges::sort(positions);

@@ -251,7 +251,7 @@ class CheckList : public Control {
     std::wstring value() const override;
     bool enter(std::wstring_view value) override;
 
-    /// Of so many rows, which a value ticks; nothing when it is no list of their positions.
+    /// Which of `rows` rows a value such as "1,3" ticks; nothing when the value is not such a list.
     static std::optional<std::vector<bool>> parseTicks(std::wstring_view value, std::size_t rows);
 
   private:

@@ -64,7 +64,7 @@ inline constexpr std::int32_t itemForward = 0xF468;
 inline constexpr std::int32_t commandBarButtonClick = 1;
 }  // namespace events
 
-/// Base of the fronts: a reference to the object, or nothing.
+/// Base of the fronts: a reference to the object, or nothing. As with a pointer, const is the reference alone.
 class Front {
   public:
     Front() = default;
@@ -161,10 +161,10 @@ class NameSpace : public Front {
     Folder defaultFolder(std::int32_t id) const {
         return Folder(object_.call(L"GetDefaultFolder", id).toObject());
     }
-    /// What the MAPI library's objects are tied to, so that they share Outlook's session.
     Item item(const std::wstring& entryId) const {
         return Item(object_.call(L"GetItemFromID", entryId).toObject());
     }
+    /// The MAPI library's objects are given this, and then share Outlook's session.
     automation::Object mapiObject() const { return object_.get(L"MAPIOBJECT").toObject(); }
 };
 
