@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "host/Automated.h"
+#include "host/Collection.h"
 
 namespace host {
 
@@ -12,7 +12,7 @@ namespace host {
 class AddIn : public Automated<AddIn> {
   public:
     static constexpr std::wstring_view defaultName = L"Description";
-    static std::span<const Member<AddIn>> members();
+    static const Members<AddIn> members;
 
     AddIn(World& world, std::wstring progId, std::wstring description);
 
@@ -21,7 +21,6 @@ class AddIn : public Automated<AddIn> {
     void releaseObject() { object_ = {}; }
 
   private:
-    static const Member<AddIn> table_[];
     std::wstring progId_;
     std::wstring description_;
     bool connected_ = true;
@@ -29,21 +28,23 @@ class AddIn : public Automated<AddIn> {
 };
 
 /// Application.COMAddIns.
-class AddIns : public Automated<AddIns> {
+class AddIns : public Collection<AddIns> {
   public:
-    static std::span<const Member<AddIns>> members();
+    static constexpr auto noSuchName = raise::outOfBounds;
+    static const Members<AddIns> members;
 
-    explicit AddIns(World& world) : Automated(world) {}
+    explicit AddIns(World& world) : Collection(world) {}
 
     std::wstring className() const override { return L"COMAddIns"; }
+    const std::vector<std::shared_ptr<AddIn>>& list() const noexcept { return list_; }
+    static bool isNamed(const std::shared_ptr<AddIn>& addIn, std::wstring_view progId) {
+        return text::equalsIgnoringCase(addIn->progId(), progId);
+    }
     AddIn& add(const std::wstring& progId, const std::wstring& description);
     /// Drops what the add-ins put into Object.
     void releaseObjects();
 
   private:
-    static const Member<AddIns> table_[];
-    std::shared_ptr<AddIn> find(std::wstring_view progId) const;
-
     std::vector<std::shared_ptr<AddIn>> list_;
 };
 

@@ -21,8 +21,8 @@ int displayTypeOf(const Address& address) {
     return text::equalsIgnoringCase(address.type, L"MAPIPDL") ? 5 : address.distributionList ? 1 : 0;
 }
 
-int AddressEntry::displayType() const {
-    return displayTypeOf(address_);
+std::wstring entryIdOf(const Address& address) {
+    return address.type + L':' + address.address;
 }
 
 std::wstring AddressEntry::smtpAddress() const {
@@ -58,7 +58,7 @@ Value fieldOf(AddressEntry& entry, Arguments arguments) {
 }
 
 Value membersOf(AddressEntry& entry, Arguments) {
-    if (entry.displayType() == 0) {
+    if (displayTypeOf(entry.address()) == 0) {
         return automation::Object();
     }
     return entry.world().makeObject<AddressEntries>(entry.address().members, entry.safe());
@@ -66,55 +66,27 @@ Value membersOf(AddressEntry& entry, Arguments) {
 
 }  // namespace
 
-constinit const Member<AddressEntry> AddressEntry::table_[] = {
-    {.name = L"Name",
-     .id = 12289,
-     .get = [](AddressEntry& entry, Arguments) { return Value(entry.address_.name); }},
-    {.name = L"Type",
-     .id = 12290,
-     .get = [](AddressEntry& entry, Arguments) { return Value(entry.address_.type); }},
-    {.name = L"Address",
-     .id = 12291,
-     .get = [](AddressEntry& entry, Arguments) { return Value(entry.address_.address); }},
-    {.name = L"ID",
-     .id = 61470,
-     .get = [](AddressEntry& entry,
-               Arguments) { return Value(entry.address_.type + L":" + entry.address_.address); }},
-    {.name = L"DisplayType",
-     .id = 14592,
-     .get = [](AddressEntry& entry, Arguments) { return Value(entry.displayType()); }},
+constinit const Members<AddressEntry> AddressEntry::members = {
+    {.name = L"Name", .id = 12289, .get = use<&AddressEntry::address_, &Address::name>},
+    {.name = L"Type", .id = 12290, .get = use<&AddressEntry::address_, &Address::type>},
+    {.name = L"Address", .id = 12291, .get = use<&AddressEntry::address_, &Address::address>},
+    {.name = L"ID", .id = 61470, .get = use<&AddressEntry::address_, entryIdOf>},
+    {.name = L"DisplayType", .id = 14592, .get = use<&AddressEntry::address_, displayTypeOf>},
     {.name = L"Members", .id = 772, .get = membersOf},
     {.name = L"Fields", .id = 1, .get = fieldOf, .least = 1, .most = 1, .has = isSafe},
-    {.name = L"SMTPAddress",
-     .get = [](AddressEntry& entry, Arguments) { return Value(entry.smtpAddress()); },
-     .has = isSafe},
+    {.name = L"SMTPAddress", .get = use<&AddressEntry::smtpAddress>, .has = isSafe},
 };
-
-std::span<const Member<AddressEntry>> AddressEntry::members() {
-    return table_;
-}
 
 AddressEntries::AddressEntries(World& world, std::vector<Address> addresses, bool safe)
-    : Automated(world), addresses_(std::move(addresses)), safe_(safe) {}
+    : Collection(world), addresses_(std::move(addresses)), safe_(safe) {}
 
-constinit const Member<AddressEntries> AddressEntries::table_[] = {
-    {.name = L"Count",
-     .id = 80,
-     .get = [](AddressEntries& entries,
-               Arguments) { return Value(static_cast<std::int32_t>(entries.addresses_.size())); }},
-    {.name = L"Item",
-     .id = 81,
-     .get =
-         [](AddressEntries& entries, Arguments arguments) {
-             const std::size_t index = position(arguments[0], entries.addresses_.size());
-             return Value(entries.world().makeObject<AddressEntry>(entries.addresses_[index], entries.safe_));
-         },
-     .least = 1,
-     .most = 1},
-};
-
-std::span<const Member<AddressEntries>> AddressEntries::members() {
-    return table_;
+automation::Object AddressEntries::at(std::size_t index) const {
+    return world().makeObject<AddressEntry>(addresses_[index], safe_);
 }
+
+constinit const Members<AddressEntries> AddressEntries::members = {
+    countRow<AddressEntries>,
+    itemRow<AddressEntries>,
+};
 
 }  // namespace host

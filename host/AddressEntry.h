@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "host/Automated.h"
+#include "host/Collection.h"
 #include "host/Message.h"
 
 namespace host {
@@ -13,7 +13,7 @@ namespace host {
 class AddressEntry : public Automated<AddressEntry> {
   public:
     static constexpr std::wstring_view defaultName = L"Name";
-    static std::span<const Member<AddressEntry>> members();
+    static const Members<AddressEntry> members;
 
     AddressEntry(World& world, Address address, bool safe);
 
@@ -21,31 +21,31 @@ class AddressEntry : public Automated<AddressEntry> {
     bool sameAs(const Target& other) const override;
     bool safe() const noexcept { return safe_; }
     const Address& address() const noexcept { return address_; }
-    /// 0 user, 1 Exchange distribution list, 5 personal distribution list.
-    int displayType() const;
     std::wstring smtpAddress() const;
 
   private:
-    static const Member<AddressEntry> table_[];
     Address address_;
     bool safe_;
 };
 
 /// The members of a distribution list.
-class AddressEntries : public Automated<AddressEntries> {
+class AddressEntries : public Collection<AddressEntries> {
   public:
-    static std::span<const Member<AddressEntries>> members();
+    static const Members<AddressEntries> members;
 
     AddressEntries(World& world, std::vector<Address> addresses, bool safe);
 
     std::wstring className() const override { return L"AddressEntries"; }
+    const std::vector<Address>& list() const noexcept { return addresses_; }
+    automation::Object at(std::size_t index) const;
 
   private:
-    static const Member<AddressEntries> table_[];
     std::vector<Address> addresses_;
     bool safe_;
 };
 
+/// 0 user, 1 Exchange distribution list, 5 personal distribution list.
 int displayTypeOf(const Address& address);
+std::wstring entryIdOf(const Address& address);
 
 }  // namespace host

@@ -10,7 +10,7 @@ namespace host {
 class Application : public Automated<Application> {
   public:
     static constexpr std::wstring_view defaultName = L"Name";
-    static std::span<const Member<Application>> members();
+    static const Members<Application> members;
 
     explicit Application(World& world) : Automated(world) {}
 
@@ -20,7 +20,6 @@ class Application : public Automated<Application> {
     void quit();
 
   private:
-    static const Member<Application> table_[];
     EventSource events_{0x0006304E, 0x0006300E, 0x0006302C};
 };
 

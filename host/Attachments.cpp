@@ -22,56 +22,32 @@ void noteChange(Item& item, bool safe) {
 }  // namespace
 
 Attachments::Attachments(World& world, std::shared_ptr<Item> item, bool safe)
-    : Automated(world), item_(std::move(item)), safe_(safe) {}
+    : Collection(world), item_(std::move(item)), safe_(safe) {}
 
-constinit const Member<Attachments> Attachments::table_[] = {
-    {.name = L"Count",
-     .id = 80,
-     .get = [](Attachments& attachments,
-               Arguments) { return Value(static_cast<std::int32_t>(attachments.list().size())); }},
-    {.name = L"Item",
-     .id = 81,
-     .get =
-         [](Attachments& attachments, Arguments arguments) {
-             const AttachmentList& list = attachments.list();
-             return Value(attachments.world().makeObject<AttachmentObject>(
-                 attachments.item_, list[position(arguments[0], list.size())], attachments.safe_));
-         },
-     .least = 1,
-     .most = 1},
-    {.name = L"Add",
-     .id = 101,
-     .call =
-         [](Attachments& attachments, Arguments arguments) {
-             const std::wstring path = arguments.text(0);
-             auto data =
-                 std::make_shared<Attachment>(Attachment{path.substr(path.find_last_of(L"\\/") + 1), {}});
-             attachments.list().push_back(data);
-             noteChange(*attachments.item_, attachments.safe_);
-             const auto added = attachments.world().makeObject<AttachmentObject>(
-                 attachments.item_, std::move(data), attachments.safe_);
-             attachments.world().raise(*attachments.item_->eventSource(), L"AttachmentAdd", 0xF00B, {added});
-             return Value(added);
-         },
-     .least = 1,
-     .most = 4},
-    {.name = L"Remove",
-     .id = 84,
-     .call =
-         [](Attachments& attachments, Arguments arguments) {
-             AttachmentList& list = attachments.list();
-             const std::size_t index = position(arguments[0], list.size());
-             list.erase(list.begin() + static_cast<std::ptrdiff_t>(index));
-             noteChange(*attachments.item_, attachments.safe_);
-             return Value();
-         },
-     .least = 1,
-     .most = 1},
-};
-
-std::span<const Member<Attachments>> Attachments::members() {
-    return table_;
+automation::Object Attachments::at(std::size_t index) const {
+    return world().makeObject<AttachmentObject>(item_, list()[index], safe_);
 }
+
+automation::Object Attachments::add(Arguments arguments) {
+    const std::wstring path = arguments.text(0);
+    auto data = std::make_shared<Attachment>(Attachment{path.substr(path.find_last_of(L"\\/") + 1), {}});
+    list().push_back(data);
+    changed();
+    const auto added = world().makeObject<AttachmentObject>(item_, std::move(data), safe_);
+    world().raise(*item_->eventSource(), L"AttachmentAdd", 0xF00B, {added});
+    return added;
+}
+
+void Attachments::changed() {
+    noteChange(*item_, safe_);
+}
+
+constinit const Members<Attachments> Attachments::members = {
+    countRow<Attachments>,
+    itemRow<Attachments>,
+    {.name = L"Add", .id = 101, .call = use<&Attachments::add>, .least = 1, .most = 4},
+    removeRow<Attachments>,
+};
 
 AttachmentObject::AttachmentObject(World& world, std::shared_ptr<Item> item, std::shared_ptr<Attachment> data,
                                    bool safe)
@@ -85,42 +61,32 @@ void AttachmentObject::checkUsable() const {
     }
 }
 
-constinit const Member<AttachmentObject> AttachmentObject::table_[] = {
-    {.name = L"FileName",
-     .id = 14084,
-     .get = [](AttachmentObject& attachment, Arguments) { return Value(attachment.data_->fileName); }},
-    {.name = L"DisplayName",
-     .id = 12289,
-     .get = [](AttachmentObject& attachment, Arguments) { return Value(attachment.data_->fileName); }},
-    {.name = L"Delete",
-     .id = 105,
-     .call =
-         [](AttachmentObject& attachment, Arguments) {
-             std::erase(attachmentsOf(*attachment.item_, attachment.safe_), attachment.data_);
-             noteChange(*attachment.item_, attachment.safe_);
-             return Value();
-         }},
+void AttachmentObject::remove() {
+    std::erase(attachmentsOf(*item_, safe_), data_);
+    noteChange(*item_, safe_);
+}
+
+Value AttachmentObject::field(Arguments arguments) const {
+    switch (mapiTag(arguments[0])) {
+        case 0x3712001E:
+            return data_->contentId.empty() ? Value() : Value(data_->contentId);
+        case 0x3704001E:
+        case 0x3707001E:
+            return data_->fileName;
+        default:
+            return {};
+    }
+}
+
+constinit const Members<AttachmentObject> AttachmentObject::members = {
+    {.name = L"FileName", .id = 14084, .get = use<&AttachmentObject::data_, &Attachment::fileName>},
+    {.name = L"DisplayName", .id = 12289, .get = use<&AttachmentObject::data_, &Attachment::fileName>},
+    {.name = L"Delete", .id = 105, .call = use<&AttachmentObject::remove>},
     {.name = L"Fields",
-     .get =
-         [](AttachmentObject& attachment, Arguments arguments) {
-             const std::wstring& contentId = attachment.data_->contentId;
-             switch (mapiTag(arguments[0])) {
-                 case 0x3712001E:
-                     return contentId.empty() ? Value() : Value(contentId);
-                 case 0x3704001E:
-                 case 0x3707001E:
-                     return Value(attachment.data_->fileName);
-                 default:
-                     return Value();
-             }
-         },
+     .get = use<&AttachmentObject::field>,
      .least = 1,
      .most = 1,
      .has = [](const AttachmentObject& attachment) { return attachment.safe_; }},
 };
-
-std::span<const Member<AttachmentObject>> AttachmentObject::members() {
-    return table_;
-}
 
 }  // namespace host

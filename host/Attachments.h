@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "host/Automated.h"
+#include "host/Collection.h"
 #include "host/Item.h"
 
 namespace host {
@@ -14,18 +14,21 @@ inline AttachmentList& attachmentsOf(Item& item, bool safe) {
 }
 
 /// The attachments of an item, Outlook's or Redemption's.
-class Attachments : public Automated<Attachments> {
+class Attachments : public Collection<Attachments> {
   public:
-    static std::span<const Member<Attachments>> members();
+    static const Members<Attachments> members;
 
     Attachments(World& world, std::shared_ptr<Item> item, bool safe);
 
     std::wstring className() const override { return safe_ ? L"SafeAttachments" : L"Attachments"; }
     void checkUsable() const override { item_->checkUsable(); }
     AttachmentList& list() const { return attachmentsOf(*item_, safe_); }
+    automation::Object at(std::size_t index) const;
+    void changed();
 
   private:
-    static const Member<Attachments> table_[];
+    automation::Object add(Arguments arguments);
+
     std::shared_ptr<Item> item_;
     bool safe_;
 };
@@ -34,7 +37,7 @@ class Attachments : public Automated<Attachments> {
 class AttachmentObject : public Automated<AttachmentObject> {
   public:
     static constexpr std::wstring_view defaultName = L"DisplayName";
-    static std::span<const Member<AttachmentObject>> members();
+    static const Members<AttachmentObject> members;
 
     AttachmentObject(World& world, std::shared_ptr<Item> item, std::shared_ptr<Attachment> data, bool safe);
 
@@ -42,7 +45,9 @@ class AttachmentObject : public Automated<AttachmentObject> {
     void checkUsable() const override;
 
   private:
-    static const Member<AttachmentObject> table_[];
+    void remove();
+    automation::Value field(Arguments arguments) const;
+
     std::shared_ptr<Item> item_;
     std::shared_ptr<Attachment> data_;
     bool safe_;

@@ -2,7 +2,12 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
+#include <initializer_list>
+#include <memory>
 #include <string_view>
+#include <type_traits>
+#include <utility>
 
 #include "host/HostObject.h"
 #include "host/hostErrors.h"
@@ -14,7 +19,7 @@ namespace host {
 /// with no result answers an empty value.
 template <class T>
 struct Member {
-    std::wstring_view name;
+    const wchar_t* name;
     std::int32_t id = dispatchId::unlisted;
     automation::Value (*get)(T& object, Arguments arguments) = nullptr;
     void (*put)(T& object, Arguments index, const automation::Value& value) = nullptr;
@@ -27,10 +32,77 @@ struct Member {
 };
 
 template <class T>
+using Members = std::initializer_list<Member<T>>;
+
+/// What a member answers, as automation knows it: objects by reference, a null pointer as nothing, numbers of
+/// any type as integers.
+template <class Result>
+automation::Value answer(Result&& result) {
+    using Plain = std::remove_cvref_t<Result>;
+    if constexpr (std::is_convertible_v<Result, std::shared_ptr<HostObject>>) {
+        return result ? result->object() : automation::Object();
+    } else if constexpr (std::is_base_of_v<HostObject, Plain>) {
+        return result.object();
+    } else if constexpr (std::is_enum_v<Plain> ||
+                         (std::is_integral_v<Plain> && !std::is_same_v<Plain, bool>)) {
+        return static_cast<std::int32_t>(result);
+    } else {
+        return std::forward<Result>(result);
+    }
+}
+
+/// What the last of the steps answers, which lead from one object to the next: data members and functions.
+template <class From>
+automation::Value follow(From&& from) {
+    return answer(std::forward<From>(from));
+}
+template <auto Step, auto... Rest, class From>
+automation::Value follow(From&& from) {
+    if constexpr (std::is_void_v<std::invoke_result_t<decltype(Step), From>>) {
+        std::invoke(Step, std::forward<From>(from));
+        return {};
+    } else {
+        return follow<Rest...>(std::invoke(Step, std::forward<From>(from)));
+    }
+}
+
+/// The `get` or `call` of a member: what the steps answer that lead on from the object, or one function that
+/// takes the arguments, too.
+template <auto Step, auto... Rest, class T>
+automation::Value use(T& object, Arguments arguments) {
+    if constexpr (!std::is_invocable_v<decltype(Step), T&, Arguments>) {
+        return follow<Step, Rest...>(object);
+    } else if constexpr (std::is_void_v<std::invoke_result_t<decltype(Step), T&, Arguments>>) {
+        std::invoke(Step, object, arguments);
+        return {};
+    } else {
+        return follow<Rest...>(std::invoke(Step, object, arguments));
+    }
+}
+
+/// The `put` of a member that only keeps the new value, in the data member `Variable` of T.
+template <auto Variable, class T>
+void set(T& object, Arguments, const automation::Value& value) {
+    auto& variable = object.*Variable;
+    using Type = std::remove_reference_t<decltype(variable)>;
+    if constexpr (std::is_same_v<Type, bool>) {
+        variable = value.toBool();
+    } else if constexpr (std::is_same_v<Type, int>) {
+        variable = value.toInteger();
+    } else if constexpr (std::is_same_v<Type, std::wstring>) {
+        variable = value.toText();
+    } else {
+        variable = value.toObject();
+    }
+}
+
+template <class T>
+class Collection;
+template <class T>
 class Wrapper;
 
-/// A host object whose members stand in a table, `static std::span<const Member<T>> T::members()`. The member
-/// that answers when none is named is `T::defaultName`.
+/// A host object whose members stand in a table, `static const Members<T> T::members`. The member that
+/// answers when none is named is `T::defaultName`.
 template <class T>
 class Automated : public HostObject {
   public:
@@ -39,7 +111,7 @@ class Automated : public HostObject {
   protected:
     Found findMember(std::wstring_view name) override {
         std::int32_t index = 0;
-        for (const Member<T>& member : T::members()) {
+        for (const Member<T>& member : T::members) {
             if (text::equalsIgnoringCase(member.name, name)) {
                 return has(member) ? Found{idOf(member, index), true} : Found{};
             }
@@ -92,6 +164,7 @@ class Automated : public HostObject {
 
   private:
     friend T;
+    friend Collection<T>;
     friend Wrapper<T>;
     explicit Automated(World& world) : HostObject(world) {}
 
@@ -108,7 +181,7 @@ class Automated : public HostObject {
     static const Member<T>* byId(std::int32_t id) {
         std::int32_t index = 0;
         const Member<T>* standard = nullptr;
-        for (const Member<T>& member : T::members()) {
+        for (const Member<T>& member : T::members) {
             if (idOf(member, index) == id) {
                 return &member;
             }

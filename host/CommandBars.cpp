@@ -14,26 +14,19 @@ std::wstring plain(std::wstring_view caption) {
     return text::replaceAll(caption, L"&", L"");
 }
 
-template <class Controls>
-Value find(Controls& controls, Arguments arguments) {
-    const auto& list = controls.list();
-    if (!arguments[0].template holds<std::wstring>()) {
-        return list[position(arguments[0], list.size())]->object();
-    }
-    const auto found = controls.find(arguments.text(0));
-    if (!found) {
-        raise::outOfBounds();
-    }
-    return found->object();
+bool isButton(const CommandBarControl& control) {
+    return control.type() == controlType::button;
+}
+
+bool isPopup(const CommandBarControl& control) {
+    return control.type() == controlType::popup;
 }
 
 }  // namespace
 
-std::shared_ptr<CommandBarControl> CommandBarControls::find(std::wstring_view caption) const {
-    const auto found = std::ranges::find_if(list_, [&](const auto& control) {
-        return text::equalsIgnoringCase(plain(control->caption()), plain(caption));
-    });
-    return found == list_.end() ? nullptr : *found;
+bool CommandBarControls::isNamed(const std::shared_ptr<CommandBarControl>& control,
+                                 std::wstring_view caption) {
+    return text::equalsIgnoringCase(plain(control->caption()), plain(caption));
 }
 
 void CommandBarControls::insert(std::shared_ptr<CommandBarControl> control, std::size_t before) {
@@ -70,19 +63,11 @@ Value CommandBarControls::add(Arguments arguments) {
     return control->object();
 }
 
-constinit const Member<CommandBarControls> CommandBarControls::table_[] = {
-    {.name = L"Count",
-     .get = [](CommandBarControls& controls,
-               Arguments) { return Value(static_cast<std::int32_t>(controls.list_.size())); }},
-    {.name = L"Item", .id = 0, .get = host::find<CommandBarControls>, .least = 1, .most = 1},
-    {.name = L"Add",
-     .call = [](CommandBarControls& controls, Arguments arguments) { return controls.add(arguments); },
-     .most = 5},
+constinit const Members<CommandBarControls> CommandBarControls::members = {
+    countRow<CommandBarControls, dispatchId::unlisted>,
+    itemRow<CommandBarControls, dispatchId::defaultMember>,
+    {.name = L"Add", .call = use<&CommandBarControls::add>, .most = 5},
 };
-
-std::span<const Member<CommandBarControls>> CommandBarControls::members() {
-    return table_;
-}
 
 CommandBarControl::CommandBarControl(World& world, int type, std::wstring caption, bool temporary, int id)
     : Automated(world), type_(type), caption_(std::move(caption)), temporary_(temporary), id_(id) {
@@ -125,81 +110,51 @@ std::shared_ptr<CommandBarControl> CommandBarControl::copy() const {
     return result;
 }
 
-constinit const Member<CommandBarControl> CommandBarControl::table_[] = {
-    {.name = L"Caption",
-     .get = [](CommandBarControl& control, Arguments) { return Value(control.caption_); },
-     .put = [](CommandBarControl& control, Arguments,
-               const Value& value) { control.caption_ = value.toText(); }},
-    {.name = L"Type", .get = [](CommandBarControl& control, Arguments) { return Value(control.type_); }},
-    {.name = L"Id", .get = [](CommandBarControl& control, Arguments) { return Value(control.id_); }},
-    {.name = L"Index", .get = [](CommandBarControl& control, Arguments) { return Value(control.index()); }},
+void CommandBarControl::remove() {
+    if (const auto owner = owner_.lock()) {
+        owner->remove(*this);
+    }
+}
+
+constinit const Members<CommandBarControl> CommandBarControl::members = {
+    {.name = L"Caption", .get = use<&CommandBarControl::caption_>, .put = set<&CommandBarControl::caption_>},
+    {.name = L"Type", .get = use<&CommandBarControl::type_>},
+    {.name = L"Id", .get = use<&CommandBarControl::id_>},
+    {.name = L"Index", .get = use<&CommandBarControl::index>},
     {.name = L"BeginGroup",
-     .get = [](CommandBarControl& control, Arguments) { return Value(control.beginGroup_); },
-     .put = [](CommandBarControl& control, Arguments,
-               const Value& value) { control.beginGroup_ = value.toBool(); }},
-    {.name = L"Visible",
-     .get = [](CommandBarControl& control, Arguments) { return Value(control.visible_); },
-     .put = [](CommandBarControl& control, Arguments,
-               const Value& value) { control.visible_ = value.toBool(); }},
-    {.name = L"Enabled",
-     .get = [](CommandBarControl& control, Arguments) { return Value(control.enabled_); },
-     .put = [](CommandBarControl& control, Arguments,
-               const Value& value) { control.enabled_ = value.toBool(); }},
-    {.name = L"Tag",
-     .get = [](CommandBarControl& control, Arguments) { return Value(control.tag_); },
-     .put = [](CommandBarControl& control, Arguments, const Value& value) { control.tag_ = value.toText(); }},
+     .get = use<&CommandBarControl::beginGroup_>,
+     .put = set<&CommandBarControl::beginGroup_>},
+    {.name = L"Visible", .get = use<&CommandBarControl::visible_>, .put = set<&CommandBarControl::visible_>},
+    {.name = L"Enabled", .get = use<&CommandBarControl::enabled_>, .put = set<&CommandBarControl::enabled_>},
+    {.name = L"Tag", .get = use<&CommandBarControl::tag_>, .put = set<&CommandBarControl::tag_>},
     {.name = L"Parameter",
-     .get = [](CommandBarControl& control, Arguments) { return Value(control.parameter_); },
-     .put = [](CommandBarControl& control, Arguments,
-               const Value& value) { control.parameter_ = value.toText(); }},
+     .get = use<&CommandBarControl::parameter_>,
+     .put = set<&CommandBarControl::parameter_>},
     {.name = L"OnAction",
-     .get = [](CommandBarControl& control, Arguments) { return Value(control.onAction_); },
-     .put = [](CommandBarControl& control, Arguments,
-               const Value& value) { control.onAction_ = value.toText(); }},
+     .get = use<&CommandBarControl::onAction_>,
+     .put = set<&CommandBarControl::onAction_>},
     {.name = L"TooltipText",
-     .get = [](CommandBarControl& control, Arguments) { return Value(control.toolTip_); },
-     .put = [](CommandBarControl& control, Arguments,
-               const Value& value) { control.toolTip_ = value.toText(); }},
+     .get = use<&CommandBarControl::toolTip_>,
+     .put = set<&CommandBarControl::toolTip_>},
     {.name = L"Style",
-     .get = [](CommandBarControl& control, Arguments) { return Value(control.style_); },
-     .put = [](CommandBarControl& control, Arguments,
-               const Value& value) { control.style_ = value.toInteger(); },
-     .has = [](const CommandBarControl& control) { return control.type_ == controlType::button; }},
+     .get = use<&CommandBarControl::style_>,
+     .put = set<&CommandBarControl::style_>,
+     .has = isButton},
     {.name = L"FaceId",
-     .get = [](CommandBarControl& control, Arguments) { return Value(control.faceId_); },
-     .put = [](CommandBarControl& control, Arguments,
-               const Value& value) { control.faceId_ = value.toInteger(); },
-     .has = [](const CommandBarControl& control) { return control.type_ == controlType::button; }},
+     .get = use<&CommandBarControl::faceId_>,
+     .put = set<&CommandBarControl::faceId_>,
+     .has = isButton},
     // Picture and Mask take a picture object, which nothing here shows.
     {.name = L"Picture",
      .put = [](CommandBarControl&, Arguments, const Value& value) { value.toObject(); },
-     .has = [](const CommandBarControl& control) { return control.type_ == controlType::button; }},
+     .has = isButton},
     {.name = L"Mask",
      .put = [](CommandBarControl&, Arguments, const Value& value) { value.toObject(); },
-     .has = [](const CommandBarControl& control) { return control.type_ == controlType::button; }},
-    {.name = L"Controls",
-     .get = [](CommandBarControl& control, Arguments) { return Value(control.controls_->object()); },
-     .has = [](const CommandBarControl& control) { return control.type_ == controlType::popup; }},
-    {.name = L"Delete",
-     .call =
-         [](CommandBarControl& control, Arguments) {
-             if (const auto owner = control.owner_.lock()) {
-                 owner->remove(control);
-             }
-             return Value();
-         },
-     .most = 1},
-    {.name = L"Execute",
-     .call =
-         [](CommandBarControl& control, Arguments) {
-             control.press();
-             return Value();
-         }},
+     .has = isButton},
+    {.name = L"Controls", .get = use<&CommandBarControl::controls_>, .has = isPopup},
+    {.name = L"Delete", .call = use<&CommandBarControl::remove>, .most = 1},
+    {.name = L"Execute", .call = use<&CommandBarControl::press>},
 };
-
-std::span<const Member<CommandBarControl>> CommandBarControl::members() {
-    return table_;
-}
 
 CommandBar::CommandBar(World& world) : Automated(world), controls_(world.make<CommandBarControls>()) {}
 
@@ -213,25 +168,15 @@ std::shared_ptr<CommandBarControl> CommandBar::find(Arguments typeAndId) const {
     return found == controls_->list().end() ? nullptr : *found;
 }
 
-constinit const Member<CommandBar> CommandBar::table_[] = {
-    {.name = L"Name", .get = [](CommandBar& bar, Arguments) { return Value(bar.name_); }},
+constinit const Members<CommandBar> CommandBar::members = {
+    {.name = L"Name", .get = use<&CommandBar::name_>},
     {.name = L"Index", .get = [](CommandBar&, Arguments) { return Value(1); }},
-    {.name = L"Controls", .get = [](CommandBar& bar, Arguments) { return Value(bar.controls_->object()); }},
-    {.name = L"FindControl",
-     .call =
-         [](CommandBar& bar, Arguments arguments) {
-             const auto found = bar.find(arguments);
-             return Value(found ? found->object() : automation::Object());
-         },
-     .most = 2},
+    {.name = L"Controls", .get = use<&CommandBar::controls_>},
+    {.name = L"FindControl", .call = use<&CommandBar::find>, .most = 2},
 };
 
-std::span<const Member<CommandBar>> CommandBar::members() {
-    return table_;
-}
-
 CommandBars::CommandBars(World& world, const CommandBars* model)
-    : Automated(world), menuBar_(world.make<CommandBar>()) {
+    : Collection(world), menuBar_(world.make<CommandBar>()) {
     CommandBarControls& menus = *menuBar_->controls();
     if (model) {
         menus.copyFrom(*model->menuBar_->controls());
@@ -253,28 +198,10 @@ CommandBars::CommandBars(World& world, const CommandBars* model)
     }
 }
 
-constinit const Member<CommandBars> CommandBars::table_[] = {
-    {.name = L"Count", .get = [](CommandBars&, Arguments) { return Value(1); }},
-    {.name = L"Item",
-     .id = 0,
-     .get =
-         [](CommandBars& bars, Arguments arguments) {
-             CommandBar& bar = *bars.menuBar_;
-             if (!arguments[0].holds<std::wstring>()) {
-                 position(arguments[0], 1);
-             } else if (!text::equalsIgnoringCase(arguments.text(0), bar.name())) {
-                 raise::outOfBounds();
-             }
-             return Value(bar.object());
-         },
-     .least = 1,
-     .most = 1},
-    {.name = L"ActiveMenuBar",
-     .get = [](CommandBars& bars, Arguments) { return Value(bars.menuBar_->object()); }},
+constinit const Members<CommandBars> CommandBars::members = {
+    countRow<CommandBars, dispatchId::unlisted>,
+    itemRow<CommandBars, dispatchId::defaultMember>,
+    {.name = L"ActiveMenuBar", .get = use<&CommandBars::menuBar_>},
 };
-
-std::span<const Member<CommandBars>> CommandBars::members() {
-    return table_;
-}
 
 }  // namespace host

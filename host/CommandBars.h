@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "host/Automated.h"
+#include "host/Collection.h"
 
 namespace host {
 
@@ -21,7 +21,7 @@ inline constexpr int popup = 10;
 class CommandBarControl : public Automated<CommandBarControl> {
   public:
     static constexpr std::wstring_view defaultName = L"Caption";
-    static std::span<const Member<CommandBarControl>> members();
+    static const Members<CommandBarControl> members;
 
     /// `id` tells what Office's own controls are in any language; all others have 1.
     CommandBarControl(World& world, int type, std::wstring caption, bool temporary, int id = 1);
@@ -46,8 +46,8 @@ class CommandBarControl : public Automated<CommandBarControl> {
     void deleted() { owner_.reset(), deleted_ = true; }
 
   private:
-    static const Member<CommandBarControl> table_[];
     int index() const;
+    void remove();
 
     int type_;
     std::wstring caption_;
@@ -69,23 +69,23 @@ class CommandBarControl : public Automated<CommandBarControl> {
 };
 
 /// The controls of a command bar or of a popup.
-class CommandBarControls : public Automated<CommandBarControls> {
+class CommandBarControls : public Collection<CommandBarControls> {
   public:
-    static std::span<const Member<CommandBarControls>> members();
+    static constexpr auto noSuchName = raise::outOfBounds;
+    static const Members<CommandBarControls> members;
 
-    explicit CommandBarControls(World& world) : Automated(world) {}
+    explicit CommandBarControls(World& world) : Collection(world) {}
 
     std::wstring className() const override { return L"CommandBarControls"; }
     const std::vector<std::shared_ptr<CommandBarControl>>& list() const noexcept { return list_; }
-    /// By caption, letter case and "&" ignored; or nothing.
-    std::shared_ptr<CommandBarControl> find(std::wstring_view caption) const;
+    /// By caption, letter case and "&" ignored.
+    static bool isNamed(const std::shared_ptr<CommandBarControl>& control, std::wstring_view caption);
     /// In front of the control at `before` (counted from 0), or at the end.
     void insert(std::shared_ptr<CommandBarControl> control, std::size_t before);
     void remove(const CommandBarControl& control);
     void copyFrom(const CommandBarControls& other);
 
   private:
-    static const Member<CommandBarControls> table_[];
     automation::Value add(Arguments arguments);
 
     std::vector<std::shared_ptr<CommandBarControl>> list_;
@@ -95,7 +95,7 @@ class CommandBarControls : public Automated<CommandBarControls> {
 class CommandBar : public Automated<CommandBar> {
   public:
     static constexpr std::wstring_view defaultName = L"Name";
-    static std::span<const Member<CommandBar>> members();
+    static const Members<CommandBar> members;
 
     explicit CommandBar(World& world);
     /// The first control of a type and with an id, where they are given.
@@ -106,23 +106,26 @@ class CommandBar : public Automated<CommandBar> {
     const std::shared_ptr<CommandBarControls>& controls() const noexcept { return controls_; }
 
   private:
-    static const Member<CommandBar> table_[];
     std::wstring name_ = L"Menu Bar";
     std::shared_ptr<CommandBarControls> controls_;
 };
 
-class CommandBars : public Automated<CommandBars> {
+class CommandBars : public Collection<CommandBars> {
   public:
-    static std::span<const Member<CommandBars>> members();
+    static constexpr auto noSuchName = raise::outOfBounds;
+    static const Members<CommandBars> members;
 
     /// A new window takes over the menu of the one it is opened beside, as Outlook's do.
     CommandBars(World& world, const CommandBars* model);
 
     std::wstring className() const override { return L"CommandBars"; }
     CommandBar& menuBar() const { return *menuBar_; }
+    std::vector<std::shared_ptr<CommandBar>> list() const { return {menuBar_}; }
+    static bool isNamed(const std::shared_ptr<CommandBar>& bar, std::wstring_view name) {
+        return text::equalsIgnoringCase(bar->name(), name);
+    }
 
   private:
-    static const Member<CommandBars> table_[];
     std::shared_ptr<CommandBar> menuBar_;
 };
 

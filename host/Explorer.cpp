@@ -1,11 +1,10 @@
 #include "host/Explorer.h"
 
-#include "host/Application.h"
 #include "host/Folder.h"
 #include "host/Item.h"
 #include "host/ItemAlias.h"
 #include "host/NameSpace.h"
-#include "host/World.h"
+#include "host/outlookRows.h"
 
 namespace host {
 
@@ -53,17 +52,29 @@ void Explorer::select(const std::vector<std::shared_ptr<Item>>& items) {
     world().raise(events_, L"SelectionChange", 0xF007);
 }
 
-constinit const Member<Explorer> Explorer::table_[] = {
-    {.name = L"Application",
-     .id = 61440,
-     .get = [](Explorer& explorer, Arguments) { return Value(explorer.world().application().object()); }},
-    {.name = L"Parent",
-     .id = 61441,
-     .get = [](Explorer& explorer, Arguments) { return Value(explorer.world().application().object()); }},
-    {.name = L"Class", .id = 61450, .get = [](Explorer&, Arguments) { return Value(34); }},
-    {.name = L"Session",
-     .id = 61451,
-     .get = [](Explorer& explorer, Arguments) { return Value(explorer.world().nameSpace().object()); }},
+namespace {
+
+void activate(Explorer& explorer) {
+    windowsOf(explorer).activate(explorer.shared_from_this());
+}
+
+void close(Explorer& explorer) {
+    windowsOf(explorer).close(explorer.shared_from_this());
+}
+
+std::shared_ptr<Explorer> addExplorer(Explorers& explorers, Arguments arguments) {
+    const auto folder = required<Folder>(arguments[0]);
+    folder->checkUsable();
+    return windowsOf(explorers).openExplorer(folder);
+}
+
+}  // namespace
+
+constinit const Members<Explorer> Explorer::members = {
+    applicationRow<Explorer>,
+    parentRow<Explorer>,
+    classRow<Explorer, 34>,
+    sessionRow<Explorer>,
     {.name = L"CommandBars",
      .id = 8448,
      .get =
@@ -75,101 +86,46 @@ constinit const Member<Explorer> Explorer::table_[] = {
          }},
     {.name = L"CurrentFolder",
      .id = 8449,
-     .get = [](Explorer& explorer, Arguments) { return Value(explorer.folder_->object()); },
+     .get = use<&Explorer::folder_>,
      .put =
          [](Explorer& explorer, Arguments, const Value& value) {
              const auto folder = required<Folder>(value);
              folder->checkUsable();
              explorer.showFolder(folder);
          }},
-    {.name = L"Close",
-     .id = 8451,
-     .call =
-         [](Explorer& explorer, Arguments) {
-             explorer.world().windows().close(explorer.shared_from_this());
-             return Value();
-         }},
-    {.name = L"Display",
-     .id = 8452,
-     .call =
-         [](Explorer& explorer, Arguments) {
-             explorer.world().windows().activate(explorer.shared_from_this());
-             return Value();
-         }},
+    {.name = L"Close", .id = 8451, .call = use<close>},
+    {.name = L"Display", .id = 8452, .call = use<activate>},
     {.name = L"Caption",
      .id = 8465,
      .get = [](Explorer& explorer,
                Arguments) { return Value(explorer.folder_->name() + L" - Microsoft Outlook"); }},
-    {.name = L"Activate",
-     .id = 8467,
-     .call =
-         [](Explorer& explorer, Arguments) {
-             explorer.world().windows().activate(explorer.shared_from_this());
-             return Value();
-         }},
+    {.name = L"Activate", .id = 8467, .call = use<activate>},
     {.name = L"Selection",
      .id = 8706,
      .get = [](Explorer& explorer,
                Arguments) { return Value(explorer.world().makeObject<Selection>(explorer.selection())); }},
 };
 
-std::span<const Member<Explorer>> Explorer::members() {
-    return table_;
+const std::vector<std::shared_ptr<Explorer>>& Explorers::list() const {
+    return windowsOf(*this).explorers();
 }
 
-constinit const Member<Explorers> Explorers::table_[] = {
-    {.name = L"Count",
-     .id = 80,
-     .get =
-         [](Explorers& explorers, Arguments) {
-             return Value(static_cast<std::int32_t>(explorers.world().windows().explorers().size()));
-         }},
-    {.name = L"Item",
-     .id = 81,
-     .get =
-         [](Explorers& explorers, Arguments arguments) {
-             const auto& list = explorers.world().windows().explorers();
-             return Value(list[position(arguments[0], list.size())]->object());
-         },
-     .least = 1,
-     .most = 1},
-    {.name = L"Add",
-     .id = 95,
-     .call =
-         [](Explorers& explorers, Arguments arguments) {
-             const auto folder = required<Folder>(arguments[0]);
-             folder->checkUsable();
-             return Value(explorers.world().windows().openExplorer(folder)->object());
-         },
-     .least = 1,
-     .most = 2},
+constinit const Members<Explorers> Explorers::members = {
+    countRow<Explorers>,
+    itemRow<Explorers>,
+    {.name = L"Add", .id = 95, .call = use<addExplorer>, .least = 1, .most = 2},
 };
-
-std::span<const Member<Explorers>> Explorers::members() {
-    return table_;
-}
 
 Selection::Selection(World& world, std::vector<std::shared_ptr<Item>> items)
-    : Automated(world), items_(std::move(items)) {}
+    : Collection(world), items_(std::move(items)) {}
 
-constinit const Member<Selection> Selection::table_[] = {
-    {.name = L"Count",
-     .id = 80,
-     .get = [](Selection& selection,
-               Arguments) { return Value(static_cast<std::int32_t>(selection.items_.size())); }},
-    {.name = L"Item",
-     .id = 81,
-     .get =
-         [](Selection& selection, Arguments arguments) {
-             const auto& item = selection.items_[position(arguments[0], selection.items_.size())];
-             return Value(selection.world().makeObject<ItemAlias>(item));
-         },
-     .least = 1,
-     .most = 1},
-};
-
-std::span<const Member<Selection>> Selection::members() {
-    return table_;
+automation::Object Selection::at(std::size_t index) const {
+    return world().makeObject<ItemAlias>(items_[index]);
 }
+
+constinit const Members<Selection> Selection::members = {
+    countRow<Selection>,
+    itemRow<Selection>,
+};
 
 }  // namespace host

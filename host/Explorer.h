@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "host/Automated.h"
+#include "host/Collection.h"
 #include "host/CommandBars.h"
 
 namespace host {
@@ -16,7 +16,7 @@ class Item;
 class Explorer : public Automated<Explorer> {
   public:
     static constexpr std::wstring_view defaultName = L"Caption";
-    static std::span<const Member<Explorer>> members();
+    static const Members<Explorer> members;
 
     Explorer(World& world, std::shared_ptr<Folder> folder, const Explorer* model);
 
@@ -37,7 +37,6 @@ class Explorer : public Automated<Explorer> {
     void shown() { shown_ = true; }
 
   private:
-    static const Member<Explorer> table_[];
     std::shared_ptr<Folder> folder_;
     std::vector<std::weak_ptr<Item>> selection_;
     std::shared_ptr<CommandBars> bars_;
@@ -48,31 +47,32 @@ class Explorer : public Automated<Explorer> {
 };
 
 /// Application.Explorers.
-class Explorers : public Automated<Explorers> {
+class Explorers : public Collection<Explorers> {
   public:
-    static std::span<const Member<Explorers>> members();
+    static const Members<Explorers> members;
 
-    explicit Explorers(World& world) : Automated(world) {}
+    explicit Explorers(World& world) : Collection(world) {}
 
     std::wstring className() const override { return L"Explorers"; }
+    const std::vector<std::shared_ptr<Explorer>>& list() const;
     EventSource* eventSource() override { return &events_; }
 
   private:
-    static const Member<Explorers> table_[];
     EventSource events_{0x00063078};
 };
 
 /// The items that were selected in an explorer when it was asked.
-class Selection : public Automated<Selection> {
+class Selection : public Collection<Selection> {
   public:
-    static std::span<const Member<Selection>> members();
+    static const Members<Selection> members;
 
     Selection(World& world, std::vector<std::shared_ptr<Item>> items);
 
     std::wstring className() const override { return L"Selection"; }
+    const std::vector<std::shared_ptr<Item>>& list() const noexcept { return items_; }
+    automation::Object at(std::size_t index) const;
 
   private:
-    static const Member<Selection> table_[];
     std::vector<std::shared_ptr<Item>> items_;
 };
 

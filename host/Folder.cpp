@@ -2,13 +2,13 @@
 
 #include <algorithm>
 
-#include "host/Application.h"
 #include "host/Item.h"
 #include "host/NameSpace.h"
-#include "host/World.h"
+#include "host/outlookRows.h"
 
 namespace host {
 
+using automation::Object;
 using automation::Value;
 
 Folder::Folder(World& world, std::wstring name, std::size_t store, int defaultItem)
@@ -18,72 +18,52 @@ Folder::Folder(World& world, std::wstring name, std::size_t store, int defaultIt
       store_(store),
       defaultItem_(defaultItem) {}
 
-constinit const Member<Folder> Folder::table_[] = {
-    {.name = L"Application",
-     .id = 61440,
-     .get = [](Folder& folder, Arguments) { return Value(folder.world().application().object()); }},
-    {.name = L"Parent",
-     .id = 61441,
-     .get =
-         [](Folder& folder, Arguments) {
-             const auto parent = folder.parent();
-             return Value(parent ? parent->object() : folder.world().nameSpace().object());
-         }},
-    {.name = L"Class", .id = 61450, .get = [](Folder&, Arguments) { return Value(2); }},
-    {.name = L"Session",
-     .id = 61451,
-     .get = [](Folder& folder, Arguments) { return Value(folder.world().nameSpace().object()); }},
+namespace {
+
+Object parentOf(Folder& folder) {
+    const auto parent = folder.parent();
+    return parent ? parent->object() : folder.world().nameSpace().object();
+}
+
+template <class Children>
+Object childrenOf(Folder& folder) {
+    return folder.world().makeObject<Children>(folder.self<Folder>());
+}
+
+void moveFolder(Folder& folder, Arguments arguments) {
+    folder.moveTo(*required<Folder>(arguments[0]));
+}
+
+}  // namespace
+
+constinit const Members<Folder> Folder::members = {
+    applicationRow<Folder>,
+    parentRow<Folder, parentOf>,
+    classRow<Folder, 2>,
+    sessionRow<Folder>,
     {.name = L"Name",
      .id = 12289,
-     .get = [](Folder& folder, Arguments) { return Value(folder.name_); },
+     .get = use<&Folder::name_>,
      .put =
          [](Folder& folder, Arguments, const Value& value) {
              folder.checkWritable();
              folder.name_ = value.toText();
          }},
-    {.name = L"EntryID",
-     .id = 61470,
-     .get = [](Folder& folder, Arguments) { return Value(folder.entryId_); }},
+    {.name = L"EntryID", .id = 61470, .get = use<&Folder::entryId_>},
     {.name = L"StoreID",
      .id = 12552,
      .get = [](Folder& folder,
                Arguments) { return Value(folder.world().mailbox().stores().at(folder.store_).id); }},
-    {.name = L"DefaultItemType",
-     .id = 12550,
-     .get = [](Folder& folder, Arguments) { return Value(folder.defaultItem_); }},
-    {.name = L"Folders",
-     .id = 8451,
-     .get = [](Folder& folder,
-               Arguments) { return Value(folder.world().makeObject<Folders>(folder.self<Folder>())); }},
-    {.name = L"Items",
-     .id = 12544,
-     .get = [](Folder& folder,
-               Arguments) { return Value(folder.world().makeObject<Items>(folder.self<Folder>())); }},
-    {.name = L"MoveTo",
-     .id = 61492,
-     .call =
-         [](Folder& folder, Arguments arguments) {
-             folder.moveTo(*required<Folder>(arguments[0]));
-             return Value();
-         },
-     .least = 1,
-     .most = 1},
-    {.name = L"Delete",
-     .id = 61509,
-     .call =
-         [](Folder& folder, Arguments) {
-             folder.remove();
-             return Value();
-         }},
+    {.name = L"DefaultItemType", .id = 12550, .get = use<&Folder::defaultItem_>},
+    {.name = L"Folders", .id = 8451, .get = use<childrenOf<Folders>>},
+    {.name = L"Items", .id = 12544, .get = use<childrenOf<Items>>},
+    {.name = L"MoveTo", .id = 61492, .call = use<moveFolder>, .least = 1, .most = 1},
+    {.name = L"Delete", .id = 61509, .call = use<&Folder::remove>},
     {.name = L"FolderPath",
      .id = 64120,
-     .get = [](Folder& folder, Arguments) { return Value(folder.path()); },
+     .get = use<&Folder::path>,
      .has = [](const Folder& folder) { return folder.world().majorVersion() > 9; }},
 };
-
-std::span<const Member<Folder>> Folder::members() {
-    return table_;
-}
 
 void Folder::checkUsable() const {
     if (deleted_) {

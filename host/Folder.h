@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "host/Automated.h"
+#include "host/Collection.h"
 
 namespace host {
 
@@ -17,7 +17,7 @@ class Item;
 class Folder : public Automated<Folder> {
   public:
     static constexpr std::wstring_view defaultName = L"Name";
-    static std::span<const Member<Folder>> members();
+    static const Members<Folder> members;
 
     Folder(World& world, std::wstring name, std::size_t store, int defaultItem);
 
@@ -51,7 +51,6 @@ class Folder : public Automated<Folder> {
     void release(const Item& item);
 
   private:
-    static const Member<Folder> table_[];
     void discard();
 
     std::wstring name_;
@@ -66,9 +65,9 @@ class Folder : public Automated<Folder> {
 };
 
 /// The subfolders of a folder, or the root folders of the stores.
-class Folders : public Automated<Folders> {
+class Folders : public Collection<Folders> {
   public:
-    static std::span<const Member<Folders>> members();
+    static const Members<Folders> members;
 
     /// Without a parent: the roots.
     Folders(World& world, std::shared_ptr<Folder> parent);
@@ -76,26 +75,31 @@ class Folders : public Automated<Folders> {
     std::wstring className() const override { return L"Folders"; }
     void checkUsable() const override;
     std::vector<std::shared_ptr<Folder>> list() const;
+    static bool isNamed(const std::shared_ptr<Folder>& folder, std::wstring_view name) {
+        return text::equalsIgnoringCase(folder->name(), name);
+    }
     const std::shared_ptr<Folder>& parent() const noexcept { return parent_; }
 
   private:
-    static const Member<Folders> table_[];
     std::shared_ptr<Folder> parent_;
 };
 
 /// The items of a folder.
-class Items : public Automated<Items> {
+class Items : public Collection<Items> {
   public:
-    static std::span<const Member<Items>> members();
+    static const Members<Items> members;
 
     Items(World& world, std::shared_ptr<Folder> folder);
 
     std::wstring className() const override { return L"Items"; }
     void checkUsable() const override { folder_->checkUsable(); }
     Folder& folder() const { return *folder_; }
+    const std::vector<std::shared_ptr<Item>>& list() const noexcept { return folder_->items(); }
+    std::shared_ptr<Item> at(std::size_t index) const;
+    /// By its default value, which is the subject.
+    static bool isNamed(const std::shared_ptr<Item>& item, std::wstring_view subject);
 
   private:
-    static const Member<Items> table_[];
     std::shared_ptr<Folder> folder_;
 };
 

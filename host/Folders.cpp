@@ -1,5 +1,3 @@
-#include <algorithm>
-
 #include "host/Folder.h"
 #include "host/Item.h"
 #include "host/Mailbox.h"
@@ -10,7 +8,7 @@ namespace host {
 using automation::Value;
 
 Folders::Folders(World& world, std::shared_ptr<Folder> parent)
-    : Automated(world), parent_(std::move(parent)) {}
+    : Collection(world), parent_(std::move(parent)) {}
 
 void Folders::checkUsable() const {
     if (parent_) {
@@ -30,20 +28,6 @@ std::vector<std::shared_ptr<Folder>> Folders::list() const {
 }
 
 namespace {
-
-Value folderAt(Folders& folders, Arguments arguments) {
-    const auto list = folders.list();
-    if (!arguments[0].holds<std::wstring>()) {
-        return list[position(arguments[0], list.size())]->object();
-    }
-    const std::wstring name = arguments.text(0);
-    const auto found = std::ranges::find_if(
-        list, [&](const auto& folder) { return text::equalsIgnoringCase(folder->name(), name); });
-    if (found == list.end()) {
-        raise::objectNotFound();
-    }
-    return (*found)->object();
-}
 
 Value addFolder(Folders& folders, Arguments arguments) {
     if (!folders.parent()) {
@@ -87,24 +71,6 @@ Value addItem(Items& items, Arguments arguments) {
     return item->object();
 }
 
-/// By its number from 1 on, or by its default value, which is the subject.
-Value itemAt(Items& items, Arguments arguments) {
-    const auto& list = items.folder().items();
-    if (!arguments[0].holds<std::wstring>()) {
-        const auto& item = list[position(arguments[0], list.size())];
-        item->opened();
-        return item->object();
-    }
-    const std::wstring subject = arguments.text(0);
-    const auto found = std::ranges::find_if(
-        list, [&](const auto& item) { return text::equalsIgnoringCase(item->message().subject, subject); });
-    if (found == list.end()) {
-        raise::objectNotFound();
-    }
-    (*found)->opened();
-    return (*found)->object();
-}
-
 }  // namespace
 
 std::shared_ptr<Item> newItem(World& world, int itemType) {
@@ -113,53 +79,30 @@ std::shared_ptr<Item> newItem(World& world, int itemType) {
     return world.make<Item>(std::move(content));
 }
 
-constinit const Member<Folders> Folders::table_[] = {
-    {.name = L"Count",
-     .id = 80,
-     .get = [](Folders& folders,
-               Arguments) { return Value(static_cast<std::int32_t>(folders.list().size())); }},
-    {.name = L"Item", .id = 81, .get = folderAt, .least = 1, .most = 1},
+constinit const Members<Folders> Folders::members = {
+    countRow<Folders>,
+    itemRow<Folders>,
     {.name = L"Add", .id = 95, .call = addFolder, .least = 1, .most = 2},
-    {.name = L"Remove",
-     .id = 84,
-     .call =
-         [](Folders& folders, Arguments arguments) {
-             const auto list = folders.list();
-             list[position(arguments[0], list.size())]->remove();
-             return Value();
-         },
-     .least = 1,
-     .most = 1},
+    removeRow<Folders>,
 };
 
-std::span<const Member<Folders>> Folders::members() {
-    return table_;
+Items::Items(World& world, std::shared_ptr<Folder> folder) : Collection(world), folder_(std::move(folder)) {}
+
+std::shared_ptr<Item> Items::at(std::size_t index) const {
+    const auto& item = list()[index];
+    item->opened();
+    return item;
 }
 
-Items::Items(World& world, std::shared_ptr<Folder> folder) : Automated(world), folder_(std::move(folder)) {}
+bool Items::isNamed(const std::shared_ptr<Item>& item, std::wstring_view subject) {
+    return text::equalsIgnoringCase(item->message().subject, subject);
+}
 
-constinit const Member<Items> Items::table_[] = {
-    {.name = L"Count",
-     .id = 80,
-     .get = [](Items& items,
-               Arguments) { return Value(static_cast<std::int32_t>(items.folder().items().size())); }},
-    {.name = L"Item", .id = 81, .get = itemAt, .least = 1, .most = 1},
+constinit const Members<Items> Items::members = {
+    countRow<Items>,
+    itemRow<Items>,
     {.name = L"Add", .id = 95, .call = addItem, .most = 1},
-    {.name = L"Remove",
-     .id = 84,
-     .call =
-         [](Items& items, Arguments arguments) {
-             const auto& list = items.folder().items();
-             const auto item = list[position(arguments[0], list.size())];
-             item->remove();
-             return Value();
-         },
-     .least = 1,
-     .most = 1},
+    removeRow<Items>,
 };
-
-std::span<const Member<Items>> Items::members() {
-    return table_;
-}
 
 }  // namespace host

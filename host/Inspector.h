@@ -2,8 +2,10 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
-#include "host/Automated.h"
+#include "host/Collection.h"
+#include "host/Profile.h"
 
 namespace host {
 
@@ -16,7 +18,7 @@ class WordDocument;
 class Inspector : public Automated<Inspector> {
   public:
     static constexpr std::wstring_view defaultName = L"Caption";
-    static std::span<const Member<Inspector>> members();
+    static const Members<Inspector> members;
 
     Inspector(World& world, std::shared_ptr<Item> item);
 
@@ -26,11 +28,11 @@ class Inspector : public Automated<Inspector> {
 
     const std::shared_ptr<Item>& item() const noexcept { return item_; }
     void setItem(std::shared_ptr<Item> item) { item_ = std::move(item); }
-    int editorType() const;
+    Editor editorType() const;
+    bool editedInWord() const { return editorType() == Editor::Word; }
     void closed();
 
   private:
-    static const Member<Inspector> table_[];
     automation::Value wordEditor();
 
     std::shared_ptr<Item> item_;
@@ -42,17 +44,17 @@ class Inspector : public Automated<Inspector> {
 };
 
 /// Application.Inspectors.
-class Inspectors : public Automated<Inspectors> {
+class Inspectors : public Collection<Inspectors> {
   public:
-    static std::span<const Member<Inspectors>> members();
+    static const Members<Inspectors> members;
 
-    explicit Inspectors(World& world) : Automated(world) {}
+    explicit Inspectors(World& world) : Collection(world) {}
 
     std::wstring className() const override { return L"Inspectors"; }
+    const std::vector<std::shared_ptr<Inspector>>& list() const;
     EventSource* eventSource() override { return &events_; }
 
   private:
-    static const Member<Inspectors> table_[];
     EventSource events_{0x00063079};
 };
 

@@ -23,7 +23,7 @@ class Inspector;
 class Item : public Automated<Item> {
   public:
     static constexpr std::wstring_view defaultName = L"Subject";
-    static std::span<const Member<Item>> members();
+    static const Members<Item> members;
 
     /// An item that is `saved` counts as stored, though no folder has it yet.
     Item(World& world, ItemContent content);
@@ -86,7 +86,6 @@ class Item : public Automated<Item> {
     std::weak_ptr<Inspector> hiddenInspector;
 
   private:
-    static const Member<Item> table_[];
     void settle();
 
     ItemContent content_;

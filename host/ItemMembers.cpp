@@ -1,4 +1,3 @@
-#include "host/Application.h"
 #include "host/Attachments.h"
 #include "host/Folder.h"
 #include "host/Inspector.h"
@@ -6,7 +5,7 @@
 #include "host/NameSpace.h"
 #include "host/Recipients.h"
 #include "host/UserProperties.h"
-#include "host/World.h"
+#include "host/outlookRows.h"
 #include "host/sending.h"
 
 namespace host {
@@ -39,11 +38,6 @@ bool hasSendUsingAccount(const Item& item) {
 
 bool hasSenderAddress(const Item& item) {
     return isMessage(item) && item.world().majorVersion() >= 11;
-}
-
-template <std::wstring ItemContent::*Text>
-Value getText(Item& item, Arguments) {
-    return item.content().*Text;
 }
 
 template <int Type>
@@ -140,22 +134,14 @@ void setAccount(Item& item, Arguments, const Value& value) {
 
 }  // namespace
 
-constinit const Member<Item> Item::table_[] = {
-    {.name = L"Application",
-     .id = 61440,
-     .get = [](Item& item, Arguments) { return Value(item.world().application().object()); }},
-    {.name = L"Parent",
-     .id = 61441,
-     .get = [](Item& item, Arguments) { return Value(item.folderOrDrafts()->object()); }},
-    {.name = L"Class",
-     .id = 61450,
-     .get = [](Item& item, Arguments) { return Value(item.content_.itemClass); }},
-    {.name = L"Session",
-     .id = 61451,
-     .get = [](Item& item, Arguments) { return Value(item.world().nameSpace().object()); }},
+constinit const Members<Item> Item::members = {
+    applicationRow<Item>,
+    parentRow<Item, &Item::folderOrDrafts>,
+    {.name = L"Class", .id = 61450, .get = use<&Item::content_, &ItemContent::itemClass>},
+    sessionRow<Item>,
     {.name = L"Subject",
      .id = 55,
-     .get = getText<&ItemContent::subject>,
+     .get = use<&Item::content_, &ItemContent::subject>,
      .put =
          [](Item& item, Arguments, const Value& value) {
              item.content_.subject = value.toText();
@@ -163,7 +149,7 @@ constinit const Member<Item> Item::table_[] = {
          }},
     {.name = L"Body",
      .id = 37120,
-     .get = getText<&ItemContent::body>,
+     .get = use<&Item::content_, &ItemContent::body>,
      .put =
          [](Item& item, Arguments, const Value& value) {
              item.content_.body = value.toText();
@@ -200,12 +186,9 @@ constinit const Member<Item> Item::table_[] = {
      .id = 63510,
      .get = [](Item& item,
                Arguments) { return Value(item.world().makeObject<UserProperties>(item.self<Item>())); }},
-    {.name = L"EntryID", .id = 61470, .get = [](Item& item, Arguments) { return Value(item.entryId_); }},
-    {.name = L"Saved", .id = 61603, .get = [](Item& item, Arguments) { return Value(item.content_.saved); }},
-    {.name = L"Sent",
-     .id = 62466,
-     .get = [](Item& item, Arguments) { return Value(item.content_.sent); },
-     .has = onlyMail},
+    {.name = L"EntryID", .id = 61470, .get = use<&Item::entryId_>},
+    {.name = L"Saved", .id = 61603, .get = use<&Item::content_, &ItemContent::saved>},
+    {.name = L"Sent", .id = 62466, .get = use<&Item::content_, &ItemContent::sent>, .has = onlyMail},
     {.name = L"DeferredDeliveryTime",
      .id = 15,
      .get = [](Item& item, Arguments) { return Value(item.content_.deferred.value_or(noDate)); },
@@ -222,7 +205,7 @@ constinit const Member<Item> Item::table_[] = {
      .has = isMessage},
     {.name = L"UnRead",
      .id = 61468,
-     .get = [](Item& item, Arguments) { return Value(item.content_.unread); },
+     .get = use<&Item::content_, &ItemContent::unread>,
      .put =
          [](Item& item, Arguments, const Value& value) {
              item.content_.unread = value.toBool();
@@ -242,22 +225,10 @@ constinit const Member<Item> Item::table_[] = {
     {.name = L"ReplyAll", .id = 63505, .call = respond<ReplyKind::ReplyAll>, .has = onlyMail},
     {.name = L"Forward", .id = 63507, .call = respond<ReplyKind::Forward>, .has = isMessage},
     {.name = L"Send", .id = 61557, .call = sendItem, .has = hasRecipients},
-    {.name = L"Save",
-     .id = 61512,
-     .call =
-         [](Item& item, Arguments) {
-             item.save();
-             return Value();
-         }},
+    {.name = L"Save", .id = 61512, .call = use<&Item::save>},
     {.name = L"Close", .id = 61475, .call = closeItem, .least = 1, .most = 1},
     {.name = L"Display", .id = 61606, .call = displayItem, .most = 1},
-    {.name = L"Delete",
-     .id = 61514,
-     .call =
-         [](Item& item, Arguments) {
-             item.remove();
-             return Value();
-         }},
+    {.name = L"Delete", .id = 61514, .call = use<&Item::remove>},
     {.name = L"Move", .id = 61492, .call = moveItem, .least = 1, .most = 1},
     {.name = L"GetInspector", .id = 61502, .get = inspectorOf},
     {.name = L"SendUsingAccount",
@@ -266,9 +237,5 @@ constinit const Member<Item> Item::table_[] = {
      .put = setAccount,
      .has = hasSendUsingAccount},
 };
-
-std::span<const Member<Item>> Item::members() {
-    return table_;
-}
 
 }  // namespace host

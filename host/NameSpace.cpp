@@ -1,11 +1,10 @@
 #include "host/NameSpace.h"
 
-#include "host/Application.h"
 #include "host/Folder.h"
 #include "host/Item.h"
 #include "host/ItemAlias.h"
 #include "host/Recipients.h"
-#include "host/World.h"
+#include "host/outlookRows.h"
 
 namespace host {
 
@@ -56,17 +55,11 @@ Value addressOf(OutlookAccount& account, Arguments) {
 
 NameSpace::NameSpace(World& world) : Automated(world), mapiObject_(world.make<MapiSession>()) {}
 
-constinit const Member<NameSpace> NameSpace::table_[] = {
-    {.name = L"Application",
-     .id = 61440,
-     .get = [](NameSpace& session, Arguments) { return Value(session.world().application().object()); }},
-    {.name = L"Parent",
-     .id = 61441,
-     .get = [](NameSpace& session, Arguments) { return Value(session.world().application().object()); }},
-    {.name = L"Class", .id = 61450, .get = [](NameSpace&, Arguments) { return Value(1); }},
-    {.name = L"Session",
-     .id = 61451,
-     .get = [](NameSpace& session, Arguments) { return Value(session.object()); }},
+constinit const Members<NameSpace> NameSpace::members = {
+    applicationRow<NameSpace>,
+    parentRow<NameSpace>,
+    classRow<NameSpace, 1>,
+    sessionRow<NameSpace>,
     {.name = L"CurrentUser", .id = 8449, .get = currentUser},
     {.name = L"Folders",
      .id = 8451,
@@ -77,19 +70,13 @@ constinit const Member<NameSpace> NameSpace::table_[] = {
     {.name = L"GetFolderFromID", .id = 8456, .call = folderFromId, .least = 1, .most = 2},
     {.name = L"GetItemFromID", .id = 8457, .call = itemFromId, .least = 1, .most = 2},
     {.name = L"GetDefaultFolder", .id = 8459, .call = defaultFolderOf, .least = 1, .most = 1},
-    {.name = L"MAPIOBJECT",
-     .id = 61696,
-     .get = [](NameSpace& session, Arguments) { return Value(session.mapiObject_->object()); }},
+    {.name = L"MAPIOBJECT", .id = 61696, .get = use<&NameSpace::mapiObject_>},
     {.name = L"Accounts",
      .id = 64208,
      .get = [](NameSpace& session,
                Arguments) { return Value(session.world().makeObject<OutlookAccounts>()); },
      .has = hasAccounts},
 };
-
-std::span<const Member<NameSpace>> NameSpace::members() {
-    return table_;
-}
 
 OutlookAccount::OutlookAccount(World& world, std::wstring name) : Automated(world), name_(std::move(name)) {}
 
@@ -98,45 +85,23 @@ bool OutlookAccount::sameAs(const Target& other) const {
     return account && text::equalsIgnoringCase(account->name_, name_);
 }
 
-constinit const Member<OutlookAccount> OutlookAccount::table_[] = {
-    {.name = L"DisplayName",
-     .id = 12289,
-     .get = [](OutlookAccount& account, Arguments) { return Value(account.name_); }},
+constinit const Members<OutlookAccount> OutlookAccount::members = {
+    {.name = L"DisplayName", .id = 12289, .get = use<&OutlookAccount::name_>},
     {.name = L"UserName", .get = addressOf},
     {.name = L"SmtpAddress", .id = 64212, .get = addressOf},
 };
 
-std::span<const Member<OutlookAccount>> OutlookAccount::members() {
-    return table_;
+const std::vector<Account>& OutlookAccounts::list() const {
+    return world().profile().accounts;
 }
 
-constinit const Member<OutlookAccounts> OutlookAccounts::table_[] = {
-    {.name = L"Count",
-     .id = 80,
-     .get =
-         [](OutlookAccounts& accounts, Arguments) {
-             return Value(static_cast<std::int32_t>(accounts.world().profile().accounts.size()));
-         }},
-    {.name = L"Item",
-     .id = 81,
-     .get =
-         [](OutlookAccounts& accounts, Arguments arguments) {
-             World& world = accounts.world();
-             const auto& list = world.profile().accounts;
-             const Account* const found = arguments[0].holds<std::wstring>()
-                                              ? world.account(arguments.text(0))
-                                              : &list[position(arguments[0], list.size())];
-             if (!found) {
-                 raise::objectNotFound();
-             }
-             return Value(world.makeObject<OutlookAccount>(found->name));
-         },
-     .least = 1,
-     .most = 1},
+automation::Object OutlookAccounts::at(std::size_t index) const {
+    return world().makeObject<OutlookAccount>(list()[index].name);
+}
+
+constinit const Members<OutlookAccounts> OutlookAccounts::members = {
+    countRow<OutlookAccounts>,
+    itemRow<OutlookAccounts>,
 };
-
-std::span<const Member<OutlookAccounts>> OutlookAccounts::members() {
-    return table_;
-}
 
 }  // namespace host

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
-#include "host/Automated.h"
+#include "host/Collection.h"
+#include "host/Profile.h"
 
 namespace host {
 
@@ -10,7 +12,7 @@ namespace host {
 class NameSpace : public Automated<NameSpace> {
   public:
     static constexpr std::wstring_view defaultName = L"Type";
-    static std::span<const Member<NameSpace>> members();
+    static const Members<NameSpace> members;
 
     explicit NameSpace(World& world);
 
@@ -18,7 +20,6 @@ class NameSpace : public Automated<NameSpace> {
     EventSource* eventSource() override { return &events_; }
 
   private:
-    static const Member<NameSpace> table_[];
     std::shared_ptr<HostObject> mapiObject_;
     EventSource events_{0x0006308C};
 };
@@ -26,7 +27,7 @@ class NameSpace : public Automated<NameSpace> {
 /// What MAPIOBJECT answers: good only to tie Redemption's objects to the session.
 class MapiSession : public Automated<MapiSession> {
   public:
-    static std::span<const Member<MapiSession>> members() { return {}; }
+    static constexpr Members<MapiSession> members{};
 
     explicit MapiSession(World& world) : Automated(world) {}
 
@@ -37,7 +38,7 @@ class MapiSession : public Automated<MapiSession> {
 class OutlookAccount : public Automated<OutlookAccount> {
   public:
     static constexpr std::wstring_view defaultName = L"DisplayName";
-    static std::span<const Member<OutlookAccount>> members();
+    static const Members<OutlookAccount> members;
 
     OutlookAccount(World& world, std::wstring name);
 
@@ -46,21 +47,22 @@ class OutlookAccount : public Automated<OutlookAccount> {
     const std::wstring& name() const noexcept { return name_; }
 
   private:
-    static const Member<OutlookAccount> table_[];
     std::wstring name_;
 };
 
 /// NameSpace.Accounts.
-class OutlookAccounts : public Automated<OutlookAccounts> {
+class OutlookAccounts : public Collection<OutlookAccounts> {
   public:
-    static std::span<const Member<OutlookAccounts>> members();
+    static const Members<OutlookAccounts> members;
 
-    explicit OutlookAccounts(World& world) : Automated(world) {}
+    explicit OutlookAccounts(World& world) : Collection(world) {}
 
     std::wstring className() const override { return L"Accounts"; }
-
-  private:
-    static const Member<OutlookAccounts> table_[];
+    const std::vector<Account>& list() const;
+    automation::Object at(std::size_t index) const;
+    static bool isNamed(const Account& account, std::wstring_view name) {
+        return text::equalsIgnoringCase(account.name, name);
+    }
 };
 
 }  // namespace host

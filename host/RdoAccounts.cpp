@@ -1,7 +1,5 @@
 #include "host/RdoAccounts.h"
 
-#include <algorithm>
-
 #include "host/World.h"
 #include "host/mapiTag.h"
 
@@ -51,10 +49,9 @@ bool RdoAccount::sameAs(const Target& other) const {
     return account && &account->account_ == &account_;
 }
 
-constinit const Member<RdoAccount> RdoAccount::table_[] = {
+constinit const Members<RdoAccount> RdoAccount::members = {
     {.name = L"AccountType",
-     .get = [](RdoAccount& account,
-               Arguments) { return Value(static_cast<std::int32_t>(account.account_.type)); }},
+     .get = [](RdoAccount& account, Arguments) { return answer(account.account_.type); }},
     {.name = L"Name",
      .id = 4,
      .get = [](RdoAccount& account, Arguments) { return Value(account.account_.name); }},
@@ -90,44 +87,21 @@ constinit const Member<RdoAccount> RdoAccount::table_[] = {
      .has = [](const RdoAccount& account) { return isInternetAccount(account.account_); }},
 };
 
-std::span<const Member<RdoAccount>> RdoAccount::members() {
-    return table_;
-}
-
 RdoAccounts::RdoAccounts(World& world, std::vector<const Account*> list, bool ordered)
-    : Automated(world), list_(std::move(list)), ordered_(ordered) {}
+    : Collection(world), list_(std::move(list)), ordered_(ordered) {}
 
-Value RdoAccounts::at(Arguments arguments) {
-    if (!arguments[0].holds<std::wstring>()) {
-        return world().makeObject<RdoAccount>(*list_[position(arguments[0], list_.size())]);
-    }
-    const std::wstring name = arguments.text(0);
-    const auto found = std::ranges::find_if(
-        list_, [&](const Account* account) { return text::equalsIgnoringCase(account->name, name); });
-    if (found == list_.end()) {
-        raise::objectNotFound();
-    }
-    return world().makeObject<RdoAccount>(**found);
+automation::Object RdoAccounts::at(std::size_t index) const {
+    return world().makeObject<RdoAccount>(*list_[index]);
 }
 
-constinit const Member<RdoAccounts> RdoAccounts::table_[] = {
-    {.name = L"Count",
-     .get = [](RdoAccounts& accounts,
-               Arguments) { return Value(static_cast<std::int32_t>(accounts.list_.size())); }},
-    {.name = L"Item",
-     .id = 0,
-     .get = [](RdoAccounts& accounts, Arguments arguments) { return accounts.at(arguments); },
-     .least = 1,
-     .most = 1},
+constinit const Members<RdoAccounts> RdoAccounts::members = {
+    countRow<RdoAccounts, dispatchId::unlisted>,
+    itemRow<RdoAccounts, dispatchId::defaultMember>,
     {.name = L"GetOrder",
      .call = orderOf,
      .least = 1,
      .most = 1,
      .has = [](const RdoAccounts& accounts) { return !accounts.ordered(); }},
 };
-
-std::span<const Member<RdoAccounts>> RdoAccounts::members() {
-    return table_;
-}
 
 }  // namespace host

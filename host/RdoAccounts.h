@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "host/Automated.h"
+#include "host/Collection.h"
 #include "host/Profile.h"
 
 namespace host {
@@ -12,7 +12,7 @@ namespace host {
 class RdoAccount : public Automated<RdoAccount> {
   public:
     static constexpr std::wstring_view defaultName = L"Name";
-    static std::span<const Member<RdoAccount>> members();
+    static const Members<RdoAccount> members;
 
     /// `account` is one of the profile's.
     RdoAccount(World& world, const Account& account);
@@ -21,25 +21,26 @@ class RdoAccount : public Automated<RdoAccount> {
     bool sameAs(const Target& other) const override;
 
   private:
-    static const Member<RdoAccount> table_[];
     /// The profile lives as long as the world, without which no call comes here.
     const Account& account_;
 };
 
 /// The accounts of the profile, all of them or in the order of a category.
-class RdoAccounts : public Automated<RdoAccounts> {
+class RdoAccounts : public Collection<RdoAccounts> {
   public:
-    static std::span<const Member<RdoAccounts>> members();
+    static const Members<RdoAccounts> members;
 
     RdoAccounts(World& world, std::vector<const Account*> list, bool ordered);
 
     std::wstring className() const override { return ordered_ ? L"RDOAccountOrderList" : L"RDOAccounts"; }
     bool ordered() const noexcept { return ordered_; }
+    const std::vector<const Account*>& list() const noexcept { return list_; }
+    automation::Object at(std::size_t index) const;
+    static bool isNamed(const Account* account, std::wstring_view name) {
+        return text::equalsIgnoringCase(account->name, name);
+    }
 
   private:
-    static const Member<RdoAccounts> table_[];
-    automation::Value at(Arguments arguments);
-
     std::vector<const Account*> list_;
     bool ordered_;
 };

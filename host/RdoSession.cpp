@@ -10,6 +10,7 @@
 
 namespace host {
 
+using automation::Object;
 using automation::Value;
 
 namespace {
@@ -21,6 +22,16 @@ Value messageFromId(RdoSession& session, Arguments arguments) {
         raise::objectNotFound();
     }
     return session.world().makeObject<SafeItem>(SafeItem::Kind::Rdo, item);
+}
+
+Object storesOf(RdoSession& session) {
+    session.checkLoggedOn();
+    return session.world().makeObject<RdoStores>();
+}
+
+Object currentUserOf(RdoSession& session) {
+    session.checkLoggedOn();
+    return session.world().makeObject<AddressEntry>(session.world().currentUser(), true);
 }
 
 Value accountsOf(RdoSession& session, Arguments) {
@@ -41,10 +52,8 @@ void RdoSession::checkLoggedOn() const {
     }
 }
 
-constinit const Member<RdoSession> RdoSession::table_[] = {
-    {.name = L"LoggedOn",
-     .id = 2,
-     .get = [](RdoSession& session, Arguments) { return Value(session.loggedOn_); }},
+constinit const Members<RdoSession> RdoSession::members = {
+    {.name = L"LoggedOn", .id = 2, .get = use<&RdoSession::loggedOn_>},
     {.name = L"MAPIOBJECT",
      .id = 3,
      .put =
@@ -52,75 +61,36 @@ constinit const Member<RdoSession> RdoSession::table_[] = {
              required<MapiSession>(value);
              session.loggedOn_ = true;
          }},
-    {.name = L"Logon",
-     .id = 4,
-     .call =
-         [](RdoSession& session, Arguments) {
-             session.loggedOn_ = true;
-             return Value();
-         },
-     .most = 6},
-    {.name = L"Logoff",
-     .call =
-         [](RdoSession& session, Arguments) {
-             session.loggedOn_ = false;
-             return Value();
-         }},
-    {.name = L"Stores",
-     .id = 6,
-     .get =
-         [](RdoSession& session, Arguments) {
-             session.checkLoggedOn();
-             return Value(session.world().makeObject<RdoStores>());
-         }},
+    {.name = L"Logon", .id = 4, .call = use<&RdoSession::logOn>, .most = 6},
+    {.name = L"Logoff", .call = use<&RdoSession::logOff>},
+    {.name = L"Stores", .id = 6, .get = use<storesOf>},
     {.name = L"GetMessageFromID", .id = 9, .call = messageFromId, .least = 1, .most = 3},
-    {.name = L"CurrentUser",
-     .id = 13,
-     .get =
-         [](RdoSession& session, Arguments) {
-             session.checkLoggedOn();
-             return Value(session.world().makeObject<AddressEntry>(session.world().currentUser(), true));
-         }},
+    {.name = L"CurrentUser", .id = 13, .get = use<currentUserOf>},
     {.name = L"Accounts", .id = 19, .get = accountsOf},
 };
 
-std::span<const Member<RdoSession>> RdoSession::members() {
-    return table_;
+const std::vector<Mailbox::StoreEntry>& RdoStores::list() const {
+    return world().mailbox().stores();
 }
 
-constinit const Member<RdoStores> RdoStores::table_[] = {
-    {.name = L"Count",
-     .get =
-         [](RdoStores& stores, Arguments) {
-             return Value(static_cast<std::int32_t>(stores.world().mailbox().stores().size()));
-         }},
-    {.name = L"Item",
-     .id = 0,
-     .get =
-         [](RdoStores& stores, Arguments arguments) {
-             const std::size_t index = position(arguments[0], stores.world().mailbox().stores().size());
-             return Value(stores.world().makeObject<RdoStore>(index));
-         },
-     .least = 1,
-     .most = 1},
+automation::Object RdoStores::at(std::size_t index) const {
+    return world().makeObject<RdoStore>(index);
+}
+
+constinit const Members<RdoStores> RdoStores::members = {
+    countRow<RdoStores, dispatchId::unlisted>,
+    itemRow<RdoStores, dispatchId::defaultMember>,
 };
-
-std::span<const Member<RdoStores>> RdoStores::members() {
-    return table_;
-}
 
 const Mailbox::StoreEntry& RdoStore::entry() const {
     return world().mailbox().stores().at(index_);
 }
 
-constinit const Member<RdoStore> RdoStore::table_[] = {
-    {.name = L"EntryID", .get = [](RdoStore& store, Arguments) { return Value(store.entry().id); }},
-    {.name = L"Name", .get = [](RdoStore& store, Arguments) { return Value(store.entry().store.name); }},
-    {.name = L"StoreKind",
-     .get = [](RdoStore& store,
-               Arguments) { return Value(static_cast<std::int32_t>(store.entry().store.kind)); }},
-    {.name = L"IPMRootFolder",
-     .get = [](RdoStore& store, Arguments) { return Value(store.entry().root->object()); }},
+constinit const Members<RdoStore> RdoStore::members = {
+    {.name = L"EntryID", .get = use<&RdoStore::entry, &Mailbox::StoreEntry::id>},
+    {.name = L"Name", .get = use<&RdoStore::entry, &Mailbox::StoreEntry::store, &Store::name>},
+    {.name = L"StoreKind", .get = use<&RdoStore::entry, &Mailbox::StoreEntry::store, &Store::kind>},
+    {.name = L"IPMRootFolder", .get = use<&RdoStore::entry, &Mailbox::StoreEntry::root>},
     {.name = L"Owner",
      .get =
          [](RdoStore& store, Arguments) {
@@ -135,18 +105,10 @@ constinit const Member<RdoStore> RdoStore::table_[] = {
          }},
 };
 
-std::span<const Member<RdoStore>> RdoStore::members() {
-    return table_;
-}
-
-constinit const Member<MapiUtils> MapiUtils::table_[] = {
+constinit const Members<MapiUtils> MapiUtils::members = {
     {.name = L"CleanUp", .call = [](MapiUtils&, Arguments) { return Value(); }},
     {.name = L"MAPIOBJECT",
      .put = [](MapiUtils&, Arguments, const Value& value) { required<MapiSession>(value); }},
 };
-
-std::span<const Member<MapiUtils>> MapiUtils::members() {
-    return table_;
-}
 
 }  // namespace host

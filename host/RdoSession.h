@@ -1,8 +1,9 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
-#include "host/Automated.h"
+#include "host/Collection.h"
 #include "host/Mailbox.h"
 
 namespace host {
@@ -11,7 +12,7 @@ namespace host {
 class RdoSession : public Automated<RdoSession> {
   public:
     static constexpr std::wstring_view defaultName = L"LoggedOn";
-    static std::span<const Member<RdoSession>> members();
+    static const Members<RdoSession> members;
 
     explicit RdoSession(World& world) : Automated(world) {}
 
@@ -19,34 +20,34 @@ class RdoSession : public Automated<RdoSession> {
     void checkLoggedOn() const;
 
   private:
-    static const Member<RdoSession> table_[];
+    void logOn() { loggedOn_ = true; }
+    void logOff() { loggedOn_ = false; }
+
     bool loggedOn_ = false;
 };
 
 /// RDOSession.Stores.
-class RdoStores : public Automated<RdoStores> {
+class RdoStores : public Collection<RdoStores> {
   public:
-    static std::span<const Member<RdoStores>> members();
+    static const Members<RdoStores> members;
 
-    explicit RdoStores(World& world) : Automated(world) {}
+    explicit RdoStores(World& world) : Collection(world) {}
 
     std::wstring className() const override { return L"RDOStores"; }
-
-  private:
-    static const Member<RdoStores> table_[];
+    const std::vector<Mailbox::StoreEntry>& list() const;
+    automation::Object at(std::size_t index) const;
 };
 
 class RdoStore : public Automated<RdoStore> {
   public:
     static constexpr std::wstring_view defaultName = L"Name";
-    static std::span<const Member<RdoStore>> members();
+    static const Members<RdoStore> members;
 
     RdoStore(World& world, std::size_t index) : Automated(world), index_(index) {}
 
     std::wstring className() const override { return L"RDOStore"; }
 
   private:
-    static const Member<RdoStore> table_[];
     const Mailbox::StoreEntry& entry() const;
 
     std::size_t index_;
@@ -56,14 +57,11 @@ class RdoStore : public Automated<RdoStore> {
 class MapiUtils : public Automated<MapiUtils> {
   public:
     static constexpr std::wstring_view defaultName = L"MAPIOBJECT";
-    static std::span<const Member<MapiUtils>> members();
+    static const Members<MapiUtils> members;
 
     explicit MapiUtils(World& world) : Automated(world) {}
 
     std::wstring className() const override { return L"MAPIUtils"; }
-
-  private:
-    static const Member<MapiUtils> table_[];
 };
 
 }  // namespace host

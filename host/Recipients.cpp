@@ -34,26 +34,12 @@ bool resolveListed(Item& item, RecipientList ItemContent::*list, RecipientData& 
 }  // namespace
 
 Recipients::Recipients(World& world, std::shared_ptr<Item> item, RecipientList ItemContent::*list, bool safe)
-    : Automated(world), item_(std::move(item)), list_(list), safe_(safe) {}
+    : Collection(world), item_(std::move(item)), list_(list), safe_(safe) {}
 
-Value Recipients::at(Arguments arguments) {
-    const RecipientList& recipients = list();
-    std::shared_ptr<RecipientData> data;
-    if (arguments[0].holds<std::wstring>()) {
-        const std::wstring name = arguments.text(0);
-        const auto found = std::ranges::find_if(recipients, [&](const auto& recipient) {
-            return text::equalsIgnoringCase(recipient->address.name, name);
-        });
-        if (found == recipients.end()) {
-            raise::objectNotFound();
-        }
-        data = *found;
-    } else {
-        const std::size_t place = position(arguments[0], recipients.size());
-        data = recipients[place];
-        data->place = place;
-    }
-    return world().makeObject<Recipient>(item_, list_, std::move(data), safe_);
+automation::Object Recipients::at(std::size_t index) const {
+    const auto& data = list()[index];
+    data->place = index;
+    return world().makeObject<Recipient>(item_, list_, data, safe_);
 }
 
 Value Recipients::add(Arguments arguments) {
@@ -67,53 +53,25 @@ Value Recipients::add(Arguments arguments) {
     return world().makeObject<Recipient>(item_, list_, std::move(data), safe_);
 }
 
+bool Recipients::resolveAll() {
+    bool all = true;
+    for (const auto& recipient : list()) {
+        all = resolveListed(*item_, list_, *recipient, safe_) && all;
+    }
+    return all;
+}
+
 void Recipients::changed() {
     noteChange(*item_, list_, safe_);
 }
 
-constinit const Member<Recipients> Recipients::table_[] = {
-    {.name = L"Count",
-     .id = 80,
-     .get = [](Recipients& recipients,
-               Arguments) { return Value(static_cast<std::int32_t>(recipients.list().size())); }},
-    {.name = L"Item",
-     .id = 81,
-     .get = [](Recipients& recipients, Arguments arguments) { return recipients.at(arguments); },
-     .least = 1,
-     .most = 1},
-    {.name = L"Add",
-     .id = 111,
-     .call = [](Recipients& recipients, Arguments arguments) { return recipients.add(arguments); },
-     .least = 1,
-     .most = 1},
-    {.name = L"Remove",
-     .id = 84,
-     .call =
-         [](Recipients& recipients, Arguments arguments) {
-             RecipientList& list = recipients.list();
-             const std::size_t index = position(arguments[0], list.size());
-             list.erase(list.begin() + static_cast<std::ptrdiff_t>(index));
-             recipients.changed();
-             return Value();
-         },
-     .least = 1,
-     .most = 1},
-    {.name = L"ResolveAll",
-     .id = 126,
-     .call =
-         [](Recipients& recipients, Arguments) {
-             bool all = true;
-             for (const auto& recipient : recipients.list()) {
-                 all =
-                     resolveListed(*recipients.item_, recipients.list_, *recipient, recipients.safe_) && all;
-             }
-             return Value(all);
-         }},
+constinit const Members<Recipients> Recipients::members = {
+    countRow<Recipients>,
+    itemRow<Recipients>,
+    {.name = L"Add", .id = 111, .call = use<&Recipients::add>, .least = 1, .most = 1},
+    removeRow<Recipients>,
+    {.name = L"ResolveAll", .id = 126, .call = use<&Recipients::resolveAll>},
 };
-
-std::span<const Member<Recipients>> Recipients::members() {
-    return table_;
-}
 
 Recipient::Recipient(World& world, std::shared_ptr<Item> item, RecipientList ItemContent::*list,
                      std::shared_ptr<RecipientData> data, bool safe)
@@ -150,29 +108,49 @@ bool Recipient::sameAs(const Target& other) const {
     return recipient && recipient->data_ == data_ && recipient->safe_ == safe_;
 }
 
-constinit const Member<Recipient> Recipient::table_[] = {
-    {.name = L"Name",
-     .id = 12289,
-     .get =
-         [](Recipient& recipient, Arguments) {
-             const Address& address = recipient.data_->address;
-             return Value(address.name.empty() ? address.address : address.name);
-         }},
-    {.name = L"Address",
-     .id = 12291,
-     .get = [](Recipient& recipient, Arguments) { return Value(recipient.data_->address.address); }},
-    {.name = L"AddressEntry",
-     .id = 121,
-     .get =
-         [](Recipient& recipient, Arguments) {
-             // A name that is not resolved stands for no entry yet.
-             return recipient.data_->resolved ? Value(recipient.world().makeObject<AddressEntry>(
-                                                    recipient.data_->address, recipient.safe_))
-                                              : Value(automation::Object());
-         }},
+std::wstring Recipient::name() const {
+    return address().name.empty() ? address().address : address().name;
+}
+
+/// A name that is not resolved stands for no entry yet.
+automation::Object Recipient::addressEntry() const {
+    return data_->resolved ? world().makeObject<AddressEntry>(address(), safe_) : automation::Object();
+}
+
+void Recipient::remove() {
+    if (!item_) {
+        raise::operationFailed();
+    }
+    listOf(*item_, list_, safe_).erase(place());
+    changed();
+}
+
+bool Recipient::resolveSelf() {
+    return item_ ? resolveListed(*item_, list_, *data_, safe_) : resolve(world(), *data_);
+}
+
+Value Recipient::field(Arguments arguments) const {
+    switch (mapiTag(arguments[0])) {
+        case 0x0C150003:
+            return data_->type;
+        case 0x3001001E:
+            return address().name;
+        case 0x3002001E:
+            return address().type;
+        case 0x3003001E:
+            return address().address;
+        default:
+            return {};
+    }
+}
+
+constinit const Members<Recipient> Recipient::members = {
+    {.name = L"Name", .id = 12289, .get = use<&Recipient::name>},
+    {.name = L"Address", .id = 12291, .get = use<&Recipient::address, &Address::address>},
+    {.name = L"AddressEntry", .id = 121, .get = use<&Recipient::addressEntry>},
     {.name = L"Type",
      .id = 3093,
-     .get = [](Recipient& recipient, Arguments) { return Value(recipient.data_->type); },
+     .get = use<&Recipient::data_, &RecipientData::type>,
      .put =
          [](Recipient& recipient, Arguments, const Value& value) {
              const int type = value.toInteger();
@@ -182,63 +160,16 @@ constinit const Member<Recipient> Recipient::table_[] = {
              recipient.data_->type = type;
              recipient.changed();
          }},
-    {.name = L"Resolved",
-     .id = 100,
-     .get = [](Recipient& recipient, Arguments) { return Value(recipient.data_->resolved); }},
-    {.name = L"EntryID",
-     .id = 61470,
-     .get =
-         [](Recipient& recipient, Arguments) {
-             return Value(recipient.data_->address.type + L":" + recipient.data_->address.address);
-         }},
-    {.name = L"DisplayType",
-     .id = 14592,
-     .get = [](Recipient& recipient, Arguments) { return Value(displayTypeOf(recipient.data_->address)); }},
-    {.name = L"Delete",
-     .id = 110,
-     .call =
-         [](Recipient& recipient, Arguments) {
-             if (!recipient.item_) {
-                 raise::operationFailed();
-             }
-             listOf(*recipient.item_, recipient.list_, recipient.safe_).erase(recipient.place());
-             recipient.changed();
-             return Value();
-         }},
-    {.name = L"Resolve",
-     .id = 113,
-     .call =
-         [](Recipient& recipient, Arguments) {
-             RecipientData& data = *recipient.data_;
-             return Value(recipient.item_
-                              ? resolveListed(*recipient.item_, recipient.list_, data, recipient.safe_)
-                              : resolve(recipient.world(), data));
-         },
-     .most = 1},
+    {.name = L"Resolved", .id = 100, .get = use<&Recipient::data_, &RecipientData::resolved>},
+    {.name = L"EntryID", .id = 61470, .get = use<&Recipient::address, entryIdOf>},
+    {.name = L"DisplayType", .id = 14592, .get = use<&Recipient::address, displayTypeOf>},
+    {.name = L"Delete", .id = 110, .call = use<&Recipient::remove>},
+    {.name = L"Resolve", .id = 113, .call = use<&Recipient::resolveSelf>, .most = 1},
     {.name = L"Fields",
-     .get =
-         [](Recipient& recipient, Arguments arguments) {
-             const Address& address = recipient.data_->address;
-             switch (mapiTag(arguments[0])) {
-                 case 0x0C150003:
-                     return Value(recipient.data_->type);
-                 case 0x3001001E:
-                     return Value(address.name);
-                 case 0x3002001E:
-                     return Value(address.type);
-                 case 0x3003001E:
-                     return Value(address.address);
-                 default:
-                     return Value();
-             }
-         },
+     .get = use<&Recipient::field>,
      .least = 1,
      .most = 1,
      .has = [](const Recipient& recipient) { return recipient.safe_; }},
 };
-
-std::span<const Member<Recipient>> Recipient::members() {
-    return table_;
-}
 
 }  // namespace host

@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "host/Automated.h"
+#include "host/Collection.h"
 #include "host/Item.h"
 
 namespace host {
@@ -14,21 +14,24 @@ inline RecipientList& listOf(Item& item, RecipientList ItemContent::*list, bool 
 }
 
 /// Recipients or ReplyRecipients of an item, Outlook's or Redemption's.
-class Recipients : public Automated<Recipients> {
+class Recipients : public Collection<Recipients> {
   public:
-    static std::span<const Member<Recipients>> members();
+    static const Members<Recipients> members;
 
     Recipients(World& world, std::shared_ptr<Item> item, RecipientList ItemContent::*list, bool safe);
 
     std::wstring className() const override { return safe_ ? L"SafeRecipients" : L"Recipients"; }
     void checkUsable() const override { item_->checkUsable(); }
     RecipientList& list() const { return listOf(*item_, list_, safe_); }
+    automation::Object at(std::size_t index) const;
+    void changed();
+    static bool isNamed(const std::shared_ptr<RecipientData>& recipient, std::wstring_view name) {
+        return text::equalsIgnoringCase(recipient->address.name, name);
+    }
 
   private:
-    static const Member<Recipients> table_[];
-    automation::Value at(Arguments arguments);
     automation::Value add(Arguments arguments);
-    void changed();
+    bool resolveAll();
 
     std::shared_ptr<Item> item_;
     RecipientList ItemContent::*list_;
@@ -39,7 +42,7 @@ class Recipients : public Automated<Recipients> {
 class Recipient : public Automated<Recipient> {
   public:
     static constexpr std::wstring_view defaultName = L"Name";
-    static std::span<const Member<Recipient>> members();
+    static const Members<Recipient> members;
 
     Recipient(World& world, std::shared_ptr<Item> item, RecipientList ItemContent::*list,
               std::shared_ptr<RecipientData> data, bool safe);
@@ -49,10 +52,15 @@ class Recipient : public Automated<Recipient> {
     bool sameAs(const Target& other) const override;
 
   private:
-    static const Member<Recipient> table_[];
     /// Where the recipient stands in its list; throws when it was removed.
     RecipientList::iterator place() const;
     void changed();
+    const Address& address() const { return data_->address; }
+    std::wstring name() const;
+    automation::Object addressEntry() const;
+    void remove();
+    bool resolveSelf();
+    automation::Value field(Arguments arguments) const;
 
     std::shared_ptr<Item> item_;
     RecipientList ItemContent::*list_;

@@ -91,11 +91,10 @@ Item& SafeItem::item() const {
     return *item;
 }
 
-constinit const Member<SafeItem> SafeItem::table_[] = {
+constinit const Members<SafeItem> SafeItem::members = {
     {.name = L"Item",
      .id = 12245934,
-     .get = [](SafeItem& safe,
-               Arguments) { return Value(safe.wrapped_ ? safe.wrapped_->object() : Object()); },
+     .get = use<&SafeItem::wrapped_>,
      .put =
          [](SafeItem& safe, Arguments, const Value& value) {
              // Nothing releases the item.
@@ -150,27 +149,18 @@ constinit const Member<SafeItem> SafeItem::table_[] = {
      .has = isRdo},
 };
 
-std::span<const Member<SafeItem>> SafeItem::members() {
-    return table_;
-}
-
 HostObject* SafeInspector::wrapped() const {
     return inspector_.get();
 }
 
-constinit const Member<SafeInspector> SafeInspector::table_[] = {
+constinit const Members<SafeInspector> SafeInspector::members = {
     {.name = L"Item",
      .id = 12245934,
-     .get = [](SafeInspector& safe,
-               Arguments) { return Value(safe.inspector_ ? safe.inspector_->object() : Object()); },
+     .get = use<&SafeInspector::inspector_>,
      .put =
          [](SafeInspector& safe, Arguments, const Value& value) {
              safe.inspector_ = value.toObject() ? required<Inspector>(value) : nullptr;
          }},
 };
-
-std::span<const Member<SafeInspector>> SafeInspector::members() {
-    return table_;
-}
 
 }  // namespace host

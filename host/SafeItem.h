@@ -59,7 +59,7 @@ class SafeItem : public Wrapper<SafeItem> {
     enum class Kind { Mail, Post, Report, Rdo };
 
     static constexpr std::wstring_view defaultName = L"Item";
-    static std::span<const Member<SafeItem>> members();
+    static const Members<SafeItem> members;
 
     SafeItem(World& world, Kind kind, std::shared_ptr<HostObject> wrapped);
 
@@ -72,7 +72,6 @@ class SafeItem : public Wrapper<SafeItem> {
     HostObject* wrapped() const override { return wrapped_.get(); }
 
   private:
-    static const Member<SafeItem> table_[];
     Kind kind_;
     std::shared_ptr<HostObject> wrapped_;
 };
@@ -80,7 +79,7 @@ class SafeItem : public Wrapper<SafeItem> {
 /// vtSafeInspector.
 class SafeInspector : public Wrapper<SafeInspector> {
   public:
-    static std::span<const Member<SafeInspector>> members();
+    static const Members<SafeInspector> members;
 
     explicit SafeInspector(World& world) : Wrapper(world) {}
 
@@ -90,7 +89,6 @@ class SafeInspector : public Wrapper<SafeInspector> {
     HostObject* wrapped() const override;
 
   private:
-    static const Member<SafeInspector> table_[];
     std::shared_ptr<Inspector> inspector_;
 };
 

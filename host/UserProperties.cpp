@@ -16,30 +16,13 @@ constexpr int textType = 1;
 }  // namespace
 
 UserProperties::UserProperties(World& world, std::shared_ptr<Item> item)
-    : Automated(world), item_(std::move(item)) {}
+    : Collection(world), item_(std::move(item)) {}
 
-std::shared_ptr<UserPropertyData> UserProperties::find(std::wstring_view name) const {
-    const auto found = std::ranges::find_if(
-        list(), [&](const auto& property) { return text::equalsIgnoringCase(property->name, name); });
-    return found == list().end() ? nullptr : *found;
-}
-
-Value UserProperties::wrap(std::shared_ptr<UserPropertyData> data) {
+automation::Object UserProperties::wrap(std::shared_ptr<UserPropertyData> data) const {
     return data ? world().makeObject<UserProperty>(item_, std::move(data)) : automation::Object();
 }
 
-Value UserProperties::at(Arguments arguments) {
-    if (!arguments[0].holds<std::wstring>()) {
-        return wrap(list()[position(arguments[0], list().size())]);
-    }
-    auto data = find(arguments.text(0));
-    if (!data) {
-        raise::outOfBounds();
-    }
-    return wrap(std::move(data));
-}
-
-Value UserProperties::add(Arguments arguments) {
+automation::Object UserProperties::add(Arguments arguments) {
     const std::wstring name = arguments.text(0);
     const int type = arguments[1].toInteger();
     constexpr std::size_t addToFolderFields = 2;
@@ -54,49 +37,18 @@ Value UserProperties::add(Arguments arguments) {
         data = std::make_shared<UserPropertyData>(
             UserPropertyData{name, type, type == textType ? Value(L"") : Value()});
         list().push_back(data);
-        item_->touch(Part::UserProperties);
+        changed();
     }
     return wrap(std::move(data));
 }
 
-constinit const Member<UserProperties> UserProperties::table_[] = {
-    {.name = L"Count",
-     .id = 80,
-     .get = [](UserProperties& properties,
-               Arguments) { return Value(static_cast<std::int32_t>(properties.list().size())); }},
-    {.name = L"Item",
-     .id = 81,
-     .get = [](UserProperties& properties, Arguments arguments) { return properties.at(arguments); },
-     .least = 1,
-     .most = 1},
-    {.name = L"Add",
-     .id = 102,
-     .call = [](UserProperties& properties, Arguments arguments) { return properties.add(arguments); },
-     .least = 2,
-     .most = 4},
-    {.name = L"Find",
-     .id = 103,
-     .call = [](UserProperties& properties,
-                Arguments arguments) { return properties.wrap(properties.find(arguments.text(0))); },
-     .least = 1,
-     .most = 2},
-    {.name = L"Remove",
-     .id = 82,
-     .call =
-         [](UserProperties& properties, Arguments arguments) {
-             UserPropertyList& list = properties.list();
-             const std::size_t index = position(arguments[0], list.size());
-             list.erase(list.begin() + static_cast<std::ptrdiff_t>(index));
-             properties.item_->touch(Part::UserProperties);
-             return Value();
-         },
-     .least = 1,
-     .most = 1},
+constinit const Members<UserProperties> UserProperties::members = {
+    countRow<UserProperties>,
+    itemRow<UserProperties>,
+    {.name = L"Add", .id = 102, .call = use<&UserProperties::add>, .least = 2, .most = 4},
+    {.name = L"Find", .id = 103, .call = use<&UserProperties::findByName>, .least = 1, .most = 2},
+    removeRow<UserProperties, 82>,
 };
-
-std::span<const Member<UserProperties>> UserProperties::members() {
-    return table_;
-}
 
 UserProperty::UserProperty(World& world, std::shared_ptr<Item> item, std::shared_ptr<UserPropertyData> data)
     : Automated(world), item_(std::move(item)), data_(std::move(data)) {}
@@ -109,22 +61,18 @@ void UserProperty::checkUsable() const {
     }
 }
 
-constinit const Member<UserProperty> UserProperty::table_[] = {
+constinit const Members<UserProperty> UserProperty::members = {
     {.name = L"Value",
      .id = 0,
-     .get = [](UserProperty& property, Arguments) { return property.data_->value; },
+     .get = use<&UserProperty::data_, &UserPropertyData::value>,
      .put =
          [](UserProperty& property, Arguments, const Value& value) {
              property.data_->value =
                  property.data_->type == textType ? Value(value.toText()) : storable(value);
              property.item_->touch(Part::UserProperties);
          }},
-    {.name = L"Name",
-     .id = 112,
-     .get = [](UserProperty& property, Arguments) { return Value(property.data_->name); }},
-    {.name = L"Type",
-     .id = 109,
-     .get = [](UserProperty& property, Arguments) { return Value(property.data_->type); }},
+    {.name = L"Name", .id = 112, .get = use<&UserProperty::data_, &UserPropertyData::name>},
+    {.name = L"Type", .id = 109, .get = use<&UserProperty::data_, &UserPropertyData::type>},
     {.name = L"Delete",
      .id = 108,
      .call =
@@ -134,9 +82,5 @@ constinit const Member<UserProperty> UserProperty::table_[] = {
              return Value();
          }},
 };
-
-std::span<const Member<UserProperty>> UserProperty::members() {
-    return table_;
-}
 
 }  // namespace host

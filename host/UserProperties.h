@@ -3,28 +3,32 @@
 #include <memory>
 #include <string>
 
-#include "host/Automated.h"
+#include "host/Collection.h"
 #include "host/Item.h"
 
 namespace host {
 
 /// The user properties of an item.
-class UserProperties : public Automated<UserProperties> {
+class UserProperties : public Collection<UserProperties> {
   public:
-    static std::span<const Member<UserProperties>> members();
+    static constexpr auto noSuchName = raise::outOfBounds;
+    static const Members<UserProperties> members;
 
     UserProperties(World& world, std::shared_ptr<Item> item);
 
     std::wstring className() const override { return L"UserProperties"; }
     void checkUsable() const override { item_->checkUsable(); }
+    UserPropertyList& list() const { return item_->content().userProperties; }
+    automation::Object at(std::size_t index) const { return wrap(list()[index]); }
+    void changed() { item_->touch(Part::UserProperties); }
+    static bool isNamed(const std::shared_ptr<UserPropertyData>& property, std::wstring_view name) {
+        return text::equalsIgnoringCase(property->name, name);
+    }
 
   private:
-    static const Member<UserProperties> table_[];
-    UserPropertyList& list() const { return item_->content().userProperties; }
-    std::shared_ptr<UserPropertyData> find(std::wstring_view name) const;
-    automation::Value wrap(std::shared_ptr<UserPropertyData> data);
-    automation::Value at(Arguments arguments);
-    automation::Value add(Arguments arguments);
+    automation::Object wrap(std::shared_ptr<UserPropertyData> data) const;
+    automation::Object add(Arguments arguments);
+    automation::Object findByName(Arguments arguments) const { return wrap(find(arguments.text(0))); }
 
     std::shared_ptr<Item> item_;
 };
@@ -32,7 +36,7 @@ class UserProperties : public Automated<UserProperties> {
 class UserProperty : public Automated<UserProperty> {
   public:
     static constexpr std::wstring_view defaultName = L"Value";
-    static std::span<const Member<UserProperty>> members();
+    static const Members<UserProperty> members;
 
     UserProperty(World& world, std::shared_ptr<Item> item, std::shared_ptr<UserPropertyData> data);
 
@@ -40,7 +44,6 @@ class UserProperty : public Automated<UserProperty> {
     void checkUsable() const override;
 
   private:
-    static const Member<UserProperty> table_[];
     std::shared_ptr<Item> item_;
     std::shared_ptr<UserPropertyData> data_;
 };

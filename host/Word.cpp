@@ -14,6 +14,10 @@ namespace {
     throw automation::Error(5825, L"Object has been deleted.", L"Microsoft Word");
 }
 
+std::wstring_view fileNameOf(std::wstring_view path) {
+    return path.substr(path.find_last_of(L"\\/") + 1);
+}
+
 }  // namespace
 
 WordDocument::WordDocument(World& world, std::wstring name, std::weak_ptr<WordApplication> application)
@@ -25,17 +29,15 @@ void WordDocument::checkUsable() const {
     }
 }
 
-constinit const Member<WordDocument> WordDocument::table_[] = {
-    {.name = L"Name", .get = [](WordDocument& document, Arguments) { return Value(document.name_); }},
+constinit const Members<WordDocument> WordDocument::members = {
+    {.name = L"Name", .get = use<&WordDocument::name_>},
     {.name = L"Application",
      .get =
          [](WordDocument& document, Arguments) {
              const auto application = document.application_.lock();
              return Value(application ? application->object() : automation::Object());
          }},
-    {.name = L"Saved",
-     .get = [](WordDocument& document, Arguments) { return Value(document.saved_); },
-     .put = [](WordDocument& document, Arguments, const Value& value) { document.saved_ = value.toBool(); }},
+    {.name = L"Saved", .get = use<&WordDocument::saved_>, .put = set<&WordDocument::saved_>},
     {.name = L"Close",
      .call =
          [](WordDocument& document, Arguments) {
@@ -48,79 +50,44 @@ constinit const Member<WordDocument> WordDocument::table_[] = {
      .most = 3},
 };
 
-std::span<const Member<WordDocument>> WordDocument::members() {
-    return table_;
-}
-
 WordFile::WordFile(World& world, std::wstring path, bool installed)
     : Automated(world), path_(std::move(path)), installed_(installed) {}
 
 std::wstring WordFile::name() const {
-    return path_.substr(path_.find_last_of(L"\\/") + 1);
+    return std::wstring(fileNameOf(path_));
 }
 
-constinit const Member<WordFile> WordFile::table_[] = {
-    {.name = L"Name", .id = 0, .get = [](WordFile& file, Arguments) { return Value(file.name()); }},
-    {.name = L"FullName", .get = [](WordFile& file, Arguments) { return Value(file.path_); }},
-    {.name = L"Installed",
-     .id = 4,
-     .get = [](WordFile& file, Arguments) { return Value(file.installed_); },
-     .put = [](WordFile& file, Arguments, const Value& value) { file.installed_ = value.toBool(); }},
-    {.name = L"Saved",
-     .get = [](WordFile& file, Arguments) { return Value(file.saved_); },
-     .put = [](WordFile& file, Arguments, const Value& value) { file.saved_ = value.toBool(); }},
+constinit const Members<WordFile> WordFile::members = {
+    {.name = L"Name", .id = 0, .get = use<&WordFile::name>},
+    {.name = L"FullName", .get = use<&WordFile::path_>},
+    {.name = L"Installed", .id = 4, .get = use<&WordFile::installed_>, .put = set<&WordFile::installed_>},
+    {.name = L"Saved", .get = use<&WordFile::saved_>, .put = set<&WordFile::saved_>},
 };
 
-std::span<const Member<WordFile>> WordFile::members() {
-    return table_;
+bool WordFiles::isNamed(const std::shared_ptr<WordFile>& file, std::wstring_view name) {
+    return text::equalsIgnoringCase(file->name(), fileNameOf(name));
 }
 
-std::shared_ptr<WordFile> WordFiles::find(std::wstring_view name) const {
-    const std::wstring wanted(name.substr(name.find_last_of(L"\\/") + 1));
-    const auto found = std::ranges::find_if(
-        list_, [&](const auto& file) { return text::equalsIgnoringCase(file->name(), wanted); });
-    return found == list_.end() ? nullptr : *found;
+void WordFiles::noSuchName() {
+    throw automation::Error(5941, L"The requested member of the collection does not exist.",
+                            L"Microsoft Word");
 }
 
-constinit const Member<WordFiles> WordFiles::table_[] = {
-    {.name = L"Count",
-     .id = 1,
-     .get = [](WordFiles& files, Arguments) { return Value(static_cast<std::int32_t>(files.list_.size())); }},
-    {.name = L"Item",
-     .id = 0,
-     .get =
-         [](WordFiles& files, Arguments arguments) {
-             if (!arguments[0].holds<std::wstring>()) {
-                 return Value(files.list_[position(arguments[0], files.list_.size())]->object());
-             }
-             const auto found = files.find(arguments.text(0));
-             if (!found) {
-                 throw automation::Error(5941, L"The requested member of the collection does not exist.",
-                                         L"Microsoft Word");
-             }
-             return Value(found->object());
-         },
-     .least = 1,
-     .most = 1},
-    {.name = L"Add",
-     .id = 2,
-     .call =
-         [](WordFiles& files, Arguments arguments) {
-             const std::wstring path = arguments.text(0);
-             if (const auto known = files.find(path)) {
-                 return Value(known->object());
-             }
-             const bool install = !arguments.has(1) || arguments[1].toBool();
-             files.list_.push_back(files.world().make<WordFile>(path, install));
-             return Value(files.list_.back()->object());
-         },
-     .least = 1,
-     .most = 2},
+Value WordFiles::add(Arguments arguments) {
+    const std::wstring path = arguments.text(0);
+    if (const auto known = find(path)) {
+        return known->object();
+    }
+    const bool install = !arguments.has(1) || arguments[1].toBool();
+    list_.push_back(world().make<WordFile>(path, install));
+    return list_.back()->object();
+}
+
+constinit const Members<WordFiles> WordFiles::members = {
+    countRow<WordFiles, 1>,
+    itemRow<WordFiles, 0>,
+    {.name = L"Add", .id = 2, .call = use<&WordFiles::add>, .least = 1, .most = 2},
 };
-
-std::span<const Member<WordFiles>> WordFiles::members() {
-    return table_;
-}
 
 WordApplication::WordApplication(World& world) : Automated(world), files_(world.make<WordFiles>()) {}
 
@@ -128,6 +95,10 @@ void WordApplication::checkUsable() const {
     if (quit_) {
         raise::outlookGone();
     }
+}
+
+automation::Object WordApplication::windows() const {
+    return world().makeObject<WordWindows>(documents_.size());
 }
 
 std::shared_ptr<WordDocument> WordApplication::open(std::wstring name) {
@@ -144,7 +115,14 @@ void WordApplication::closed(const WordDocument& document) {
     }
 }
 
-constinit const Member<WordApplication> WordApplication::table_[] = {
+void WordApplication::quit() {
+    while (!documents_.empty()) {
+        closed(*documents_.back());
+    }
+    quit_ = true;
+}
+
+constinit const Members<WordApplication> WordApplication::members = {
     {.name = L"Name", .get = [](WordApplication&, Arguments) { return Value(L"Microsoft Word"); }},
     {.name = L"Run",
      .id = 445,
@@ -158,18 +136,10 @@ constinit const Member<WordApplication> WordApplication::table_[] = {
          },
      .least = 1,
      .most = 31},
-    {.name = L"AddIns",
-     .id = 22,
-     .get = [](WordApplication& word, Arguments) { return Value(word.files_->object()); }},
-    {.name = L"Templates",
-     .id = 67,
-     .get = [](WordApplication& word, Arguments) { return Value(word.files_->object()); }},
-    {.name = L"Windows",
-     .get = [](WordApplication& word,
-               Arguments) { return Value(word.world().makeObject<WordWindows>(word.documents_.size())); }},
-    {.name = L"Documents",
-     .get = [](WordApplication& word,
-               Arguments) { return Value(word.world().makeObject<WordWindows>(word.documents_.size())); }},
+    {.name = L"AddIns", .id = 22, .get = use<&WordApplication::files_>},
+    {.name = L"Templates", .id = 67, .get = use<&WordApplication::files_>},
+    {.name = L"Windows", .get = use<&WordApplication::windows>},
+    {.name = L"Documents", .get = use<&WordApplication::windows>},
     {.name = L"ActiveDocument",
      .get =
          [](WordApplication& word, Arguments) {
@@ -179,29 +149,11 @@ constinit const Member<WordApplication> WordApplication::table_[] = {
              }
              return Value(word.documents_.back()->object());
          }},
-    {.name = L"Quit",
-     .call =
-         [](WordApplication& word, Arguments) {
-             while (!word.documents_.empty()) {
-                 word.closed(*word.documents_.back());
-             }
-             word.quit_ = true;
-             return Value();
-         },
-     .most = 3},
+    {.name = L"Quit", .call = use<&WordApplication::quit>, .most = 3},
 };
 
-std::span<const Member<WordApplication>> WordApplication::members() {
-    return table_;
-}
-
-constinit const Member<WordWindows> WordWindows::table_[] = {
-    {.name = L"Count",
-     .get = [](WordWindows& windows, Arguments) { return Value(static_cast<std::int32_t>(windows.count_)); }},
+constinit const Members<WordWindows> WordWindows::members = {
+    {.name = L"Count", .get = use<&WordWindows::count_>},
 };
-
-std::span<const Member<WordWindows>> WordWindows::members() {
-    return table_;
-}
 
 }  // namespace host

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "host/Automated.h"
+#include "host/Collection.h"
 
 namespace host {
 
@@ -15,7 +15,7 @@ class WordApplication;
 class WordDocument : public Automated<WordDocument> {
   public:
     static constexpr std::wstring_view defaultName = L"Name";
-    static std::span<const Member<WordDocument>> members();
+    static const Members<WordDocument> members;
 
     WordDocument(World& world, std::wstring name, std::weak_ptr<WordApplication> application);
 
@@ -24,7 +24,6 @@ class WordDocument : public Automated<WordDocument> {
     void closed() { closed_ = true; }
 
   private:
-    static const Member<WordDocument> table_[];
     std::wstring name_;
     bool saved_ = true;
     bool closed_ = false;
@@ -35,7 +34,7 @@ class WordDocument : public Automated<WordDocument> {
 class WordFile : public Automated<WordFile> {
   public:
     static constexpr std::wstring_view defaultName = L"Name";
-    static std::span<const Member<WordFile>> members();
+    static const Members<WordFile> members;
 
     WordFile(World& world, std::wstring path, bool installed);
 
@@ -43,24 +42,26 @@ class WordFile : public Automated<WordFile> {
     std::wstring name() const;
 
   private:
-    static const Member<WordFile> table_[];
     std::wstring path_;
     bool installed_;
     bool saved_ = false;
 };
 
 /// Word's AddIns or Templates.
-class WordFiles : public Automated<WordFiles> {
+class WordFiles : public Collection<WordFiles> {
   public:
-    static std::span<const Member<WordFiles>> members();
+    static const Members<WordFiles> members;
 
-    explicit WordFiles(World& world) : Automated(world) {}
+    explicit WordFiles(World& world) : Collection(world) {}
 
     std::wstring className() const override { return L"WordFiles"; }
+    const std::vector<std::shared_ptr<WordFile>>& list() const noexcept { return list_; }
+    /// By its name or a path to it.
+    static bool isNamed(const std::shared_ptr<WordFile>& file, std::wstring_view name);
+    static void noSuchName();
 
   private:
-    static const Member<WordFiles> table_[];
-    std::shared_ptr<WordFile> find(std::wstring_view name) const;
+    automation::Value add(Arguments arguments);
 
     std::vector<std::shared_ptr<WordFile>> list_;
 };
@@ -69,7 +70,7 @@ class WordFiles : public Automated<WordFiles> {
 class WordApplication : public Automated<WordApplication> {
   public:
     static constexpr std::wstring_view defaultName = L"Name";
-    static std::span<const Member<WordApplication>> members();
+    static const Members<WordApplication> members;
 
     explicit WordApplication(World& world);
 
@@ -80,7 +81,9 @@ class WordApplication : public Automated<WordApplication> {
     bool running() const noexcept { return !quit_; }
 
   private:
-    static const Member<WordApplication> table_[];
+    automation::Object windows() const;
+    void quit();
+
     std::vector<std::shared_ptr<WordDocument>> documents_;
     std::shared_ptr<WordFiles> files_;
     bool quit_ = false;
@@ -89,14 +92,13 @@ class WordApplication : public Automated<WordApplication> {
 /// Word's Windows or Documents, of which only the number is known.
 class WordWindows : public Automated<WordWindows> {
   public:
-    static std::span<const Member<WordWindows>> members();
+    static const Members<WordWindows> members;
 
     WordWindows(World& world, std::size_t count) : Automated(world), count_(count) {}
 
     std::wstring className() const override { return L"WordWindows"; }
 
   private:
-    static const Member<WordWindows> table_[];
     std::size_t count_;
 };
 

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "host/Application.h"
+#include "host/NameSpace.h"
+#include "host/World.h"
+
+/// The rows that stand in the tables of all of Outlook's own objects.
+namespace host {
+
+inline Application& applicationOf(const HostObject& object) {
+    return object.world().application();
+}
+
+inline NameSpace& sessionOf(const HostObject& object) {
+    return object.world().nameSpace();
+}
+
+inline WindowList& windowsOf(const HostObject& object) {
+    return object.world().windows();
+}
+
+template <class T>
+inline constexpr Member<T> applicationRow{.name = L"Application", .id = 61440, .get = use<applicationOf>};
+template <class T, auto Parent = applicationOf>
+inline constexpr Member<T> parentRow{.name = L"Parent", .id = 61441, .get = use<Parent>};
+/// By Outlook's number of the class.
+template <class T, std::int32_t Number>
+inline constexpr Member<T> classRow{
+    .name = L"Class", .id = 61450, .get = [](T&, Arguments) { return automation::Value(Number); }};
+template <class T>
+inline constexpr Member<T> sessionRow{.name = L"Session", .id = 61451, .get = use<sessionOf>};
+
+}  // namespace host
