@@ -64,7 +64,7 @@ class Collection : public Automated<T> {
     }
 };
 
-/// The rows of a collection, with the dispatch ids that Outlook's have.
+/// The rows of a collection, with the dispatch ids that most of Outlook's have.
 template <class T, std::int32_t Id = 80>
 inline constexpr Member<T> countRow{.name = L"Count", .id = Id, .get = use<&Collection<T>::count>};
 template <class T, std::int32_t Id = 81>

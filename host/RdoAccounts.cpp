@@ -42,29 +42,26 @@ Value orderOf(RdoAccounts& accounts, Arguments arguments) {
 
 }  // namespace
 
-RdoAccount::RdoAccount(World& world, const Account& account) : Automated(world), account_(account) {}
+RdoAccount::RdoAccount(World& world, const Account& account) : Automated(world), account_(&account) {}
 
 bool RdoAccount::sameAs(const Target& other) const {
     const auto* const account = dynamic_cast<const RdoAccount*>(&other);
-    return account && &account->account_ == &account_;
+    return account && account->account_ == account_;
 }
 
 constinit const Members<RdoAccount> RdoAccount::members = {
-    {.name = L"AccountType",
-     .get = [](RdoAccount& account, Arguments) { return answer(account.account_.type); }},
-    {.name = L"Name",
-     .id = 4,
-     .get = [](RdoAccount& account, Arguments) { return Value(account.account_.name); }},
+    {.name = L"AccountType", .get = use<&RdoAccount::account_, &Account::type>},
+    {.name = L"Name", .id = 4, .get = use<&RdoAccount::account_, &Account::name>},
     {.name = L"ID",
      .id = 6,
      .get =
          [](RdoAccount& account, Arguments) {
              const Account* const first = account.world().profile().accounts.data();
-             return Value(static_cast<std::int32_t>(&account.account_ - first) + 1);
+             return Value(static_cast<std::int32_t>(account.account_ - first) + 1);
          }},
     {.name = L"Stamp",
      .id = 7,
-     .get = [](RdoAccount& account, Arguments) { return Value(account.world().stampOf(account.account_)); }},
+     .get = [](RdoAccount& account, Arguments) { return Value(account.world().stampOf(*account.account_)); }},
     {.name = L"Fields",
      .id = 13,
      .get =
@@ -72,10 +69,10 @@ constinit const Members<RdoAccount> RdoAccount::members = {
              switch (mapiTag(arguments[0])) {
                  case 0x000E001E:
                  case 0x000E001F:
-                     return Value(account.world().sendStampOf(account.account_));
+                     return Value(account.world().sendStampOf(*account.account_));
                  case 0x0001001F:
                  case 0x0002001F:
-                     return Value(account.account_.name);
+                     return Value(account.account_->name);
                  default:
                      return Value();
              }
@@ -83,8 +80,8 @@ constinit const Members<RdoAccount> RdoAccount::members = {
      .least = 1,
      .most = 1},
     {.name = L"SMTPAddress",
-     .get = [](RdoAccount& account, Arguments) { return Value(account.account_.address); },
-     .has = [](const RdoAccount& account) { return isInternetAccount(account.account_); }},
+     .get = use<&RdoAccount::account_, &Account::address>,
+     .has = [](const RdoAccount& account) { return isInternetAccount(*account.account_); }},
 };
 
 RdoAccounts::RdoAccounts(World& world, std::vector<const Account*> list, bool ordered)

@@ -22,7 +22,7 @@ class RdoAccount : public Automated<RdoAccount> {
 
   private:
     /// The profile lives as long as the world, without which no call comes here.
-    const Account& account_;
+    const Account* account_;
 };
 
 /// The accounts of the profile, all of them or in the order of a category.

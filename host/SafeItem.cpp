@@ -35,11 +35,11 @@ Value getRecipients(SafeItem& safe, Arguments) {
 
 template <int Type>
 Value getNames(SafeItem& safe, Arguments) {
-    return safe.item().message().names(Type);
+    return safe.message().names(Type);
 }
 
 Value getSender(SafeItem& safe, Arguments) {
-    const auto& sender = safe.item().message().sender;
+    const auto& sender = safe.message().sender;
     return sender ? Value(safe.world().makeObject<AddressEntry>(*sender, true)) : Value(Object());
 }
 
@@ -48,17 +48,17 @@ void setField(SafeItem& safe, Arguments index, const Value& value) {
     if (safe.world().profile().refusedFields.contains(tag)) {
         raise::noPermission();
     }
-    safe.item().written(safe.item().message().setField(tag, value));
+    safe.item().written(safe.message().setField(tag, value));
 }
 
 /// The store takes it at once.
 void setUnread(SafeItem& safe, Arguments, const Value& value) {
-    safe.item().content().unread = safe.item().message().unread = value.toBool();
+    safe.item().content().unread = safe.message().unread = value.toBool();
 }
 
 Value getAccount(SafeItem& safe, Arguments) {
     World& world = safe.world();
-    const ItemContent& message = safe.item().message();
+    const ItemContent& message = safe.message();
     const Account* const stamped = safe.item().stampedAccount(message);
     const Account* const account = stamped ? stamped : world.account(message.account);
     return account ? Value(world.makeObject<RdoAccount>(*account)) : Value(Object());
@@ -91,6 +91,10 @@ Item& SafeItem::item() const {
     return *item;
 }
 
+ItemContent& SafeItem::message() const {
+    return item().message();
+}
+
 constinit const Members<SafeItem> SafeItem::members = {
     {.name = L"Item",
      .id = 12245934,
@@ -103,26 +107,22 @@ constinit const Members<SafeItem> SafeItem::members = {
      .has = [](const SafeItem& safe) { return !isRdo(safe); }},
     {.name = L"Fields",
      .id = 12245937,
-     .get = [](SafeItem& safe,
-               Arguments arguments) { return safe.item().message().field(mapiTag(arguments[0])); },
+     .get = [](SafeItem& safe, Arguments arguments) { return safe.message().field(mapiTag(arguments[0])); },
      .put = setField,
      .least = 1,
      .most = 1},
     {.name = L"Sender", .id = 12245930, .get = getSender},
     {.name = L"Body",
      .id = 37120,
-     .get = [](SafeItem& safe, Arguments) { return Value(safe.item().message().body); },
+     .get = use<&SafeItem::message, &ItemContent::body>,
      .put =
          [](SafeItem& safe, Arguments, const Value& value) {
-             ItemContent& message = safe.item().message();
+             ItemContent& message = safe.message();
              message.body = value.toText();
              message.html.clear();
              safe.item().written(Part::Body);
          }},
-    {.name = L"HTMLBody",
-     .id = 62468,
-     .get = [](SafeItem& safe, Arguments) { return Value(safe.item().message().html); },
-     .has = isMessage},
+    {.name = L"HTMLBody", .id = 62468, .get = use<&SafeItem::message, &ItemContent::html>, .has = isMessage},
     {.name = L"Recipients", .id = 63508, .get = getRecipients<&ItemContent::recipients>},
     {.name = L"ReplyRecipients", .id = 61459, .get = getRecipients<&ItemContent::replyTo>, .has = isMail},
     {.name = L"Attachments",
@@ -136,17 +136,14 @@ constinit const Members<SafeItem> SafeItem::members = {
     {.name = L"BCC", .id = 3586, .get = getNames<3>, .has = isMail},
     {.name = L"SenderName",
      .id = 3098,
-     .get = [](SafeItem& safe, Arguments) { return Value(safe.item().message().field(0x0C1A001E).toText()); },
+     .get = [](SafeItem& safe, Arguments) { return Value(safe.message().field(0x0C1A001E).toText()); },
      .has = isMessage},
     {.name = L"SenderEmailAddress",
      .id = 3103,
-     .get = [](SafeItem& safe, Arguments) { return Value(safe.item().message().field(0x0C1F001E).toText()); },
+     .get = [](SafeItem& safe, Arguments) { return Value(safe.message().field(0x0C1F001E).toText()); },
      .has = isMail},
     {.name = L"Account", .get = getAccount, .has = isRdo},
-    {.name = L"UnRead",
-     .get = [](SafeItem& safe, Arguments) { return Value(safe.item().message().unread); },
-     .put = setUnread,
-     .has = isRdo},
+    {.name = L"UnRead", .get = use<&SafeItem::message, &ItemContent::unread>, .put = setUnread, .has = isRdo},
 };
 
 HostObject* SafeInspector::wrapped() const {

@@ -9,6 +9,7 @@ namespace host {
 
 class Inspector;
 class Item;
+struct ItemContent;
 
 /// What wraps one of Outlook's objects and passes on to it the members that it has not itself.
 template <class T>
@@ -67,6 +68,8 @@ class SafeItem : public Wrapper<SafeItem> {
     Kind kind() const noexcept { return kind_; }
     /// Throws when none is set, or the wrapped object is no item.
     Item& item() const;
+    /// What the MAPI library works on.
+    ItemContent& message() const;
 
   protected:
     HostObject* wrapped() const override { return wrapped_.get(); }

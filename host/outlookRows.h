@@ -4,8 +4,9 @@
 #include "host/NameSpace.h"
 #include "host/World.h"
 
-/// The rows that stand in the tables of all of Outlook's own objects.
 namespace host {
+
+// First steps of rows.
 
 inline Application& applicationOf(const HostObject& object) {
     return object.world().application();
@@ -18,6 +19,8 @@ inline NameSpace& sessionOf(const HostObject& object) {
 inline WindowList& windowsOf(const HostObject& object) {
     return object.world().windows();
 }
+
+// The rows that stand in the tables of all of Outlook's own objects.
 
 template <class T>
 inline constexpr Member<T> applicationRow{.name = L"Application", .id = 61440, .get = use<applicationOf>};
