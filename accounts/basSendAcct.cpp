@@ -71,11 +71,9 @@ std::shared_ptr<clsSendAcct> OpenList(Globals& globals) {
 std::vector<std::wstring> AccountOrder(Globals& globals) {
     const auto read = [&] {
         const redemption::Session session(globals);
-        const auto accounts = session.accountsInOrder();
-        const std::int32_t count = accounts.count();
         std::vector<std::wstring> names;
-        for (std::int32_t index = 1; index <= count; ++index) {
-            names.push_back(accounts.item(index).name());
+        for (const redemption::Account account : session.accountsInOrder()) {
+            names.push_back(account.name());
         }
         return names;
     };

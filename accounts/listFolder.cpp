@@ -39,9 +39,7 @@ Folder childByName(const Folders& folders, const std::wstring& name) {
 
 /// Nothing when there surely is none: all sub-folders have been looked at. Throws automation::Error.
 Folder searchedChild(const Folders& folders, const std::wstring& name) {
-    const std::int32_t count = folders.count();
-    for (std::int32_t index = 1; index <= count; ++index) {
-        Folder folder = folders.item(index);
+    for (Folder folder : folders) {
         if (text::equalsIgnoringCase(folder.name(), name)) {
             return folder;
         }
@@ -88,10 +86,7 @@ Place find(const Globals& globals) {
 
 std::vector<outlook::Item> listItems(const Folder& folder) {
     std::vector<outlook::Item> found;
-    const auto items = folder.items();
-    const std::int32_t count = items.count();
-    for (std::int32_t index = 1; index <= count; ++index) {
-        outlook::Item item = items.item(index);
+    for (outlook::Item item : folder.items()) {
         if (item.subject() == listSubject) {
             found.push_back(std::move(item));
         }

@@ -1,6 +1,7 @@
 #include "addin/modCommandBarCode.h"
 
 #include "mail/errorTrap.h"
+#include "platform/outlook.h"
 #include "platform/text.h"
 
 namespace addin::modCommandBarCode {
@@ -35,9 +36,7 @@ Object add(const Object& controls, std::int32_t type, const std::wstring& captio
 /// reason.
 Object FindControl(const Object& controls, const std::wstring& caption, std::optional<std::int32_t> type) {
     const std::wstring wanted = withoutAccessKey(caption);
-    const std::int32_t count = controls.get(L"Count").toInteger();
-    for (std::int32_t index = 1; index <= count; ++index) {
-        Object control = controls.get(L"Item", index).toObject();
+    for (Object control : outlook::Collection<Object>(controls)) {
         if (text::equalsIgnoringCase(withoutAccessKey(control.get(L"Caption").toText()), wanted) &&
             (!type || control.get(L"Type").toInteger() == *type)) {
             return control;

@@ -36,10 +36,8 @@ OldPlace findOldPlace(const accounts::listFolder::Folders& top) {
 
 /// The item that holds the list of preferred accounts.
 bool holdsList(const Globals& globals, const outlook::Folder& folder) {
-    const auto items = folder.items();
-    const std::int32_t count = items.count();
-    for (std::int32_t index = 1; index <= count; ++index) {
-        const redemption::SafeItem item(globals.platform.automation, items.item(index));
+    for (const outlook::Item found : folder.items()) {
+        const redemption::SafeItem item(globals.platform.automation, found);
         if (text::equalsTrimmed(item.subject(), accounts::listFolder::listSubject)) {
             return true;
         }

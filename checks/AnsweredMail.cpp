@@ -52,10 +52,9 @@ std::wstring MailRecipient::shown() const {
 std::vector<MailRecipient> readRecipients(mail::Globals& globals,
                                           const outlook::Collection<redemption::Recipient>& recipients) {
     const redemption::MapiCleanUp cleanUp(globals.platform.automation);
-    const std::int32_t count = recipients.count();
     std::vector<MailRecipient> all;
-    for (std::int32_t index = 1; index <= count; ++index) {
-        all.push_back(readRecipient(recipients.item(index)));
+    for (const redemption::Recipient recipient : recipients) {
+        all.push_back(readRecipient(recipient));
     }
     return all;
 }

@@ -25,11 +25,8 @@ void readEntry(AnsweredMail& answered, const outlook::AddressEntry& entry, MailR
 }  // namespace
 
 std::vector<MailRecipient> readResponse(AnsweredMail& answered, const outlook::Item& response) {
-    const auto recipients = response.recipients();
-    const std::int32_t count = recipients.count();
     std::vector<MailRecipient> all;
-    for (std::int32_t index = 1; index <= count; ++index) {
-        const outlook::Recipient recipient = recipients.item(index);
+    for (const outlook::Recipient recipient : response.recipients()) {
         MailRecipient& read = all.emplace_back();
         mail::skipErrors([&] { read.name = recipient.name(); });
         read.unknown = !mail::skipErrors([&] { readEntry(answered, recipient.addressEntry(), read); });

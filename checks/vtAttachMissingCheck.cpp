@@ -72,10 +72,7 @@ class IgnoredNames {
 bool hasAttachment(const Globals& globals, const redemption::SafeItem& mail) {
     const IgnoredNames ignored(globals);
     std::vector<std::wstring> contentIds;
-    const auto attachments = mail.attachments();
-    const std::int32_t count = attachments.count();
-    for (std::int32_t index = 1; index <= count; ++index) {
-        const redemption::Attachment attachment = attachments.item(index);
+    for (const redemption::Attachment attachment : mail.attachments()) {
         if (ignored.contain(attachment)) {
             continue;
         }

@@ -123,11 +123,8 @@ redemption::Session OutgoingMail::session() {
 
 std::vector<OutgoingMail::NamedAccount> OutgoingMail::accounts() {
     const auto read = [&] {
-        const auto order = session().accountsInOrder();
-        const std::int32_t count = order.count();
         std::vector<NamedAccount> accounts;
-        for (std::int32_t index = 1; index <= count; ++index) {
-            redemption::Account account = order.item(index);
+        for (const redemption::Account account : session().accountsInOrder()) {
             accounts.push_back({account.name(), account});
         }
         return accounts;

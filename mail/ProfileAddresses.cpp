@@ -21,11 +21,9 @@ std::optional<std::wstring> vtAccountsEmailAddress(Globals& globals) {
         globals, ErrorReport::module(L"vtAccountsEmailAddress"),
         [&]() -> std::optional<std::wstring> {
             const redemption::Session session(globals);
-            const auto accounts = session.accountsInOrder();
-            const std::int32_t count = accounts.count();
             std::wstring addresses;
-            for (std::int32_t index = 1; index <= count; ++index) {
-                const std::wstring address = accountAddress(globals, accounts.item(index));
+            for (const redemption::Account account : session.accountsInOrder()) {
+                const std::wstring address = accountAddress(globals, account);
                 if (!address.empty()) {
                     addresses += (addresses.empty() ? L"" : L";") + address;
                 }
@@ -40,10 +38,7 @@ std::wstring ExchangeAccountSMTPAddress(Globals& globals) {
                       [&]() -> std::wstring {
                           const redemption::Session session(globals);
                           session.logonIfNeeded();
-                          const auto stores = session.stores();
-                          const std::int32_t count = stores.count();
-                          for (std::int32_t index = 1; index <= count; ++index) {
-                              const redemption::Store store = stores.item(index);
+                          for (const redemption::Store store : session.stores()) {
                               if (store.kind() == redemption::primaryExchangeStore) {
                                   return store.owner().smtpAddress();
                               }

@@ -77,13 +77,34 @@ class Front {
     automation::Object object_;
 };
 
-/// Any collection of the object model; counts from 1.
+/// Any collection of the object model; counts from 1. A loop over one asks for Count once, at its start, and
+/// for each Item when its turn comes.
 template <class Element>
 class Collection : public Front {
   public:
     using Front::Front;
     std::int32_t count() const { return object_.get(L"Count").toInteger(); }
     Element item(std::int32_t index) const { return Element(object_.get(L"Item", index).toObject()); }
+
+    struct End {
+        std::int32_t count;
+    };
+    class Iterator {
+      public:
+        explicit Iterator(const Collection& collection) : collection_(&collection) {}
+        Element operator*() const { return collection_->item(index_); }
+        Iterator& operator++() {
+            ++index_;
+            return *this;
+        }
+        bool operator==(End end) const { return index_ > end.count; }
+
+      private:
+        const Collection* collection_;
+        std::int32_t index_ = 1;
+    };
+    Iterator begin() const { return Iterator(*this); }
+    End end() const { return {count()}; }
 };
 
 class AddressEntry : public Front {
