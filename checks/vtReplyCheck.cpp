@@ -67,7 +67,6 @@ void deleteForGood(const Globals& globals, const outlook::Item& item) {
 }
 
 void openSaved(const Globals& globals, const outlook::Item& reply) {
-    reply.save();
     try {
         reply.recipients().object().call(L"ResolveAll");
         reply.save();
