@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 
 #include "tests/accounts/AccountsWorld.h"
@@ -29,6 +30,22 @@ TEST(StoredList, IsMadeOnceInItsFolder) {
     EXPECT_EQ(world.loaded(), (Entries{{L"bob@example.org", L"Home"}}));
     EXPECT_EQ(world.outlook.itemsIn(tarnwellFolder).size(), 1U);
     EXPECT_TRUE(world.log.messages.empty());
+}
+
+/// The connector of Google Apps would carry a saved draft to the server before it is in its folder.
+TEST(StoredList, IsSavedBeforeItIsMovedUnlessTheConnectorWouldCarryItOff) {
+    for (const auto& [store, saves] : {std::pair{L"Personal Folders", 1}, {L"Google Apps", 0}}) {
+        host::Profile profile;
+        profile.folders = {tarnwellFolder};
+        profile.stores[0].name = store;
+        TestWorld world({}, profile);
+        accounts::clsSendAcct list(world.globals);
+        list.Initialise();
+        world.outlook.meter()->record(true);
+        EXPECT_TRUE(list.LoadList());
+        EXPECT_EQ(std::ranges::count(world.outlook.meter()->log(), L"SafeMailItem.Save"), saves);
+        EXPECT_EQ(world.outlook.view(world.outlook.itemsIn(tarnwellFolder).at(0)).body, accounts::emptyList);
+    }
 }
 
 TEST(StoredList, FirstItemOfThatSubjectHoldsIt) {
@@ -192,6 +209,8 @@ TEST(StoredList, SurvivesEveryFailure) {
 
             ASSERT_EQ(world.outlook.itemsIn(tarnwellFolder).size(), 1U) << "call " << call;
             EXPECT_EQ(world.stored() == twoEntries, !changed) << "call " << call;
+            EXPECT_TRUE(world.outlook.itemsIn(tarnwellFolder)[0].get(L"Saved").toBool())
+                << "Outlook would store later what was given up, call " << call;
             EXPECT_EQ(world.list.ErrorReport.empty(), changed) << "call " << call;
             EXPECT_EQ(world.loaded().size(), world.stored().size()) << "call " << call;
         }

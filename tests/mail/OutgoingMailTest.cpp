@@ -106,6 +106,24 @@ TEST(OutgoingMail, HoldsNothingOnceReleased) {
     EXPECT_EQ(sending.outlook.meter()->log().back(), L"MAPIUtils.CleanUp");
 }
 
+/// Else a setting that lists addresses would be found to list nobody, or everybody.
+TEST(OutgoingMail, PassesOverRecipientsWithoutAnAddress) {
+    TestWorld world;
+    host::Message message = budget();
+    message.to = {{.name = L"Hidden", .address = L"/o=x/cn=hidden", .type = L"EX"},
+                  {.name = L"Team", .address = L"team", .type = L"MAPIPDL"},
+                  message.to[0],
+                  {.name = L"Carl", .address = L"carl@example.org"}};
+    mail::OutgoingMail sent(world.globals, outlook::Item(world.outlook.receive(message)));
+    std::vector<std::wstring> offered;
+    const auto found = sent.findRecipientAddress([&](const std::wstring& address) {
+        offered.push_back(address);
+        return address.starts_with(L"carl");
+    });
+    EXPECT_EQ(found, L"carl@example.org");
+    EXPECT_EQ(offered, (std::vector<std::wstring>{L"bob@example.org", L"carl@example.org"}));
+}
+
 TEST(OutgoingMail, HasAnUnknownAddressWhereOneCannotBeRead) {
     Sending sending;
     sending.mail.stored();

@@ -49,6 +49,38 @@ TEST(RecipientEmail, GivesTheSmtpAddressOfEveryKind) {
     }
 }
 
+TEST(RecipientEmail, ResolvesFirstWhereThatIsWanted) {
+    const Address exchangeList{.name = L"All",
+                               .address = L"/o=x/cn=all",
+                               .type = L"EX",
+                               .smtpAddress = L"all@example.org",
+                               .distributionList = true};
+    const struct {
+        const char* name;
+        const wchar_t* version;
+        Address address;
+        bool recogniseLists;
+        std::wstring expected;
+    } cases[] = {
+        {"of the address book", L"14.0", {.name = L"Ann"}, false, L"ann@example.org"},
+        {"person", L"14.0", exchange, true, L"bob@example.org"},
+        {"list", L"14.0", exchangeList, true, L"General"},
+        {"list by its address", L"14.0", exchangeList, false, L"all@example.org"},
+        {"list before version 12", L"11.0", exchangeList, true, L"all@example.org"},
+    };
+    for (const auto& given : cases) {
+        TestWorld world({}, {.version = given.version, .addressBook = {smtp}});
+        host::Message message;
+        message.to = {given.address};
+        const redemption::SafeItem mail(world.outlook.automation(),
+                                        outlook::Item(world.outlook.receive(message)));
+        EXPECT_EQ(RecipientEmail(world.globals, mail.recipients().item(1),
+                                 {.resolveFirst = true, .recogniseLists = given.recogniseLists}),
+                  given.expected)
+            << given.name;
+    }
+}
+
 TEST(RecipientEmail, SaysThatARecipientCannotBeResolved) {
     TestWorld world({L"Veltro Invalid E-mail Address=OK"});
     host::Message message;
