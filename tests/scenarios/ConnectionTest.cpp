@@ -43,6 +43,85 @@ TEST(Connection, SurvivesTheClosingOfTheLastWindow) {
     EXPECT_TRUE(guards(bench));
 }
 
+TEST(Connection, OutlivesOtherWindowsWhileAMailIsOpen) {
+    Bench bench({.settings = {{L"DisplayConfirmation", L"1"}},
+                 .answers = {L"Attachment(s) missing=Yes", L"Confirm=No"}});
+    const auto mail = bench.outlook().openNewMail(plainMail(L"Budget", promise));
+    const auto otherMail = bench.outlook().openNewMail(plainMail());
+    bench.outlook().closeExplorer(bench.outlook().explorers().front());
+    bench.outlook().closeInspector(otherMail);
+    EXPECT_EQ(bench.outlook().send(mail).state, SendState::Cancelled);
+    EXPECT_EQ(bench.prompts().size(), 2U);
+}
+
+/// What runs without a window is none of the add-in's business.
+TEST(Connection, LetsGoOfOutlookWithTheLastWindow) {
+    for (const bool mailLast : {false, true}) {
+        Bench bench;
+        const auto draft = bench.outlook().store(L"Drafts", plainMail());
+        const auto other = bench.outlook().store(L"Drafts", plainMail());
+        const auto callsOf = [&](const automation::Object& item) {
+            const std::size_t before = bench.outlook().calls();
+            bench.outlook().sendByProgram(item);
+            return bench.outlook().calls() - before;
+        };
+        if (mailLast) {
+            bench.outlook().openNewMail(plainMail());
+        }
+        bench.outlook().closeExplorer(bench.outlook().explorers().front());
+        if (mailLast) {
+            EXPECT_GT(callsOf(draft), 0U);
+            bench.outlook().closeInspector(bench.outlook().inspectors().front());
+        }
+        EXPECT_EQ(callsOf(other), 0U) << mailLast;
+    }
+}
+
+/// Outlook lets events in while it is called: a main window opens inside each call of the start.
+TEST(Connection, WatchesAWindowThatOpensMeanwhileOnce) {
+    std::size_t checked = 0;
+    bool inside = true;
+    for (std::size_t call = 1; inside; ++call) {
+        Bench bench({.answers = {L"BCCed e-mail=Yes", L"frmReplyMultRecipt=cmdOK", L"BCCed e-mail=Yes",
+                                 L"frmReplyMultRecipt=cmdOK"},
+                     .connected = false});
+        inside = false;
+        bench.outlook().duringCall(call, [&] {
+            inside = true;
+            bench.outlook().openExplorer();
+        });
+        bench.connect();
+        bench.outlook().duringCall(0, nullptr);
+        const auto item = bench.outlook().receive(plainMail());
+        bench.outlook().select(bench.outlook().explorers().back(), {item});
+        bench.outlook().replyAll(item);
+        EXPECT_LE(bench.prompts().size(), 2U) << "call " << call;
+        checked += bench.prompts().size() / 2;
+    }
+    EXPECT_GT(checked, 1U);
+}
+
+TEST(Connection, LeavesMainWindowsAloneAfterAStartWithoutAny) {
+    Bench bench({.profile = startedWith(0, 0)});
+    const auto window = bench.outlook().openExplorer();
+    const auto item = bench.outlook().receive(plainMail());
+    bench.outlook().select(window, {item});
+    bench.outlook().replyAll(item);
+    EXPECT_TRUE(bench.prompts().empty());
+}
+
+TEST(Connection, HoldsNothingOfWindowsThatItDoesNotWatch) {
+    const auto held = [](int itemClass) {
+        Bench bench;
+        host::Message message = plainMail();
+        message.itemClass = itemClass;
+        bench.outlook().openNewMail(message);
+        bench.outlook().openNewMail(plainMail());
+        return bench.world().heldObjects();
+    };
+    EXPECT_LT(held(host::itemClass::note), held(host::itemClass::post));
+}
+
 TEST(Connection, KeepsGuardingThroughAThousandWindows) {
     Bench bench({.answers = {L"Attachment(s) missing=No"}});
     for (int window = 0; window < 1000; ++window) {
