@@ -1,11 +1,16 @@
 #include <gtest/gtest.h>
 
 #include "platform/civilTime.h"
+#include "platform/outlook.h"
+#include "platform/text.h"
 #include "tests/scenarios/Bench.h"
 
 namespace {
 
 using Settings = std::map<std::wstring, std::wstring>;
+
+/// An event of items.
+constexpr std::int32_t propertyChange = 0xF009;
 
 const host::Address ann{.name = L"Ann", .address = L"ann@example.com"};
 const host::Address me{.name = L"Me", .address = L"me@example.org"};
@@ -52,6 +57,11 @@ INSTANTIATE_TEST_SUITE_P(
                     Subject{"No", L"SPAM-LOW: Budget", {L"frmRemoveSpam=cmdNo"}, L"SPAM-LOW: Budget"},
                     Subject{"AnyCaseAnywhere", L"a Spam-Med: b", {L"frmRemoveSpam=cmdYes"}, L"a  b"},
                     Subject{"WithoutAsking", L"SPAM-HIGH: x", {}, L"x", {{L"AutoRemoveSpamWords", L"1"}}},
+                    Subject{"NoGapWhereAMarkWas",
+                            L"SPAM-HIGH:  x",
+                            {},
+                            L"x",
+                            {{L"AutoRemoveSpamWords", L"1"}, {L"CheckMultipleReFwd", L"False"}}},
                     Subject{
                         "SwitchedOff", L"SPAM-LOW: x", {}, L"SPAM-LOW: x", {{L"RemoveSpamWords", L"False"}}},
                     Subject{"NoPhrases", L"SPAM-LOW: x", {}, L"SPAM-LOW: x", {{L"SpamKeyWords", L""}}}),
@@ -119,6 +129,46 @@ TEST(OldMail, AgesAtMidnight) {
         message.deliveryTime = platform::toDate(given.delivered);
         bench.outlook().reply(selected(bench, message));
         EXPECT_EQ(bench.prompts().size(), given.asked ? 1U : 0U) << given.name;
+    }
+}
+
+/// Outlook asks whether to save an answer of which something was set, be it to what it was.
+TEST(OldMail, IsAnsweredWithASubjectThatIsSetOnlyToAnotherOne) {
+    const struct {
+        std::vector<std::wstring> answers;
+        std::vector<host::Address> to;
+        std::wstring subject;
+        int changes;
+    } cases[] = {
+        {{L"frmOldSubject=cmdOK"}, {me}, L"RE: Budget", 0},
+        {{L"frmOldSubject=txtSubject=RE: New; cmdOK"}, {me}, L"RE: New", 1},
+        {{L"frmOldSubject=txtSubject=lost; {Escape}"}, {me}, L"RE: Budget", 0},
+        {{L"frmOldSubject=cmdOK", L"frmReplyMultRecipt=cmdCancel"}, {me, ann}, L"RE: Budget", 0},
+    };
+    for (const auto& given : cases) {
+        Bench bench({.answers = given.answers});
+        host::Message message = received(L"Budget");
+        message.to = given.to;
+        message.deliveryTime = automation::Date{36526};
+        const auto item = bench.outlook().receive(message);
+        int changes = 0;
+        std::vector<automation::Subscription> watched;
+        const auto count = [&](std::int32_t event, std::span<automation::Value>) {
+            changes += event == propertyChange ? 1 : 0;
+        };
+        watched.push_back(automation::subscribe(
+            item, outlook::events::item, [&](std::int32_t event, std::span<automation::Value> arguments) {
+                if (event == outlook::events::itemReply) {
+                    watched.push_back(
+                        automation::subscribe(arguments[0].toObject(), outlook::events::item, count));
+                }
+            }));
+        bench.outlook().select(bench.outlook().explorers().front(), {item});
+        const auto windows = bench.outlook().reply(item).newInspectors;
+        ASSERT_EQ(windows.size(), 1U);
+        EXPECT_EQ(bench.outlook().view(bench.outlook().itemOf(windows[0])).subject, given.subject);
+        EXPECT_EQ(bench.prompts().size(), given.answers.size());
+        EXPECT_EQ(changes, given.changes) << text::toUtf8(given.answers[0]);
     }
 }
 

@@ -9,6 +9,13 @@ namespace {
 using namespace replies;
 
 const host::Address team{.name = L"Team", .address = L"team", .type = L"MAPIPDL", .members = {me}};
+const host::Address everybody{.name = L"Everybody",
+                              .address = L"/o=x/cn=all",
+                              .type = L"EX",
+                              .smtpAddress = L"all@example.com",
+                              .distributionList = true};
+const host::Address hidden{.name = L"Hidden", .address = L"/o=x/cn=hidden", .type = L"EX"};
+const host::Address nobody{.name = L"nobody", .address = L"", .resolvable = false};
 
 struct BlindCopy {
     const char* name;
@@ -57,13 +64,24 @@ host::Message sentByMe() {
     return message;
 }
 
+/// Asking for its sender's address would end in a message.
+host::Message fromNobody() {
+    host::Message message = mailTo({bob, me});
+    message.from = host::Address{.name = L"System"};
+    return message;
+}
+
 INSTANTIATE_TEST_SUITE_P(
     Mails, BlindCopyWarning,
     testing::Values(BlindCopy{"InTo", mailTo({bob, me}), {}, false},
                     BlindCopy{"InCc", mailTo({bob}, {me}), {}, false},
                     BlindCopy{"Blind", mailTo({bob, carl}), {}, true, appears},
                     BlindCopy{"PerhapsInAList", mailTo({team}), {}, true, may},
+                    BlindCopy{"PerhapsInAnExchangeList", mailTo({everybody}), {}, true, may},
+                    BlindCopy{"PerhapsOneOfUnknownAddress", mailTo({hidden}), {}, true, may},
+                    BlindCopy{"PerhapsTheUnresolvedOne", mailTo({nobody}), {}, true, may},
                     BlindCopy{"OwnMail", sentByMe(), {}, false},
+                    BlindCopy{"FromNobody", fromNobody(), {}, false},
                     BlindCopy{"SwitchedOff", mailTo({bob}), {{L"ReplyALL_BCC", L"False"}}, false},
                     BlindCopy{"ListedAddresses",
                               mailTo({bob}),
@@ -208,6 +226,25 @@ INSTANTIATE_TEST_SUITE_P(
         Plain{"ReplyTo", withReplyTo(mailTo({bob, me}), carl), L"frmReplyMultRecipt=cmdOK", true, {L"Carl"}}),
     [](const auto& test) { return test.param.name; });
 
+/// Where the user's own addresses cannot be read nothing is known of a blind copy.
+TEST(UnreadableOwnAddresses, AskNothing) {
+    for (const auto kind : {host::ReplyKind::Reply, host::ReplyKind::ReplyAll}) {
+        Bench bench({.settings = quiet({{L"ReplyMultiple", L"True"}, {L"ReplyALL_BCC", L"True"}}),
+                     .answers = {L"Veltro=OK"}});
+        const auto item = selected(bench, mailTo({bob, carl}));
+        std::function<void()> failReading = [&] {
+            const bool reading = bench.outlook().meter()->log().back() == L"RDOSession.Accounts";
+            bench.outlook().failCall(reading ? 1 : 0);
+            bench.outlook().duringCall(reading ? 0 : 1, failReading);
+        };
+        bench.outlook().meter()->record(true);
+        bench.outlook().duringCall(1, failReading);
+        EXPECT_TRUE(bench.outlook().answer(kind, item).opened);
+        ASSERT_EQ(bench.prompts().size(), 1U);
+        EXPECT_NE(bench.prompts()[0].text.find(L"vtAccountsEmailAddress"), std::wstring::npos);
+    }
+}
+
 TEST(ReplyFromAWindow, IsCheckedOnce) {
     Bench bench({.settings = quiet({{L"ReplyALL_BCC", L"True"}}), .answers = {L"BCCed e-mail=Yes"}});
     const auto item = selected(bench, mailTo({bob}));
@@ -285,7 +322,6 @@ TEST(ReplyTwice, IsCheckedTwice) {
 TEST(UnresolvedRecipient, NeitherHidesTheUserNorStopsTheOthers) {
     Bench bench({.settings = quiet({{L"ReplyALL_BCC", L"True"}, {L"ReplyAllAny", L"True"}}),
                  .answers = {L"frmReplyMultRecipt=lstRecipients=1,3; cmdOK"}});
-    const host::Address nobody{.name = L"nobody", .address = L"", .resolvable = false};
     const auto outcome = bench.outlook().replyAll(selected(bench, mailTo({nobody, bob, me})));
     const Names names = namesOf(bench, outcome.item);
     EXPECT_EQ(std::ranges::find(names, L"Bob"), names.end());

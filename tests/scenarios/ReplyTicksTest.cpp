@@ -150,6 +150,12 @@ TEST(UntickedRecipient, IsNotTakenForANamesake) {
     EXPECT_EQ(recipients[2].address.address, boss.address);
 }
 
+TEST(UntickedRecipient, StaysWhereTheSameOneIsStillTicked) {
+    Bench bench({.answers = {L"frmReplyMultRecipt=lstRecipients=2,3; cmdOK"}});
+    const auto outcome = bench.outlook().replyAll(selected(bench, mailTo({bob, me}, {bob})));
+    EXPECT_EQ(namesOf(bench, outcome.item), (Names{L"Ann", L"Bob"}));
+}
+
 TEST(OfferedRecipients, IncludeTheUserWhereNothingTakesThemOff) {
     Bench bench({.settings = {{L"ReplyAllAutoRemove", L"False"}}, .answers = {L"frmReplyMultRecipt=cmdOK"}});
     bench.outlook().reply(selected(bench, mailTo({bob, me})));
