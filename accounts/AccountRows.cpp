@@ -12,8 +12,8 @@ namespace accounts {
 
 namespace {
 
-/// Editors add non-breaking spaces to a plain body: then they are dropped. Or they replace its spaces by them:
-/// then the text cannot be read without, and they are turned into spaces.
+/// Editors add non-breaking spaces to a plain body: then they are dropped. Or they replace its spaces by
+/// them: then the text cannot be read without, and they are turned into spaces.
 rowset::Rowset readBody(std::wstring body, const rowset::Limits& limits) {
     if (body.find(text::nonBreakingSpace) == std::wstring::npos) {
         return rowset::readRowset(body, limits);

@@ -19,7 +19,7 @@ namespace host {
 /// with no result answers an empty value.
 template <class T>
 struct Member {
-    const wchar_t* name;
+    const wchar_t* name;  // GCC 12 takes no constinit list of rows that hold a view.
     std::int32_t id = dispatchId::unlisted;
     automation::Value (*get)(T& object, Arguments arguments) = nullptr;
     void (*put)(T& object, Arguments index, const automation::Value& value) = nullptr;

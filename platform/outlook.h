@@ -64,7 +64,7 @@ inline constexpr std::int32_t itemForward = 0xF468;
 inline constexpr std::int32_t commandBarButtonClick = 1;
 }  // namespace events
 
-/// Base of the fronts: a reference to the object, or nothing. As with a pointer, const is the reference alone.
+/// Base of the fronts: a reference to an object, or nothing; const, as with a pointer, is the reference.
 class Front {
   public:
     Front() = default;

@@ -94,7 +94,7 @@ TEST_F(HostServerTest, AScriptCreatesTheOutlookThatRunsAndWalksItsItems) {
     EXPECT_EQ(outlook.view(drafts[0]).subject, L"OneTwo");
 }
 
-/// The part of another process in the next test.
+/// What another process does in the next test.
 TEST(AnotherProcess, DISABLED_SavesADraft) {
     CoInitialize(nullptr);
     {
