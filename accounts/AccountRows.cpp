@@ -42,9 +42,7 @@ AccountRows::AccountRows(std::wstring body, const rowset::Limits& limits)
     : rows_(readBody(std::move(body), limits)),
       address_(required(rows_, L"strEmailAddress")),
       account_(required(rows_, L"strAccount")) {
-    if (rows_.count() > 0) {
-        rows_.sort(address_);
-    }
+    rows_.sort(address_);
 }
 
 void AccountRows::set(AccountEntry entry) {
@@ -64,9 +62,7 @@ void AccountRows::takeMissing(const AccountRows& other) {
             set({other.address(row), other.account(row)});
         }
     }
-    if (count() > 0) {
-        rows_.sort(address_);
-    }
+    rows_.sort(address_);
 }
 
 }  // namespace accounts
