@@ -55,14 +55,14 @@ AttachmentObject::AttachmentObject(World& world, std::shared_ptr<Item> item, std
 
 void AttachmentObject::checkUsable() const {
     item_->checkUsable();
-    const AttachmentList& list = attachmentsOf(*item_, safe_);
+    const AttachmentList& list = item_->side(safe_).attachments;
     if (std::ranges::find(list, data_) == list.end()) {
         raise::objectNotFound();
     }
 }
 
 void AttachmentObject::remove() {
-    std::erase(attachmentsOf(*item_, safe_), data_);
+    std::erase(item_->side(safe_).attachments, data_);
     noteChange(*item_, safe_);
 }
 

@@ -8,11 +8,6 @@
 
 namespace host {
 
-/// The list on Outlook's side of an item, or on that of the MAPI library.
-inline AttachmentList& attachmentsOf(Item& item, bool safe) {
-    return (safe ? item.message() : item.content()).attachments;
-}
-
 /// The attachments of an item, Outlook's or Redemption's.
 class Attachments : public Collection<Attachments> {
   public:
@@ -22,7 +17,7 @@ class Attachments : public Collection<Attachments> {
 
     std::wstring className() const override { return safe_ ? L"SafeAttachments" : L"Attachments"; }
     void checkUsable() const override { item_->checkUsable(); }
-    AttachmentList& list() const { return attachmentsOf(*item_, safe_); }
+    AttachmentList& list() const { return item_->side(safe_).attachments; }
     automation::Object at(std::size_t index) const;
     void changed();
 

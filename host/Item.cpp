@@ -20,10 +20,6 @@ constexpr std::uint32_t primarySendAccount = 0x0E28001E;
 constexpr std::uint32_t nextSendAccount = 0x0E29001E;
 }  // namespace stampTag
 
-std::wstring_view nameOf(const Address& address) {
-    return address.name.empty() ? address.address : address.name;
-}
-
 /// Takes over some parts of another content, which need not be noted any more.
 void takeParts(ItemContent& content, Parts& parts, const ItemContent& from) {
     for (std::size_t index = 0; index < partCount; ++index) {

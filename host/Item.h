@@ -35,6 +35,8 @@ class Item : public Automated<Item> {
     const ItemContent& content() const noexcept { return content_; }
     ItemContent& message() noexcept { return message_; }
     const ItemContent& message() const noexcept { return message_; }
+    /// The MAPI library's side, or Outlook's.
+    ItemContent& side(bool ofMapi) noexcept { return ofMapi ? message_ : content_; }
     bool isMail() const noexcept { return content_.itemClass == itemClass::mail; }
     bool gone() const noexcept { return gone_; }
     const std::wstring& entryId() const noexcept { return entryId_; }

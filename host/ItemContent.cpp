@@ -21,10 +21,6 @@ void detach(std::vector<std::shared_ptr<T>>& list) {
     }
 }
 
-std::wstring_view nameOf(const Address& address) {
-    return address.name.empty() ? address.address : address.name;
-}
-
 /// Replaces a list by copies of another one's elements.
 template <class T>
 void takeList(std::vector<std::shared_ptr<T>>& list, const std::vector<std::shared_ptr<T>>& from) {

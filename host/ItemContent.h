@@ -64,6 +64,11 @@ struct UserPropertyData {
 };
 using UserPropertyList = std::vector<std::shared_ptr<UserPropertyData>>;
 
+/// What an address is shown as.
+inline const std::wstring& nameOf(const Address& address) {
+    return address.name.empty() ? address.address : address.name;
+}
+
 /// What an item holds, apart from where it is kept.
 struct ItemContent {
     int itemClass = itemClass::mail;

@@ -86,7 +86,7 @@ void Recipient::checkUsable() const {
 }
 
 RecipientList::iterator Recipient::place() const {
-    RecipientList& list = listOf(*item_, list_, safe_);
+    RecipientList& list = item_->side(safe_).*list_;
     if (data_->place < list.size() && list[data_->place] == data_) {
         return list.begin() + static_cast<std::ptrdiff_t>(data_->place);
     }
@@ -109,7 +109,7 @@ bool Recipient::sameAs(const Target& other) const {
 }
 
 std::wstring Recipient::name() const {
-    return address().name.empty() ? address().address : address().name;
+    return nameOf(address());
 }
 
 /// A name that is not resolved stands for no entry yet.
@@ -121,7 +121,7 @@ void Recipient::remove() {
     if (!item_) {
         raise::operationFailed();
     }
-    listOf(*item_, list_, safe_).erase(place());
+    (item_->side(safe_).*list_).erase(place());
     changed();
 }
 

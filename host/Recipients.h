@@ -8,11 +8,6 @@
 
 namespace host {
 
-/// The list on Outlook's side of an item, or on that of the MAPI library.
-inline RecipientList& listOf(Item& item, RecipientList ItemContent::*list, bool safe) {
-    return (safe ? item.message() : item.content()).*list;
-}
-
 /// Recipients or ReplyRecipients of an item, Outlook's or Redemption's.
 class Recipients : public Collection<Recipients> {
   public:
@@ -22,7 +17,7 @@ class Recipients : public Collection<Recipients> {
 
     std::wstring className() const override { return safe_ ? L"SafeRecipients" : L"Recipients"; }
     void checkUsable() const override { item_->checkUsable(); }
-    RecipientList& list() const { return listOf(*item_, list_, safe_); }
+    RecipientList& list() const { return item_->side(safe_).*list_; }
     automation::Object at(std::size_t index) const;
     void changed();
     static bool isNamed(const std::shared_ptr<RecipientData>& recipient, std::wstring_view name) {
