@@ -17,11 +17,11 @@ namespace addin {
 /// latter when they shut down fast, so nothing depends on it.
 class Connect {
   public:
-    explicit Connect(const platform::Platform& world)
-        : trace_(world.system),
-          desktop_(world.desktop, globals_),
-          platform_{world.automation, desktop_,    world.settings, world.registry,
-                    world.resources,  world.clock, world.system},
+    explicit Connect(const platform::Platform& ports)
+        : trace_(ports.system),
+          desktop_(ports.desktop, globals_),
+          platform_{ports.automation, desktop_,    ports.settings, ports.registry,
+                    ports.resources,  ports.clock, ports.system},
           globals_(platform_),
           wrappers_(globals_) {}
 
@@ -58,7 +58,7 @@ class Connect {
     /// This thread's while the add-in lives: made before what it hears of, and gone after.
     mail::Trace trace_;
     settings::AlertingDesktop desktop_;
-    /// The world with that desktop.
+    /// The ports with that desktop.
     platform::Platform platform_;
     mail::Globals globals_;
     WindowWrappers wrappers_;

@@ -1,13 +1,13 @@
 #include "host/AddIns.h"
 
-#include "host/World.h"
+#include "host/Core.h"
 
 namespace host {
 
 using automation::Value;
 
-AddIn::AddIn(World& world, std::wstring progId, std::wstring description)
-    : Automated(world), progId_(std::move(progId)), description_(std::move(description)) {}
+AddIn::AddIn(Core& core, std::wstring progId, std::wstring description)
+    : Automated(core), progId_(std::move(progId)), description_(std::move(description)) {}
 
 constinit const Members<AddIn> AddIn::members = {
     {.name = L"Description", .id = 0, .get = use<&AddIn::description_>, .put = set<&AddIn::description_>},
@@ -21,7 +21,7 @@ AddIn& AddIns::add(const std::wstring& progId, const std::wstring& description) 
     if (const auto known = find(progId)) {
         return *known;
     }
-    list_.push_back(world().make<AddIn>(progId, description.empty() ? progId : description));
+    list_.push_back(core().make<AddIn>(progId, description.empty() ? progId : description));
     return *list_.back();
 }
 

@@ -14,7 +14,7 @@ class AddIn : public Automated<AddIn> {
     static constexpr std::wstring_view defaultName = L"Description";
     static const Members<AddIn> members;
 
-    AddIn(World& world, std::wstring progId, std::wstring description);
+    AddIn(Core& core, std::wstring progId, std::wstring description);
 
     std::wstring className() const override { return L"COMAddIn"; }
     const std::wstring& progId() const noexcept { return progId_; }
@@ -33,7 +33,7 @@ class AddIns : public Collection<AddIns> {
     static constexpr auto noSuchName = raise::outOfBounds;
     static const Members<AddIns> members;
 
-    explicit AddIns(World& world) : Collection(world) {}
+    explicit AddIns(Core& core) : Collection(core) {}
 
     std::wstring className() const override { return L"COMAddIns"; }
     const std::vector<std::shared_ptr<AddIn>>& list() const noexcept { return list_; }

@@ -1,14 +1,14 @@
 #include "host/AddressEntry.h"
 
-#include "host/World.h"
+#include "host/Core.h"
 #include "host/mapiTag.h"
 
 namespace host {
 
 using automation::Value;
 
-AddressEntry::AddressEntry(World& world, Address address, bool safe)
-    : Automated(world), address_(std::move(address)), safe_(safe) {}
+AddressEntry::AddressEntry(Core& core, Address address, bool safe)
+    : Automated(core), address_(std::move(address)), safe_(safe) {}
 
 bool AddressEntry::sameAs(const Target& other) const {
     const auto* const entry = dynamic_cast<const AddressEntry*>(&other);
@@ -61,7 +61,7 @@ Value membersOf(AddressEntry& entry, Arguments) {
     if (displayTypeOf(entry.address()) == 0) {
         return automation::Object();
     }
-    return entry.world().makeObject<AddressEntries>(entry.address().members, entry.safe());
+    return entry.core().makeObject<AddressEntries>(entry.address().members, entry.safe());
 }
 
 }  // namespace
@@ -77,11 +77,11 @@ constinit const Members<AddressEntry> AddressEntry::members = {
     {.name = L"SMTPAddress", .get = use<&AddressEntry::smtpAddress>, .has = isSafe},
 };
 
-AddressEntries::AddressEntries(World& world, std::vector<Address> addresses, bool safe)
-    : Collection(world), addresses_(std::move(addresses)), safe_(safe) {}
+AddressEntries::AddressEntries(Core& core, std::vector<Address> addresses, bool safe)
+    : Collection(core), addresses_(std::move(addresses)), safe_(safe) {}
 
 automation::Object AddressEntries::at(std::size_t index) const {
-    return world().makeObject<AddressEntry>(addresses_[index], safe_);
+    return core().makeObject<AddressEntry>(addresses_[index], safe_);
 }
 
 constinit const Members<AddressEntries> AddressEntries::members = {

@@ -15,7 +15,7 @@ class AddressEntry : public Automated<AddressEntry> {
     static constexpr std::wstring_view defaultName = L"Name";
     static const Members<AddressEntry> members;
 
-    AddressEntry(World& world, Address address, bool safe);
+    AddressEntry(Core& core, Address address, bool safe);
 
     std::wstring className() const override { return safe_ ? L"SafeAddressEntry" : L"AddressEntry"; }
     bool sameAs(const Target& other) const override;
@@ -33,7 +33,7 @@ class AddressEntries : public Collection<AddressEntries> {
   public:
     static const Members<AddressEntries> members;
 
-    AddressEntries(World& world, std::vector<Address> addresses, bool safe);
+    AddressEntries(Core& core, std::vector<Address> addresses, bool safe);
 
     std::wstring className() const override { return L"AddressEntries"; }
     const std::vector<Address>& list() const noexcept { return addresses_; }

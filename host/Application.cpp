@@ -13,31 +13,31 @@ using automation::Value;
 namespace {
 
 std::shared_ptr<Item> createItem(Application& application, Arguments arguments) {
-    return newItem(application.world(), arguments[0].toInteger());
+    return newItem(application.core(), arguments[0].toInteger());
 }
 
 NameSpace& nameSpaceOf(Application& application, Arguments arguments) {
     if (!text::equalsIgnoringCase(arguments.text(0), L"MAPI")) {
         raise::operationFailed();
     }
-    return application.world().nameSpace();
+    return application.core().nameSpace();
 }
 
 std::shared_ptr<Explorer> activeExplorer(Application& application) {
-    return application.world().windows().topExplorer();
+    return application.core().windows().topExplorer();
 }
 
 }  // namespace
 
 void Application::quit() {
-    WindowList& windows = world().windows();
+    WindowList& windows = core().windows();
     while (!windows.inspectors().empty()) {
         windows.close(windows.inspectors().back());
     }
     while (!windows.explorers().empty()) {
         windows.close(windows.explorers().back());
     }
-    world().raise(events_, L"Quit", 0xF007);
+    core().raise(events_, L"Quit", 0xF007);
 }
 
 constinit const Members<Application> Application::members = {
@@ -49,8 +49,8 @@ constinit const Members<Application> Application::members = {
     {.name = L"ActiveExplorer", .id = 273, .call = use<activeExplorer>},
     {.name = L"ActiveInspector", .id = 274, .call = use<windowsOf, &WindowList::topInspector>},
     {.name = L"Quit", .id = 275, .call = use<&Application::quit>},
-    {.name = L"Version", .id = 278, .get = use<&Application::world, &World::profile, &Profile::version>},
-    {.name = L"COMAddIns", .id = 280, .get = use<&Application::world, &World::addIns>},
+    {.name = L"Version", .id = 278, .get = use<&Application::core, &Core::profile, &Profile::version>},
+    {.name = L"COMAddIns", .id = 280, .get = use<&Application::core, &Core::addIns>},
     {.name = L"Explorers", .id = 281, .get = use<windowsOf, &WindowList::explorerCollection>},
     {.name = L"Inspectors", .id = 282, .get = use<windowsOf, &WindowList::inspectorCollection>},
     {.name = L"ActiveWindow", .id = 287, .call = use<windowsOf, &WindowList::top>},

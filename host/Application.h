@@ -12,7 +12,7 @@ class Application : public Automated<Application> {
     static constexpr std::wstring_view defaultName = L"Name";
     static const Members<Application> members;
 
-    explicit Application(World& world) : Automated(world) {}
+    explicit Application(Core& core) : Automated(core) {}
 
     std::wstring className() const override { return L"Application"; }
     EventSource* eventSource() override { return &events_; }

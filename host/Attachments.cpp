@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "host/World.h"
+#include "host/Core.h"
 #include "host/mapiTag.h"
 
 namespace host {
@@ -21,11 +21,11 @@ void noteChange(Item& item, bool safe) {
 
 }  // namespace
 
-Attachments::Attachments(World& world, std::shared_ptr<Item> item, bool safe)
-    : Collection(world), item_(std::move(item)), safe_(safe) {}
+Attachments::Attachments(Core& core, std::shared_ptr<Item> item, bool safe)
+    : Collection(core), item_(std::move(item)), safe_(safe) {}
 
 automation::Object Attachments::at(std::size_t index) const {
-    return world().makeObject<AttachmentObject>(item_, list()[index], safe_);
+    return core().makeObject<AttachmentObject>(item_, list()[index], safe_);
 }
 
 automation::Object Attachments::add(Arguments arguments) {
@@ -33,8 +33,8 @@ automation::Object Attachments::add(Arguments arguments) {
     auto data = std::make_shared<Attachment>(Attachment{path.substr(path.find_last_of(L"\\/") + 1), {}});
     list().push_back(data);
     changed();
-    const auto added = world().makeObject<AttachmentObject>(item_, std::move(data), safe_);
-    world().raise(*item_->eventSource(), L"AttachmentAdd", 0xF00B, {added});
+    const auto added = core().makeObject<AttachmentObject>(item_, std::move(data), safe_);
+    core().raise(*item_->eventSource(), L"AttachmentAdd", 0xF00B, {added});
     return added;
 }
 
@@ -49,9 +49,9 @@ constinit const Members<Attachments> Attachments::members = {
     removeRow<Attachments>,
 };
 
-AttachmentObject::AttachmentObject(World& world, std::shared_ptr<Item> item, std::shared_ptr<Attachment> data,
+AttachmentObject::AttachmentObject(Core& core, std::shared_ptr<Item> item, std::shared_ptr<Attachment> data,
                                    bool safe)
-    : Automated(world), item_(std::move(item)), data_(std::move(data)), safe_(safe) {}
+    : Automated(core), item_(std::move(item)), data_(std::move(data)), safe_(safe) {}
 
 void AttachmentObject::checkUsable() const {
     item_->checkUsable();

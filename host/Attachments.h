@@ -13,7 +13,7 @@ class Attachments : public Collection<Attachments> {
   public:
     static const Members<Attachments> members;
 
-    Attachments(World& world, std::shared_ptr<Item> item, bool safe);
+    Attachments(Core& core, std::shared_ptr<Item> item, bool safe);
 
     std::wstring className() const override { return safe_ ? L"SafeAttachments" : L"Attachments"; }
     void checkUsable() const override { item_->checkUsable(); }
@@ -34,7 +34,7 @@ class AttachmentObject : public Automated<AttachmentObject> {
     static constexpr std::wstring_view defaultName = L"DisplayName";
     static const Members<AttachmentObject> members;
 
-    AttachmentObject(World& world, std::shared_ptr<Item> item, std::shared_ptr<Attachment> data, bool safe);
+    AttachmentObject(Core& core, std::shared_ptr<Item> item, std::shared_ptr<Attachment> data, bool safe);
 
     std::wstring className() const override { return safe_ ? L"SafeAttachment" : L"Attachment"; }
     void checkUsable() const override;

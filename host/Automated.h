@@ -166,7 +166,7 @@ class Automated : public HostObject {
     friend T;
     friend Collection<T>;
     friend Wrapper<T>;
-    explicit Automated(World& world) : HostObject(world) {}
+    explicit Automated(Core& core) : HostObject(core) {}
 
     static constexpr std::int32_t firstUnlisted = 50000;
 

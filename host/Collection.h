@@ -52,7 +52,7 @@ class Collection : public Automated<T> {
 
   private:
     friend T;
-    explicit Collection(World& world) : Automated<T>(world) {}
+    explicit Collection(Core& core) : Automated<T>(core) {}
 
     T& collection() { return static_cast<T&>(*this); }
     const T& collection() const { return static_cast<const T&>(*this); }

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "host/World.h"
+#include "host/Core.h"
 
 namespace host {
 
@@ -58,7 +58,7 @@ Value CommandBarControls::add(Arguments arguments) {
     }
     const bool temporary = arguments.has(4) && arguments[4].toBool();
     const std::size_t before = arguments.has(3) ? position(arguments[3], list_.size() + 1) : list_.size();
-    const auto control = world().make<CommandBarControl>(type, L"", temporary);
+    const auto control = core().make<CommandBarControl>(type, L"", temporary);
     insert(control, before);
     return control->object();
 }
@@ -69,10 +69,10 @@ constinit const Members<CommandBarControls> CommandBarControls::members = {
     {.name = L"Add", .call = use<&CommandBarControls::add>, .most = 5},
 };
 
-CommandBarControl::CommandBarControl(World& world, int type, std::wstring caption, bool temporary, int id)
-    : Automated(world), type_(type), caption_(std::move(caption)), temporary_(temporary), id_(id) {
+CommandBarControl::CommandBarControl(Core& core, int type, std::wstring caption, bool temporary, int id)
+    : Automated(core), type_(type), caption_(std::move(caption)), temporary_(temporary), id_(id) {
     if (type_ == controlType::popup) {
-        controls_ = world.make<CommandBarControls>();
+        controls_ = core.make<CommandBarControls>();
     }
 }
 
@@ -90,11 +90,11 @@ int CommandBarControl::index() const {
 }
 
 void CommandBarControl::press() {
-    world().raiseCancellable(events_, L"Click", 1, {object()});
+    core().raiseCancellable(events_, L"Click", 1, {object()});
 }
 
 std::shared_ptr<CommandBarControl> CommandBarControl::copy() const {
-    auto result = world().make<CommandBarControl>(type_, caption_, temporary_, id_);
+    auto result = core().make<CommandBarControl>(type_, caption_, temporary_, id_);
     result->beginGroup_ = beginGroup_;
     result->visible_ = visible_;
     result->enabled_ = enabled_;
@@ -156,7 +156,7 @@ constinit const Members<CommandBarControl> CommandBarControl::members = {
     {.name = L"Execute", .call = use<&CommandBarControl::press>},
 };
 
-CommandBar::CommandBar(World& world) : Automated(world), controls_(world.make<CommandBarControls>()) {}
+CommandBar::CommandBar(Core& core) : Automated(core), controls_(core.make<CommandBarControls>()) {}
 
 std::shared_ptr<CommandBarControl> CommandBar::find(Arguments typeAndId) const {
     const auto matches = [&](std::size_t argument, int value) {
@@ -175,8 +175,8 @@ constinit const Members<CommandBar> CommandBar::members = {
     {.name = L"FindControl", .call = use<&CommandBar::find>, .most = 2},
 };
 
-CommandBars::CommandBars(World& world, const CommandBars* model)
-    : Collection(world), menuBar_(world.make<CommandBar>()) {
+CommandBars::CommandBars(Core& core, const CommandBars* model)
+    : Collection(core), menuBar_(core.make<CommandBar>()) {
     CommandBarControls& menus = *menuBar_->controls();
     if (model) {
         menus.copyFrom(*model->menuBar_->controls());
@@ -193,7 +193,7 @@ CommandBars::CommandBars(World& world, const CommandBars* model)
                              {L"&Tools", 30007},
                              {L"&Actions"},
                              {L"&Help", 30010}}) {
-        menus.insert(world.make<CommandBarControl>(controlType::popup, menu.caption, false, menu.id),
+        menus.insert(core.make<CommandBarControl>(controlType::popup, menu.caption, false, menu.id),
                      menus.list().size());
     }
 }

@@ -24,7 +24,7 @@ class CommandBarControl : public Automated<CommandBarControl> {
     static const Members<CommandBarControl> members;
 
     /// `id` tells what Office's own controls are in any language; all others have 1.
-    CommandBarControl(World& world, int type, std::wstring caption, bool temporary, int id = 1);
+    CommandBarControl(Core& core, int type, std::wstring caption, bool temporary, int id = 1);
 
     std::wstring className() const override {
         return type_ == controlType::popup ? L"CommandBarPopup" : L"CommandBarButton";
@@ -74,7 +74,7 @@ class CommandBarControls : public Collection<CommandBarControls> {
     static constexpr auto noSuchName = raise::outOfBounds;
     static const Members<CommandBarControls> members;
 
-    explicit CommandBarControls(World& world) : Collection(world) {}
+    explicit CommandBarControls(Core& core) : Collection(core) {}
 
     std::wstring className() const override { return L"CommandBarControls"; }
     const std::vector<std::shared_ptr<CommandBarControl>>& list() const noexcept { return list_; }
@@ -97,7 +97,7 @@ class CommandBar : public Automated<CommandBar> {
     static constexpr std::wstring_view defaultName = L"Name";
     static const Members<CommandBar> members;
 
-    explicit CommandBar(World& world);
+    explicit CommandBar(Core& core);
     /// The first control of a type and with an id, where they are given.
     std::shared_ptr<CommandBarControl> find(Arguments typeAndId) const;
 
@@ -116,7 +116,7 @@ class CommandBars : public Collection<CommandBars> {
     static const Members<CommandBars> members;
 
     /// A new window takes over the menu of the one it is opened beside, as Outlook's do.
-    CommandBars(World& world, const CommandBars* model);
+    CommandBars(Core& core, const CommandBars* model);
 
     std::wstring className() const override { return L"CommandBars"; }
     CommandBar& menuBar() const { return *menuBar_; }

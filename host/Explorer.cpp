@@ -10,10 +10,10 @@ namespace host {
 
 using automation::Value;
 
-Explorer::Explorer(World& world, std::shared_ptr<Folder> folder, const Explorer* model)
-    : Automated(world),
+Explorer::Explorer(Core& core, std::shared_ptr<Folder> folder, const Explorer* model)
+    : Automated(core),
       folder_(std::move(folder)),
-      bars_(world.make<CommandBars>(model ? model->bars_.get() : nullptr)) {}
+      bars_(core.make<CommandBars>(model ? model->bars_.get() : nullptr)) {}
 
 void Explorer::checkUsable() const {
     if (closed_) {
@@ -35,21 +35,21 @@ bool Explorer::showFolder(const std::shared_ptr<Folder>& folder) {
     if (folder == folder_) {
         return true;
     }
-    if (world().raiseCancellable(events_, L"BeforeFolderSwitch", 0xF003, {folder->object()})) {
+    if (core().raiseCancellable(events_, L"BeforeFolderSwitch", 0xF003, {folder->object()})) {
         return false;
     }
     folder_ = folder;
     selection_.clear();
-    world().raise(events_, L"FolderSwitch", 0xF002);
-    world().raise(events_, L"SelectionChange", 0xF007);
+    core().raise(events_, L"FolderSwitch", 0xF002);
+    core().raise(events_, L"SelectionChange", 0xF007);
     return true;
 }
 
 void Explorer::select(const std::vector<std::shared_ptr<Item>>& items) {
     selection_.clear();
-    world().raise(events_, L"SelectionChange", 0xF007);
+    core().raise(events_, L"SelectionChange", 0xF007);
     selection_.assign(items.begin(), items.end());
-    world().raise(events_, L"SelectionChange", 0xF007);
+    core().raise(events_, L"SelectionChange", 0xF007);
 }
 
 namespace {
@@ -103,7 +103,7 @@ constinit const Members<Explorer> Explorer::members = {
     {.name = L"Selection",
      .id = 8706,
      .get = [](Explorer& explorer,
-               Arguments) { return Value(explorer.world().makeObject<Selection>(explorer.selection())); }},
+               Arguments) { return Value(explorer.core().makeObject<Selection>(explorer.selection())); }},
 };
 
 const std::vector<std::shared_ptr<Explorer>>& Explorers::list() const {
@@ -116,11 +116,11 @@ constinit const Members<Explorers> Explorers::members = {
     {.name = L"Add", .id = 95, .call = use<addExplorer>, .least = 1, .most = 2},
 };
 
-Selection::Selection(World& world, std::vector<std::shared_ptr<Item>> items)
-    : Collection(world), items_(std::move(items)) {}
+Selection::Selection(Core& core, std::vector<std::shared_ptr<Item>> items)
+    : Collection(core), items_(std::move(items)) {}
 
 automation::Object Selection::at(std::size_t index) const {
-    return world().makeObject<ItemAlias>(items_[index]);
+    return core().makeObject<ItemAlias>(items_[index]);
 }
 
 constinit const Members<Selection> Selection::members = {

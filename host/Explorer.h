@@ -18,7 +18,7 @@ class Explorer : public Automated<Explorer> {
     static constexpr std::wstring_view defaultName = L"Caption";
     static const Members<Explorer> members;
 
-    Explorer(World& world, std::shared_ptr<Folder> folder, const Explorer* model);
+    Explorer(Core& core, std::shared_ptr<Folder> folder, const Explorer* model);
 
     std::wstring className() const override { return L"Explorer"; }
     void checkUsable() const override;
@@ -51,7 +51,7 @@ class Explorers : public Collection<Explorers> {
   public:
     static const Members<Explorers> members;
 
-    explicit Explorers(World& world) : Collection(world) {}
+    explicit Explorers(Core& core) : Collection(core) {}
 
     std::wstring className() const override { return L"Explorers"; }
     const std::vector<std::shared_ptr<Explorer>>& list() const;
@@ -66,7 +66,7 @@ class Selection : public Collection<Selection> {
   public:
     static const Members<Selection> members;
 
-    Selection(World& world, std::vector<std::shared_ptr<Item>> items);
+    Selection(Core& core, std::vector<std::shared_ptr<Item>> items);
 
     std::wstring className() const override { return L"Selection"; }
     const std::vector<std::shared_ptr<Item>>& list() const noexcept { return items_; }

@@ -11,10 +11,10 @@ namespace host {
 using automation::Object;
 using automation::Value;
 
-Folder::Folder(World& world, std::wstring name, std::size_t store, int defaultItem)
-    : Automated(world),
+Folder::Folder(Core& core, std::wstring name, std::size_t store, int defaultItem)
+    : Automated(core),
       name_(std::move(name)),
-      entryId_(world.nextEntryId()),
+      entryId_(core.nextEntryId()),
       store_(store),
       defaultItem_(defaultItem) {}
 
@@ -22,12 +22,12 @@ namespace {
 
 Object parentOf(Folder& folder) {
     const auto parent = folder.parent();
-    return parent ? parent->object() : folder.world().nameSpace().object();
+    return parent ? parent->object() : folder.core().nameSpace().object();
 }
 
 template <class Children>
 Object childrenOf(Folder& folder) {
-    return folder.world().makeObject<Children>(folder.self<Folder>());
+    return folder.core().makeObject<Children>(folder.self<Folder>());
 }
 
 void moveFolder(Folder& folder, Arguments arguments) {
@@ -53,7 +53,7 @@ constinit const Members<Folder> Folder::members = {
     {.name = L"StoreID",
      .id = 12552,
      .get = [](Folder& folder,
-               Arguments) { return Value(folder.world().mailbox().stores().at(folder.store_).id); }},
+               Arguments) { return Value(folder.core().mailbox().stores().at(folder.store_).id); }},
     {.name = L"DefaultItemType", .id = 12550, .get = use<&Folder::defaultItem_>},
     {.name = L"Folders", .id = 8451, .get = use<childrenOf<Folders>>},
     {.name = L"Items", .id = 12544, .get = use<childrenOf<Items>>},
@@ -62,7 +62,7 @@ constinit const Members<Folder> Folder::members = {
     {.name = L"FolderPath",
      .id = 64120,
      .get = use<&Folder::path>,
-     .has = [](const Folder& folder) { return folder.world().majorVersion() > 9; }},
+     .has = [](const Folder& folder) { return folder.core().majorVersion() > 9; }},
 };
 
 void Folder::checkUsable() const {
@@ -77,7 +77,7 @@ std::wstring Folder::path() const {
 }
 
 void Folder::checkWritable() const {
-    if (world().mailbox().stores().at(store_).store.readOnly) {
+    if (core().mailbox().stores().at(store_).store.readOnly) {
         raise::noPermission();
     }
 }
@@ -93,7 +93,7 @@ std::shared_ptr<Folder> Folder::addFolder(const std::wstring& name, int defaultI
         raise::operationFailed();
     }
     checkWritable();
-    auto child = world().make<Folder>(name, store_, defaultItem);
+    auto child = core().make<Folder>(name, store_, defaultItem);
     child->parent_ = self<Folder>();
     folders_.push_back(child);
     return child;
@@ -101,7 +101,7 @@ std::shared_ptr<Folder> Folder::addFolder(const std::wstring& name, int defaultI
 
 void Folder::remove() {
     const auto above = parent();
-    if (!above || world().mailbox().isDefault(*this)) {
+    if (!above || core().mailbox().isDefault(*this)) {
         raise::operationFailed();
     }
     checkWritable();
@@ -128,7 +128,7 @@ void Folder::moveTo(Folder& target) {
     for (auto folder = target.self<Folder>(); folder; folder = folder->parent()) {
         insideItself = insideItself || folder.get() == this;
     }
-    if (!above || insideItself || target.folder(name_) || world().mailbox().isDefault(*this)) {
+    if (!above || insideItself || target.folder(name_) || core().mailbox().isDefault(*this)) {
         raise::operationFailed();
     }
     checkWritable();

@@ -19,7 +19,7 @@ class Folder : public Automated<Folder> {
     static constexpr std::wstring_view defaultName = L"Name";
     static const Members<Folder> members;
 
-    Folder(World& world, std::wstring name, std::size_t store, int defaultItem);
+    Folder(Core& core, std::wstring name, std::size_t store, int defaultItem);
 
     std::wstring className() const override { return L"MAPIFolder"; }
     void checkUsable() const override;
@@ -70,7 +70,7 @@ class Folders : public Collection<Folders> {
     static const Members<Folders> members;
 
     /// Without a parent: the roots.
-    Folders(World& world, std::shared_ptr<Folder> parent);
+    Folders(Core& core, std::shared_ptr<Folder> parent);
 
     std::wstring className() const override { return L"Folders"; }
     void checkUsable() const override;
@@ -89,7 +89,7 @@ class Items : public Collection<Items> {
   public:
     static const Members<Items> members;
 
-    Items(World& world, std::shared_ptr<Folder> folder);
+    Items(Core& core, std::shared_ptr<Folder> folder);
 
     std::wstring className() const override { return L"Items"; }
     void checkUsable() const override { folder_->checkUsable(); }

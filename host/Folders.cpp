@@ -1,14 +1,13 @@
+#include "host/Core.h"
 #include "host/Folder.h"
 #include "host/Item.h"
 #include "host/Mailbox.h"
-#include "host/World.h"
 
 namespace host {
 
 using automation::Value;
 
-Folders::Folders(World& world, std::shared_ptr<Folder> parent)
-    : Collection(world), parent_(std::move(parent)) {}
+Folders::Folders(Core& core, std::shared_ptr<Folder> parent) : Collection(core), parent_(std::move(parent)) {}
 
 void Folders::checkUsable() const {
     if (parent_) {
@@ -21,7 +20,7 @@ std::vector<std::shared_ptr<Folder>> Folders::list() const {
         return parent_->folders();
     }
     std::vector<std::shared_ptr<Folder>> roots;
-    for (const Mailbox::StoreEntry& store : world().mailbox().stores()) {
+    for (const Mailbox::StoreEntry& store : core().mailbox().stores()) {
         roots.push_back(store.root);
     }
     return roots;
@@ -65,7 +64,7 @@ Value addItem(Items& items, Arguments arguments) {
     const Folder& folder = items.folder();
     folder.checkWritable();
     const int type = arguments.has(0) ? arguments[0].toInteger() : folder.defaultItem();
-    const auto item = newItem(items.world(), type);
+    const auto item = newItem(items.core(), type);
     // It lies in this folder only once it is saved.
     item->saveInto(items.folder().self<Folder>());
     return item->object();
@@ -73,10 +72,10 @@ Value addItem(Items& items, Arguments arguments) {
 
 }  // namespace
 
-std::shared_ptr<Item> newItem(World& world, int itemType) {
+std::shared_ptr<Item> newItem(Core& core, int itemType) {
     ItemContent content;
     content.itemClass = classOfNewItem(itemType);
-    return world.make<Item>(std::move(content));
+    return core.make<Item>(std::move(content));
 }
 
 constinit const Members<Folders> Folders::members = {
@@ -86,7 +85,7 @@ constinit const Members<Folders> Folders::members = {
     removeRow<Folders>,
 };
 
-Items::Items(World& world, std::shared_ptr<Folder> folder) : Collection(world), folder_(std::move(folder)) {}
+Items::Items(Core& core, std::shared_ptr<Folder> folder) : Collection(core), folder_(std::move(folder)) {}
 
 std::shared_ptr<Item> Items::at(std::size_t index) const {
     const auto& item = list()[index];

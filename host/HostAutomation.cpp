@@ -1,10 +1,10 @@
 #include "host/HostAutomation.h"
 
 #include "host/Application.h"
+#include "host/Core.h"
 #include "host/RdoSession.h"
 #include "host/SafeItem.h"
 #include "host/Word.h"
-#include "host/World.h"
 #include "platform/text.h"
 
 namespace host {
@@ -18,18 +18,18 @@ namespace {
 }
 
 template <SafeItem::Kind Kind>
-Object makeSafeItem(World& world) {
-    return world.makeObject<SafeItem>(Kind, nullptr);
+Object makeSafeItem(Core& core) {
+    return core.makeObject<SafeItem>(Kind, nullptr);
 }
 
 template <class T>
-Object makePlain(World& world) {
-    return world.makeObject<T>();
+Object makePlain(Core& core) {
+    return core.makeObject<T>();
 }
 
 struct RedemptionClass {
     std::wstring_view progId;
-    Object (*make)(World&);
+    Object (*make)(Core&);
 };
 
 constexpr RedemptionClass redemptionClasses[] = {
@@ -44,28 +44,28 @@ constexpr RedemptionClass redemptionClasses[] = {
 }  // namespace
 
 Object HostAutomation::createObject(std::wstring_view progId) {
-    world_.meter()->called(L"createObject", progId);
+    core_.meter()->called(L"createObject", progId);
     // Outlook runs once: making its application gives the one that runs.
     if (text::equalsIgnoringCase(progId, L"Outlook.Application")) {
-        return world_.application().object();
+        return core_.application().object();
     }
-    if (text::equalsIgnoringCase(progId, L"Word.Application") && world_.profile().wordRegistered) {
-        return world_.makeObject<WordApplication>();
+    if (text::equalsIgnoringCase(progId, L"Word.Application") && core_.profile().wordRegistered) {
+        return core_.makeObject<WordApplication>();
     }
     for (const RedemptionClass& known : redemptionClasses) {
-        if (text::equalsIgnoringCase(progId, known.progId) && world_.profile().redemptionRegistered) {
-            return known.make(world_);
+        if (text::equalsIgnoringCase(progId, known.progId) && core_.profile().redemptionRegistered) {
+            return known.make(core_);
         }
     }
     cannotCreate();
 }
 
 Object HostAutomation::activeObject(std::wstring_view progId) {
-    world_.meter()->called(L"activeObject", progId);
+    core_.meter()->called(L"activeObject", progId);
     if (text::equalsIgnoringCase(progId, L"Outlook.Application")) {
-        return world_.application().object();
+        return core_.application().object();
     }
-    const auto word = world_.runningWord();
+    const auto word = core_.runningWord();
     if (!word || !text::equalsIgnoringCase(progId, L"Word.Application")) {
         cannotCreate();
     }

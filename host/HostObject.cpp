@@ -1,11 +1,11 @@
 #include "host/HostObject.h"
 
-#include "host/World.h"
+#include "host/Core.h"
 #include "host/hostErrors.h"
 
 namespace host {
 
-HostObject::HostObject(World& world) : world_(world.weak_from_this()), meter_(world.meter()) {
+HostObject::HostObject(Core& core) : core_(core.weak_from_this()), meter_(core.meter()) {
     meter_->objectMade();
 }
 
@@ -13,16 +13,16 @@ HostObject::~HostObject() {
     meter_->objectGone();
 }
 
-World& HostObject::world() const {
-    const auto world = world_.lock();
-    if (!world) {
+Core& HostObject::core() const {
+    const auto core = core_.lock();
+    if (!core) {
         raise::outlookGone();
     }
-    return *world;
+    return *core;
 }
 
 std::int32_t HostObject::memberId(std::wstring_view name) {
-    const auto alive = world_.lock();
+    const auto alive = core_.lock();
     const Found found = alive ? findMember(name) : Found{};
     if (!alive) {
         raise::outlookGone();
@@ -36,7 +36,7 @@ std::int32_t HostObject::memberId(std::wstring_view name) {
 automation::Value HostObject::invoke(std::int32_t member, automation::Access access,
                                      std::span<const automation::Value> arguments) {
     // Held for the length of the call: a handler may end the last reference to either.
-    const auto alive = world_.lock();
+    const auto alive = core_.lock();
     const auto keep = shared_from_this();
     if (!alive) {
         raise::outlookGone();
@@ -53,7 +53,7 @@ automation::Value HostObject::dispatch(std::int32_t member, automation::Access a
 
 automation::Subscription HostObject::subscribe(automation::EventInterface events,
                                                automation::EventSink sink) {
-    const auto alive = world_.lock();
+    const auto alive = core_.lock();
     if (!alive) {
         raise::outlookGone();
     }

@@ -13,7 +13,7 @@
 
 namespace host {
 
-class World;
+class Core;
 
 /// The arguments of one call. An empty value counts as left out, as an omitted one arrives so.
 class Arguments {
@@ -41,7 +41,7 @@ inline constexpr std::int32_t unlisted = -1;
 
 /// Base of everything that the host shows to automation. Counts itself and the calls made to it, checks them,
 /// and hands them to the member tables of the classes derived from it. Objects own their children; parents
-/// and the world are held weakly, and an object kept beyond the world's end fails every call.
+/// and the core are held weakly, and an object kept beyond the core's end fails every call.
 class HostObject : public automation::Target, public std::enable_shared_from_this<HostObject> {
   public:
     HostObject(const HostObject&) = delete;
@@ -63,7 +63,7 @@ class HostObject : public automation::Target, public std::enable_shared_from_thi
     /// The object that this one stands for; itself, unless it is another one's alias.
     virtual std::shared_ptr<HostObject> behind() { return shared_from_this(); }
 
-    World& world() const;
+    Core& core() const;
     automation::Object object() { return automation::Object(shared_from_this()); }
     template <class T>
     std::shared_ptr<T> self() {
@@ -78,7 +78,7 @@ class HostObject : public automation::Target, public std::enable_shared_from_thi
     std::wstring nameOfMember(std::int32_t member) { return memberName(member); }
 
   protected:
-    explicit HostObject(World& world);
+    explicit HostObject(Core& core);
 
     virtual Found findMember(std::wstring_view name) = 0;
     virtual std::wstring memberName(std::int32_t member) = 0;
@@ -86,7 +86,7 @@ class HostObject : public automation::Target, public std::enable_shared_from_thi
                                       std::span<const automation::Value> arguments) = 0;
 
   private:
-    std::weak_ptr<World> world_;
+    std::weak_ptr<Core> core_;
     std::shared_ptr<Meter> meter_;
 };
 

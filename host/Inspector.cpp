@@ -14,11 +14,11 @@ namespace {
 
 void activate(Inspector& inspector) {
     // Bringing up the hidden window of GetInspector shows it.
-    const auto shown = inspector.world().windows().inspectorOf(*inspector.item());
+    const auto shown = inspector.core().windows().inspectorOf(*inspector.item());
     if (shown.get() == &inspector) {
-        inspector.world().windows().activate(inspector.shared_from_this());
+        inspector.core().windows().activate(inspector.shared_from_this());
     } else {
-        inspector.world().windows().show(inspector.item());
+        inspector.core().windows().show(inspector.item());
     }
 }
 
@@ -28,8 +28,8 @@ void close(Inspector& inspector, Arguments arguments) {
     if (mode < 0 || mode > 2) {
         raise::operationFailed();
     }
-    inspector.world().windows().closeInspector(inspector.self<Inspector>(),
-                                               mode == saveChanges ? SaveAnswer::Yes : SaveAnswer::No);
+    inspector.core().windows().closeInspector(inspector.self<Inspector>(),
+                                              mode == saveChanges ? SaveAnswer::Yes : SaveAnswer::No);
 }
 
 std::wstring captionOf(const Inspector& inspector) {
@@ -45,8 +45,8 @@ std::shared_ptr<Inspector> addInspector(Inspectors& inspectors, Arguments argume
 
 }  // namespace
 
-Inspector::Inspector(World& world, std::shared_ptr<Item> item)
-    : Automated(world), item_(std::move(item)), bars_(world.make<CommandBars>(nullptr)) {}
+Inspector::Inspector(Core& core, std::shared_ptr<Item> item)
+    : Automated(core), item_(std::move(item)), bars_(core.make<CommandBars>(nullptr)) {}
 
 void Inspector::checkUsable() const {
     if (closed_) {
@@ -64,16 +64,16 @@ void Inspector::closed() {
 }
 
 Editor Inspector::editorType() const {
-    const Editor below12 = item_->isMail() ? world().profile().editor : Editor::RichText;
-    return world().majorVersion() >= 12 ? Editor::Word : below12;
+    const Editor below12 = item_->isMail() ? core().profile().editor : Editor::RichText;
+    return core().majorVersion() >= 12 ? Editor::Word : below12;
 }
 
 Value Inspector::wordEditor() {
-    if (!editedInWord() || !world().profile().wordRegistered) {
+    if (!editedInWord() || !core().profile().wordRegistered) {
         return automation::Object();
     }
     if (!document_) {
-        word_ = world().startWord();
+        word_ = core().startWord();
         document_ = word_->open(item_->content().subject);
     }
     return document_->object();
@@ -96,7 +96,7 @@ constinit const Members<Inspector> Inspector::members = {
 };
 
 const std::vector<std::shared_ptr<Inspector>>& Inspectors::list() const {
-    return world().windows().inspectors();
+    return core().windows().inspectors();
 }
 
 constinit const Members<Inspectors> Inspectors::members = {

@@ -20,7 +20,7 @@ class Inspector : public Automated<Inspector> {
     static constexpr std::wstring_view defaultName = L"Caption";
     static const Members<Inspector> members;
 
-    Inspector(World& world, std::shared_ptr<Item> item);
+    Inspector(Core& core, std::shared_ptr<Item> item);
 
     std::wstring className() const override { return L"Inspector"; }
     void checkUsable() const override;
@@ -48,7 +48,7 @@ class Inspectors : public Collection<Inspectors> {
   public:
     static const Members<Inspectors> members;
 
-    explicit Inspectors(World& world) : Collection(world) {}
+    explicit Inspectors(Core& core) : Collection(core) {}
 
     std::wstring className() const override { return L"Inspectors"; }
     const std::vector<std::shared_ptr<Inspector>>& list() const;

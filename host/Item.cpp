@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "host/Core.h"
 #include "host/Folder.h"
 #include "host/Inspector.h"
-#include "host/World.h"
 
 namespace host {
 
@@ -32,8 +32,8 @@ void takeParts(ItemContent& content, Parts& parts, const ItemContent& from) {
 
 }  // namespace
 
-Item::Item(World& world, ItemContent content)
-    : Automated(world),
+Item::Item(Core& core, ItemContent content)
+    : Automated(core),
       content_(std::move(content)),
       message_(content_.saved ? content_.copy() : ItemContent{.itemClass = content_.itemClass}) {}
 
@@ -83,13 +83,13 @@ ItemView Item::view() const {
 
 std::shared_ptr<Folder> Item::folderOrDrafts() const {
     const auto where = folder();
-    return where ? where : world().mailbox().defaultFolder(defaultFolder::drafts);
+    return where ? where : core().mailbox().defaultFolder(defaultFolder::drafts);
 }
 
 bool Item::resolveAll() {
     bool all = true;
     for (const auto& recipient : content_.recipients) {
-        if (!recipient->resolved && resolve(world(), *recipient)) {
+        if (!recipient->resolved && resolve(core(), *recipient)) {
             touch(Part::Recipients);
         }
         all = all && recipient->resolved;
@@ -102,9 +102,9 @@ const Account* Item::stampedAccount(const ItemContent& side) const {
     if (sendStamp.empty() || side.field(stampTag::nextSendAccount).toText() != sendStamp) {
         return nullptr;
     }
-    const auto& accounts = world().profile().accounts;
+    const auto& accounts = core().profile().accounts;
     const auto found = std::ranges::find_if(
-        accounts, [&](const Account& account) { return world().sendStampOf(account) == sendStamp; });
+        accounts, [&](const Account& account) { return core().sendStampOf(account) == sendStamp; });
     return found == accounts.end() ? nullptr : &*found;
 }
 
@@ -115,7 +115,7 @@ std::wstring Item::sendingAccount() const {
     if (!content_.account.empty()) {
         return content_.account;
     }
-    const auto& accounts = world().profile().accounts;
+    const auto& accounts = core().profile().accounts;
     return accounts.empty() ? std::wstring() : accounts.front().name;
 }
 
@@ -126,7 +126,7 @@ void Item::touch(Part part) {
 
 void Item::changed(Part part, std::wstring_view property) {
     touch(part);
-    world().raise(events_, L"PropertyChange", 0xF009, {Value(property)});
+    core().raise(events_, L"PropertyChange", 0xF009, {Value(property)});
 }
 
 void Item::save() {
@@ -134,7 +134,7 @@ void Item::save() {
         return;
     }
     const auto where = folder() ? folder() : firstFolder_.lock();
-    const auto target = where ? where : world().mailbox().defaultFolder(defaultFolder::drafts);
+    const auto target = where ? where : core().mailbox().defaultFolder(defaultFolder::drafts);
     if (!target) {
         raise::operationFailed();
     }
@@ -142,7 +142,7 @@ void Item::save() {
     if (storedElsewhere_) {
         raise::messageChanged();
     }
-    if (world().raiseCancellable(events_, L"Write", 0xF002) || gone_) {
+    if (core().raiseCancellable(events_, L"Write", 0xF002) || gone_) {
         return;
     }
     settle();
@@ -187,7 +187,7 @@ void Item::opened() {
 }
 
 void Item::readAnew() {
-    if (folder() && !world().windows().inspectorOf(*this)) {
+    if (folder() && !core().windows().inspectorOf(*this)) {
         takeParts(content_, dirty_, message_);
         content_.saved = true;
     }
@@ -199,7 +199,7 @@ void Item::forgetWritten() {
 
 void Item::placed(const std::shared_ptr<Folder>& folder) {
     folder_ = folder;
-    entryId_ = world().nextEntryId();
+    entryId_ = core().nextEntryId();
 }
 
 void Item::lost() {
@@ -214,13 +214,13 @@ std::shared_ptr<Item> Item::moveTo(Folder& target) {
     }
     // A folder that takes a draft counts it among its unread mails.
     content_.unread = content_.unread || !content_.sent;
-    const auto moved = world().make<Item>(std::exchange(content_, {.itemClass = content_.itemClass}));
+    const auto moved = core().make<Item>(std::exchange(content_, {.itemClass = content_.itemClass}));
     if (const auto from = folder()) {
         from->release(*this);
     }
     lost();
     target.take(moved);
-    if (const auto inspector = world().windows().inspectorOf(*this)) {
+    if (const auto inspector = core().windows().inspectorOf(*this)) {
         inspector->setItem(moved);
     } else if (const auto hidden = hiddenInspector.lock()) {
         hidden->setItem(moved);
@@ -244,14 +244,14 @@ void Item::remove() {
     if (const auto where = folder()) {
         where->checkWritable();
     }
-    if (const auto inspector = world().windows().inspectorOf(*this)) {
-        world().windows().close(inspector);
+    if (const auto inspector = core().windows().inspectorOf(*this)) {
+        core().windows().close(inspector);
     }
     if (gone_) {  // By a handler of Close.
         return;
     }
     const auto where = folder();
-    const auto deleted = world().mailbox().defaultFolder(defaultFolder::deletedItems);
+    const auto deleted = core().mailbox().defaultFolder(defaultFolder::deletedItems);
     if (where && where != deleted && deleted) {
         moveTo(*deleted);
         return;
@@ -262,7 +262,7 @@ void Item::remove() {
     lost();
 }
 
-bool resolve(const World& world, RecipientData& recipient) {
+bool resolve(const Core& core, RecipientData& recipient) {
     if (recipient.resolved) {
         return true;
     }
@@ -270,7 +270,7 @@ bool resolve(const World& world, RecipientData& recipient) {
         return false;
     }
     const std::wstring typed(nameOf(recipient.address));
-    for (const Address& known : world.profile().addressBook) {
+    for (const Address& known : core.profile().addressBook) {
         if (text::equalsIgnoringCase(known.name, typed) || text::equalsIgnoringCase(known.address, typed)) {
             if (!known.resolvable) {
                 return false;

@@ -26,7 +26,7 @@ class Item : public Automated<Item> {
     static const Members<Item> members;
 
     /// An item that is `saved` counts as stored, though no folder has it yet.
-    Item(World& world, ItemContent content);
+    Item(Core& core, ItemContent content);
 
     std::wstring className() const override;
     void checkUsable() const override;
@@ -105,10 +105,10 @@ class Item : public Automated<Item> {
 };
 
 /// A new item by the item type that CreateItem takes (0 mail, 1 appointment, 2 contact...). It is not saved.
-std::shared_ptr<Item> newItem(World& world, int itemType);
+std::shared_ptr<Item> newItem(Core& core, int itemType);
 
 /// Resolves one recipient against the address book, as Outlook's Check Names does. False when it cannot.
-bool resolve(const World& world, RecipientData& recipient);
+bool resolve(const Core& core, RecipientData& recipient);
 
 /// The response that Outlook would open: recipients, subject with its prefix, quoted text.
 ///

@@ -4,7 +4,7 @@
 
 namespace host {
 
-ItemAlias::ItemAlias(World& world, std::shared_ptr<Item> item) : HostObject(world), item_(std::move(item)) {}
+ItemAlias::ItemAlias(Core& core, std::shared_ptr<Item> item) : HostObject(core), item_(std::move(item)) {}
 
 std::wstring ItemAlias::className() const {
     return item_->className();

@@ -13,7 +13,7 @@ class Item;
 /// finds as different objects. It has the members and the events of the item, and not its identity.
 class ItemAlias : public HostObject {
   public:
-    ItemAlias(World& world, std::shared_ptr<Item> item);
+    ItemAlias(Core& core, std::shared_ptr<Item> item);
 
     std::wstring className() const override;
     void checkUsable() const override;

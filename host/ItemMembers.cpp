@@ -33,11 +33,11 @@ bool hasRecipients(const Item& item) {
 }
 
 bool hasSendUsingAccount(const Item& item) {
-    return item.isMail() && item.world().majorVersion() >= 12;
+    return item.isMail() && item.core().majorVersion() >= 12;
 }
 
 bool hasSenderAddress(const Item& item) {
-    return isMessage(item) && item.world().majorVersion() >= 11;
+    return isMessage(item) && item.core().majorVersion() >= 11;
 }
 
 template <int Type>
@@ -59,7 +59,7 @@ Value getSender(Item& item, Arguments) {
 
 template <RecipientList ItemContent::*List>
 Value getRecipients(Item& item, Arguments) {
-    return item.world().makeObject<Recipients>(item.self<Item>(), List, false);
+    return item.core().makeObject<Recipients>(item.self<Item>(), List, false);
 }
 
 std::wstring escaped(std::wstring_view body) {
@@ -80,7 +80,7 @@ Value respond(Item& item, Arguments) {
 }
 
 Value sendItem(Item& item, Arguments) {
-    const SendOutcome outcome = send(item.world(), item.self<Item>());
+    const SendOutcome outcome = send(item.core(), item.self<Item>());
     if (!outcome.failure.empty()) {
         throw automation::Error(automation::errors::failed, outcome.failure, L"Microsoft Office Outlook");
     }
@@ -93,14 +93,14 @@ Value sendItem(Item& item, Arguments) {
 Value closeItem(Item& item, Arguments arguments) {
     constexpr int saveChanges = 0;
     const SaveAnswer answer = arguments[0].toInteger() == saveChanges ? SaveAnswer::Yes : SaveAnswer::No;
-    if (const auto inspector = item.world().windows().inspectorOf(item)) {
-        item.world().windows().closeInspector(inspector, answer);
+    if (const auto inspector = item.core().windows().inspectorOf(item)) {
+        item.core().windows().closeInspector(inspector, answer);
     }
     return {};
 }
 
 Value displayItem(Item& item, Arguments) {
-    item.world().windows().show(item.self<Item>());
+    item.core().windows().show(item.self<Item>());
     return {};
 }
 
@@ -112,19 +112,19 @@ Value moveItem(Item& item, Arguments arguments) {
 }
 
 Value inspectorOf(Item& item, Arguments) {
-    auto inspector = item.world().windows().inspectorOf(item);
+    auto inspector = item.core().windows().inspectorOf(item);
     if (!inspector) {
         inspector = item.hiddenInspector.lock();
     }
     if (!inspector) {
-        inspector = item.world().windows().makeInspector(item.self<Item>());
+        inspector = item.core().windows().makeInspector(item.self<Item>());
     }
     return inspector->object();
 }
 
 Value getAccount(Item& item, Arguments) {
     const std::wstring& name = item.content().account;
-    return name.empty() ? Value(automation::Object()) : Value(item.world().makeObject<OutlookAccount>(name));
+    return name.empty() ? Value(automation::Object()) : Value(item.core().makeObject<OutlookAccount>(name));
 }
 
 void setAccount(Item& item, Arguments, const Value& value) {
@@ -181,11 +181,11 @@ constinit const Members<Item> Item::members = {
     {.name = L"Attachments",
      .id = 63509,
      .get = [](Item& item,
-               Arguments) { return Value(item.world().makeObject<Attachments>(item.self<Item>(), false)); }},
+               Arguments) { return Value(item.core().makeObject<Attachments>(item.self<Item>(), false)); }},
     {.name = L"UserProperties",
      .id = 63510,
      .get = [](Item& item,
-               Arguments) { return Value(item.world().makeObject<UserProperties>(item.self<Item>())); }},
+               Arguments) { return Value(item.core().makeObject<UserProperties>(item.self<Item>())); }},
     {.name = L"EntryID", .id = 61470, .get = use<&Item::entryId_>},
     {.name = L"Saved", .id = 61603, .get = use<&Item::content_, &ItemContent::saved>},
     {.name = L"Sent", .id = 62466, .get = use<&Item::content_, &ItemContent::sent>, .has = onlyMail},

@@ -4,9 +4,9 @@
 #include <functional>
 #include <utility>
 
+#include "host/Core.h"
 #include "host/Folder.h"
 #include "host/Item.h"
-#include "host/World.h"
 #include "platform/text.h"
 
 namespace host {
@@ -63,8 +63,8 @@ Result searchAll(const std::vector<Mailbox::StoreEntry>& stores,
 
 void Mailbox::fill(const Profile& profile) {
     for (const Store& store : profile.stores) {
-        auto root = world_.make<Folder>(store.name, stores_.size(), 0);
-        stores_.push_back({store, world_.nextEntryId(), std::move(root)});
+        auto root = core_.make<Folder>(store.name, stores_.size(), 0);
+        stores_.push_back({store, core_.nextEntryId(), std::move(root)});
     }
     // The store is filled as it stands before it begins to refuse changes.
     const bool readOnly = std::exchange(stores_.front().store.readOnly, false);
@@ -111,7 +111,7 @@ std::shared_ptr<Item> Mailbox::store(const StoredMessage& stored) {
     auto content = ItemContent::of(stored.message);
     content.sent = stored.message.from.has_value();
     content.saved = true;
-    const auto item = world_.make<Item>(std::move(content));
+    const auto item = core_.make<Item>(std::move(content));
     findOrAdd(stored.folder)->take(item);
     return item;
 }

@@ -13,7 +13,7 @@ namespace host {
 
 class Folder;
 class Item;
-class World;
+class Core;
 
 /// Outlook's numbers of the default folders.
 namespace defaultFolder {
@@ -38,7 +38,7 @@ class Mailbox {
         std::shared_ptr<Folder> root;
     };
 
-    explicit Mailbox(World& world) : world_(world) {}
+    explicit Mailbox(Core& core) : core_(core) {}
     /// Makes the stores and folders of the profile; once.
     void fill(const Profile& profile);
 
@@ -56,7 +56,7 @@ class Mailbox {
     std::shared_ptr<Folder> folderById(std::wstring_view entryId) const;
 
   private:
-    World& world_;
+    Core& core_;
     std::vector<StoreEntry> stores_;
     std::map<int, std::shared_ptr<Folder>> defaultFolders_;
 };

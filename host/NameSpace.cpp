@@ -13,16 +13,16 @@ using automation::Value;
 namespace {
 
 bool hasAccounts(const NameSpace& session) {
-    return session.world().majorVersion() >= 12;
+    return session.core().majorVersion() >= 12;
 }
 
 Value currentUser(NameSpace& session, Arguments) {
-    auto data = std::make_shared<RecipientData>(RecipientData{0, session.world().currentUser(), true});
-    return session.world().makeObject<Recipient>(nullptr, &ItemContent::recipients, std::move(data), false);
+    auto data = std::make_shared<RecipientData>(RecipientData{0, session.core().currentUser(), true});
+    return session.core().makeObject<Recipient>(nullptr, &ItemContent::recipients, std::move(data), false);
 }
 
 Value defaultFolderOf(NameSpace& session, Arguments arguments) {
-    const auto folder = session.world().mailbox().defaultFolder(arguments[0].toInteger());
+    const auto folder = session.core().mailbox().defaultFolder(arguments[0].toInteger());
     if (!folder) {
         raise::operationFailed();
     }
@@ -30,16 +30,16 @@ Value defaultFolderOf(NameSpace& session, Arguments arguments) {
 }
 
 Value itemFromId(NameSpace& session, Arguments arguments) {
-    const auto item = session.world().mailbox().itemById(arguments.text(0));
+    const auto item = session.core().mailbox().itemById(arguments.text(0));
     if (!item) {
         raise::objectNotFound();
     }
     item->readAnew();
-    return session.world().makeObject<ItemAlias>(item);
+    return session.core().makeObject<ItemAlias>(item);
 }
 
 Value folderFromId(NameSpace& session, Arguments arguments) {
-    const auto folder = session.world().mailbox().folderById(arguments.text(0));
+    const auto folder = session.core().mailbox().folderById(arguments.text(0));
     if (!folder) {
         raise::objectNotFound();
     }
@@ -47,13 +47,13 @@ Value folderFromId(NameSpace& session, Arguments arguments) {
 }
 
 Value addressOf(OutlookAccount& account, Arguments) {
-    const Account* const found = account.world().account(account.name());
+    const Account* const found = account.core().account(account.name());
     return found ? Value(found->address) : Value(L"");
 }
 
 }  // namespace
 
-NameSpace::NameSpace(World& world) : Automated(world), mapiObject_(world.make<MapiSession>()) {}
+NameSpace::NameSpace(Core& core) : Automated(core), mapiObject_(core.make<MapiSession>()) {}
 
 constinit const Members<NameSpace> NameSpace::members = {
     applicationRow<NameSpace>,
@@ -63,8 +63,7 @@ constinit const Members<NameSpace> NameSpace::members = {
     {.name = L"CurrentUser", .id = 8449, .get = currentUser},
     {.name = L"Folders",
      .id = 8451,
-     .get = [](NameSpace& session,
-               Arguments) { return Value(session.world().makeObject<Folders>(nullptr)); }},
+     .get = [](NameSpace& session, Arguments) { return Value(session.core().makeObject<Folders>(nullptr)); }},
     {.name = L"Type", .id = 8452, .get = [](NameSpace&, Arguments) { return Value(L"MAPI"); }},
     {.name = L"Logon", .id = 8453, .call = [](NameSpace&, Arguments) { return Value(); }, .most = 4},
     {.name = L"GetFolderFromID", .id = 8456, .call = folderFromId, .least = 1, .most = 2},
@@ -73,12 +72,11 @@ constinit const Members<NameSpace> NameSpace::members = {
     {.name = L"MAPIOBJECT", .id = 61696, .get = use<&NameSpace::mapiObject_>},
     {.name = L"Accounts",
      .id = 64208,
-     .get = [](NameSpace& session,
-               Arguments) { return Value(session.world().makeObject<OutlookAccounts>()); },
+     .get = [](NameSpace& session, Arguments) { return Value(session.core().makeObject<OutlookAccounts>()); },
      .has = hasAccounts},
 };
 
-OutlookAccount::OutlookAccount(World& world, std::wstring name) : Automated(world), name_(std::move(name)) {}
+OutlookAccount::OutlookAccount(Core& core, std::wstring name) : Automated(core), name_(std::move(name)) {}
 
 bool OutlookAccount::sameAs(const Target& other) const {
     const auto* const account = dynamic_cast<const OutlookAccount*>(&other);
@@ -92,11 +90,11 @@ constinit const Members<OutlookAccount> OutlookAccount::members = {
 };
 
 const std::vector<Account>& OutlookAccounts::list() const {
-    return world().profile().accounts;
+    return core().profile().accounts;
 }
 
 automation::Object OutlookAccounts::at(std::size_t index) const {
-    return world().makeObject<OutlookAccount>(list()[index].name);
+    return core().makeObject<OutlookAccount>(list()[index].name);
 }
 
 constinit const Members<OutlookAccounts> OutlookAccounts::members = {

@@ -14,7 +14,7 @@ class NameSpace : public Automated<NameSpace> {
     static constexpr std::wstring_view defaultName = L"Type";
     static const Members<NameSpace> members;
 
-    explicit NameSpace(World& world);
+    explicit NameSpace(Core& core);
 
     std::wstring className() const override { return L"NameSpace"; }
     EventSource* eventSource() override { return &events_; }
@@ -29,7 +29,7 @@ class MapiSession : public Automated<MapiSession> {
   public:
     static constexpr Members<MapiSession> members{};
 
-    explicit MapiSession(World& world) : Automated(world) {}
+    explicit MapiSession(Core& core) : Automated(core) {}
 
     std::wstring className() const override { return L"MAPIOBJECT"; }
 };
@@ -40,7 +40,7 @@ class OutlookAccount : public Automated<OutlookAccount> {
     static constexpr std::wstring_view defaultName = L"DisplayName";
     static const Members<OutlookAccount> members;
 
-    OutlookAccount(World& world, std::wstring name);
+    OutlookAccount(Core& core, std::wstring name);
 
     std::wstring className() const override { return L"Account"; }
     bool sameAs(const Target& other) const override;
@@ -55,7 +55,7 @@ class OutlookAccounts : public Collection<OutlookAccounts> {
   public:
     static const Members<OutlookAccounts> members;
 
-    explicit OutlookAccounts(World& world) : Collection(world) {}
+    explicit OutlookAccounts(Core& core) : Collection(core) {}
 
     std::wstring className() const override { return L"Accounts"; }
     const std::vector<Account>& list() const;

@@ -5,12 +5,12 @@
 #include "host/AddIns.h"
 #include "host/Application.h"
 #include "host/CommandBars.h"
+#include "host/Core.h"
 #include "host/Explorer.h"
 #include "host/Folder.h"
 #include "host/HostAutomation.h"
 #include "host/Inspector.h"
 #include "host/Item.h"
-#include "host/World.h"
 #include "host/sending.h"
 
 namespace host {
@@ -21,9 +21,9 @@ namespace {
 
 /// The host object behind a handle: of this Outlook, and still usable.
 template <class T>
-std::shared_ptr<T> handle(const World& world, const Object& object) {
+std::shared_ptr<T> handle(const Core& core, const Object& object) {
     auto found = as<T>(object);
-    if (!found || &found->world() != &world) {
+    if (!found || &found->core() != &core) {
         raise::typeMismatch();
     }
     found->checkUsable();
@@ -49,8 +49,8 @@ bool showsFirst(const Explorer& explorer, const std::shared_ptr<Item>& item) {
 }  // namespace
 
 Outlook::Outlook(Profile profile, std::function<automation::Date()> now)
-    : world_(World::make(std::move(profile), std::move(now))),
-      automation_(std::make_unique<HostAutomation>(*world_)) {}
+    : core_(Core::make(std::move(profile), std::move(now))),
+      automation_(std::make_unique<HostAutomation>(*core_)) {}
 
 Outlook::~Outlook() = default;
 
@@ -59,50 +59,50 @@ automation::Automation& Outlook::automation() {
 }
 
 Object Outlook::application() {
-    return world_->application().object();
+    return core_->application().object();
 }
 
 Object Outlook::makeAddIn(const std::wstring& progId, const std::wstring& description) {
-    return world_->addIns().add(progId, description).object();
+    return core_->addIns().add(progId, description).object();
 }
 
 // Windows
 
 Object Outlook::openExplorer() {
-    return world_->windows().openExplorer(world_->mailbox().defaultFolder(defaultFolder::inbox))->object();
+    return core_->windows().openExplorer(core_->mailbox().defaultFolder(defaultFolder::inbox))->object();
 }
 
 void Outlook::closeExplorer(const Object& explorer) {
-    world_->windows().close(handle<Explorer>(*world_, explorer));
+    core_->windows().close(handle<Explorer>(*core_, explorer));
 }
 
 void Outlook::closeInspector(const Object& inspector, bool save) {
-    world_->windows().closeInspector(handle<Inspector>(*world_, inspector),
-                                     save ? SaveAnswer::Yes : SaveAnswer::No);
+    core_->windows().closeInspector(handle<Inspector>(*core_, inspector),
+                                    save ? SaveAnswer::Yes : SaveAnswer::No);
 }
 
 void Outlook::cancelClosing(const Object& inspector) {
-    const auto window = handle<Inspector>(*world_, inspector);
+    const auto window = handle<Inspector>(*core_, inspector);
     if (window->item()->content().saved) {
         raise::operationFailed();  // Nobody asks.
     }
-    world_->windows().closeInspector(window, SaveAnswer::Cancel);
+    core_->windows().closeInspector(window, SaveAnswer::Cancel);
 }
 
 void Outlook::activate(const Object& window) {
-    const auto found = handle<HostObject>(*world_, window);
+    const auto found = handle<HostObject>(*core_, window);
     if (!as<Explorer>(window) && !as<Inspector>(window)) {
         raise::typeMismatch();
     }
-    world_->windows().activate(found);
+    core_->windows().activate(found);
 }
 
 void Outlook::select(const Object& explorer, const std::vector<Object>& items) {
-    const auto window = handle<Explorer>(*world_, explorer);
+    const auto window = handle<Explorer>(*core_, explorer);
     std::vector<std::shared_ptr<Item>> selected;
     selected.reserve(items.size());
     for (const Object& item : items) {
-        selected.push_back(handle<Item>(*world_, item));
+        selected.push_back(handle<Item>(*core_, item));
     }
     if (!selected.empty()) {
         const auto folder = selected.front()->folder();
@@ -117,8 +117,8 @@ void Outlook::select(const Object& explorer, const std::vector<Object>& items) {
 }
 
 void Outlook::switchFolder(const Object& explorer, const std::wstring& path) {
-    const auto window = handle<Explorer>(*world_, explorer);
-    const auto folder = world_->mailbox().find(path);
+    const auto window = handle<Explorer>(*core_, explorer);
+    const auto folder = core_->mailbox().find(path);
     if (!folder) {
         raise::objectNotFound();
     }
@@ -126,19 +126,19 @@ void Outlook::switchFolder(const Object& explorer, const std::wstring& path) {
 }
 
 std::vector<Object> Outlook::explorers() const {
-    return objects(world_->windows().explorers());
+    return objects(core_->windows().explorers());
 }
 
 std::vector<Object> Outlook::inspectors() const {
-    return objects(world_->windows().inspectors());
+    return objects(core_->windows().inspectors());
 }
 
 Object Outlook::itemOf(const Object& inspector) const {
-    return handle<Inspector>(*world_, inspector)->item()->object();
+    return handle<Inspector>(*core_, inspector)->item()->object();
 }
 
 void Outlook::pressControl(const Object& explorer, const std::vector<std::wstring>& captions) {
-    auto controls = handle<Explorer>(*world_, explorer)->commandBars().menuBar().controls();
+    auto controls = handle<Explorer>(*core_, explorer)->commandBars().menuBar().controls();
     std::shared_ptr<CommandBarControl> control;
     for (const std::wstring& caption : captions) {
         control = controls ? controls->find(caption) : nullptr;
@@ -156,13 +156,13 @@ void Outlook::pressControl(const Object& explorer, const std::vector<std::wstrin
 // Items
 
 Object Outlook::openNewMail(const Message& message) {
-    const auto item = world_->make<Item>(ItemContent::of(message));
-    const auto inspector = world_->windows().show(item);
+    const auto item = core_->make<Item>(ItemContent::of(message));
+    const auto inspector = core_->windows().show(item);
     return inspector ? inspector->object() : Object();
 }
 
 Object Outlook::openItem(const Object& item) {
-    const auto inspector = world_->windows().show(handle<Item>(*world_, item));
+    const auto inspector = core_->windows().show(handle<Item>(*core_, item));
     return inspector ? inspector->object() : Object();
 }
 
@@ -172,70 +172,70 @@ Object Outlook::receive(const Message& message) {
     content.saved = true;
     content.unread = true;
     if (!content.deliveryTime) {
-        content.deliveryTime = world_->now();
+        content.deliveryTime = core_->now();
     }
-    const auto item = world_->make<Item>(std::move(content));
-    world_->mailbox().defaultFolder(defaultFolder::inbox)->take(item);
+    const auto item = core_->make<Item>(std::move(content));
+    core_->mailbox().defaultFolder(defaultFolder::inbox)->take(item);
     return item->object();
 }
 
 Object Outlook::store(const std::wstring& folder, const Message& message) {
-    return world_->mailbox().store({folder, message})->object();
+    return core_->mailbox().store({folder, message})->object();
 }
 
 std::vector<Object> Outlook::itemsIn(const std::wstring& folder) const {
-    const auto found = world_->mailbox().find(folder);
+    const auto found = core_->mailbox().find(folder);
     return found ? objects(found->items()) : std::vector<Object>();
 }
 
 std::set<std::wstring> Outlook::fieldsOf(const std::wstring& folder) const {
-    const auto found = world_->mailbox().find(folder);
+    const auto found = core_->mailbox().find(folder);
     return found ? found->fields() : std::set<std::wstring>();
 }
 
 bool Outlook::folderExists(const std::wstring& folder) const {
-    return world_->mailbox().find(folder) != nullptr;
+    return core_->mailbox().find(folder) != nullptr;
 }
 
 void Outlook::deleteItem(const Object& item) {
-    handle<Item>(*world_, item)->remove();
+    handle<Item>(*core_, item)->remove();
 }
 
 ItemView Outlook::view(const Object& item) const {
-    return handle<Item>(*world_, item)->view();
+    return handle<Item>(*core_, item)->view();
 }
 
 void Outlook::typeSubject(const Object& item, const std::wstring& subject) {
-    const auto typed = handle<Item>(*world_, item);
+    const auto typed = handle<Item>(*core_, item);
     typed->content().subject = subject;
     typed->changed(Part::Subject, L"Subject");
 }
 
 void Outlook::typeBody(const Object& item, const std::wstring& body) {
-    const auto typed = handle<Item>(*world_, item);
+    const auto typed = handle<Item>(*core_, item);
     typed->content().body = body;
     typed->content().html.clear();
     typed->changed(Part::Body, L"Body");
 }
 
 void Outlook::saveItem(const Object& item) {
-    handle<Item>(*world_, item)->save();
+    handle<Item>(*core_, item)->save();
 }
 
 void Outlook::writeBodyElsewhere(const Object& item, const std::wstring& body) {
-    handle<Item>(*world_, item)->writtenElsewhere(body);
+    handle<Item>(*core_, item)->writtenElsewhere(body);
 }
 
 // Sending and answering
 
 SendOutcome Outlook::send(const Object& inspector) {
-    const auto window = handle<Inspector>(*world_, inspector);
-    world_->windows().activate(window);
-    return host::send(*world_, window->item());
+    const auto window = handle<Inspector>(*core_, inspector);
+    core_->windows().activate(window);
+    return host::send(*core_, window->item());
 }
 
 SendOutcome Outlook::sendByProgram(const Object& item) {
-    return host::send(*world_, handle<Item>(*world_, item));
+    return host::send(*core_, handle<Item>(*core_, item));
 }
 
 ReplyOutcome Outlook::reply(const Object& item) {
@@ -251,10 +251,10 @@ ReplyOutcome Outlook::forward(const Object& item) {
 }
 
 ReplyOutcome Outlook::answer(ReplyKind kind, const Object& item) {
-    const auto answered = handle<Item>(*world_, item);
-    std::shared_ptr<HostObject> window = world_->windows().inspectorOf(*answered);
+    const auto answered = handle<Item>(*core_, item);
+    std::shared_ptr<HostObject> window = core_->windows().inspectorOf(*answered);
     if (!window) {
-        window = world_->windows().topExplorer(
+        window = core_->windows().topExplorer(
             [&](const Explorer& explorer) { return showsFirst(explorer, answered); });
     }
     if (!window) {
@@ -264,15 +264,15 @@ ReplyOutcome Outlook::answer(ReplyKind kind, const Object& item) {
 }
 
 ReplyOutcome Outlook::answerIn(const Object& window, ReplyKind kind, const Object& item) {
-    const auto answered = handle<Item>(*world_, item);
-    const auto pressed = handle<HostObject>(*world_, window);
+    const auto answered = handle<Item>(*core_, item);
+    const auto pressed = handle<HostObject>(*core_, window);
     const auto explorer = as<Explorer>(window);
     const bool shows =
-        explorer ? showsFirst(*explorer, answered) : pressed == world_->windows().inspectorOf(*answered);
+        explorer ? showsFirst(*explorer, answered) : pressed == core_->windows().inspectorOf(*answered);
     if (!shows) {
         raise::operationFailed();
     }
-    WindowList& windows = world_->windows();
+    WindowList& windows = core_->windows();
     windows.activate(pressed);
     const auto before = windows.inspectors();
     ReplyOutcome outcome;
@@ -291,37 +291,37 @@ ReplyOutcome Outlook::answerIn(const Object& window, ReplyKind kind, const Objec
 }
 
 void Outlook::quit() {
-    world_->application().quit();
+    core_->application().quit();
 }
 
 void Outlook::onWordMacro(WordMacro macro) {
-    world_->wordMacro = std::move(macro);
+    core_->wordMacro = std::move(macro);
 }
 
 // Measuring
 
 std::shared_ptr<Meter> Outlook::meter() const {
-    return world_->meter();
+    return core_->meter();
 }
 
 std::size_t Outlook::calls() const {
-    return world_->meter()->calls();
+    return core_->meter()->calls();
 }
 
 std::size_t Outlook::liveObjects() const {
-    return world_->meter()->liveObjects();
+    return core_->meter()->liveObjects();
 }
 
 void Outlook::failCall(std::size_t n, std::size_t count) {
-    world_->meter()->failCall(n, count);
+    core_->meter()->failCall(n, count);
 }
 
 void Outlook::duringCall(std::size_t n, std::function<void()> action) {
-    world_->meter()->duringCall(n, std::move(action));
+    core_->meter()->duringCall(n, std::move(action));
 }
 
 const std::vector<HandlerError>& Outlook::errors() const {
-    return world_->errors();
+    return core_->errors();
 }
 
 }  // namespace host

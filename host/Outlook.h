@@ -18,7 +18,7 @@
 
 namespace host {
 
-class World;
+class Core;
 
 enum class ReplyKind { Reply, ReplyAll, Forward };
 
@@ -188,7 +188,7 @@ class Outlook {
     const std::vector<HandlerError>& errors() const;
 
   private:
-    std::shared_ptr<World> world_;
+    std::shared_ptr<Core> core_;
     std::unique_ptr<automation::Automation> automation_;
 };
 

@@ -1,6 +1,6 @@
 #include "host/RdoAccounts.h"
 
-#include "host/World.h"
+#include "host/Core.h"
 #include "host/mapiTag.h"
 
 namespace host {
@@ -29,7 +29,7 @@ Value orderOf(RdoAccounts& accounts, Arguments arguments) {
         raise::operationFailed();
     }
     std::vector<const Account*> list;
-    for (const Account& account : accounts.world().profile().accounts) {
+    for (const Account& account : accounts.core().profile().accounts) {
         const bool belongs = category == mailAccounts          ? isMailAccount(account)
                              : category == addressBookAccounts ? account.type == AccountType::Ldap
                                                                : account.type == AccountType::Exchange;
@@ -37,12 +37,12 @@ Value orderOf(RdoAccounts& accounts, Arguments arguments) {
             list.push_back(&account);
         }
     }
-    return accounts.world().makeObject<RdoAccounts>(std::move(list), true);
+    return accounts.core().makeObject<RdoAccounts>(std::move(list), true);
 }
 
 }  // namespace
 
-RdoAccount::RdoAccount(World& world, const Account& account) : Automated(world), account_(&account) {}
+RdoAccount::RdoAccount(Core& core, const Account& account) : Automated(core), account_(&account) {}
 
 bool RdoAccount::sameAs(const Target& other) const {
     const auto* const account = dynamic_cast<const RdoAccount*>(&other);
@@ -56,12 +56,12 @@ constinit const Members<RdoAccount> RdoAccount::members = {
      .id = 6,
      .get =
          [](RdoAccount& account, Arguments) {
-             const Account* const first = account.world().profile().accounts.data();
+             const Account* const first = account.core().profile().accounts.data();
              return Value(static_cast<std::int32_t>(account.account_ - first) + 1);
          }},
     {.name = L"Stamp",
      .id = 7,
-     .get = [](RdoAccount& account, Arguments) { return Value(account.world().stampOf(*account.account_)); }},
+     .get = [](RdoAccount& account, Arguments) { return Value(account.core().stampOf(*account.account_)); }},
     {.name = L"Fields",
      .id = 13,
      .get =
@@ -69,7 +69,7 @@ constinit const Members<RdoAccount> RdoAccount::members = {
              switch (mapiTag(arguments[0])) {
                  case 0x000E001E:
                  case 0x000E001F:
-                     return Value(account.world().sendStampOf(*account.account_));
+                     return Value(account.core().sendStampOf(*account.account_));
                  case 0x0001001F:
                  case 0x0002001F:
                      return Value(account.account_->name);
@@ -84,11 +84,11 @@ constinit const Members<RdoAccount> RdoAccount::members = {
      .has = [](const RdoAccount& account) { return isInternetAccount(*account.account_); }},
 };
 
-RdoAccounts::RdoAccounts(World& world, std::vector<const Account*> list, bool ordered)
-    : Collection(world), list_(std::move(list)), ordered_(ordered) {}
+RdoAccounts::RdoAccounts(Core& core, std::vector<const Account*> list, bool ordered)
+    : Collection(core), list_(std::move(list)), ordered_(ordered) {}
 
 automation::Object RdoAccounts::at(std::size_t index) const {
-    return world().makeObject<RdoAccount>(*list_[index]);
+    return core().makeObject<RdoAccount>(*list_[index]);
 }
 
 constinit const Members<RdoAccounts> RdoAccounts::members = {

@@ -15,13 +15,13 @@ class RdoAccount : public Automated<RdoAccount> {
     static const Members<RdoAccount> members;
 
     /// `account` is one of the profile's.
-    RdoAccount(World& world, const Account& account);
+    RdoAccount(Core& core, const Account& account);
 
     std::wstring className() const override { return L"RDOAccount"; }
     bool sameAs(const Target& other) const override;
 
   private:
-    /// The profile lives as long as the world, without which no call comes here.
+    /// The profile lives as long as the core, without which no call comes here.
     const Account* account_;
 };
 
@@ -30,7 +30,7 @@ class RdoAccounts : public Collection<RdoAccounts> {
   public:
     static const Members<RdoAccounts> members;
 
-    RdoAccounts(World& world, std::vector<const Account*> list, bool ordered);
+    RdoAccounts(Core& core, std::vector<const Account*> list, bool ordered);
 
     std::wstring className() const override { return ordered_ ? L"RDOAccountOrderList" : L"RDOAccounts"; }
     bool ordered() const noexcept { return ordered_; }

@@ -1,12 +1,12 @@
 #include "host/RdoSession.h"
 
 #include "host/AddressEntry.h"
+#include "host/Core.h"
 #include "host/Folder.h"
 #include "host/Item.h"
 #include "host/NameSpace.h"
 #include "host/RdoAccounts.h"
 #include "host/SafeItem.h"
-#include "host/World.h"
 
 namespace host {
 
@@ -17,30 +17,30 @@ namespace {
 
 Value messageFromId(RdoSession& session, Arguments arguments) {
     session.checkLoggedOn();
-    const auto item = session.world().mailbox().itemById(arguments.text(0));
+    const auto item = session.core().mailbox().itemById(arguments.text(0));
     if (!item) {
         raise::objectNotFound();
     }
-    return session.world().makeObject<SafeItem>(SafeItem::Kind::Rdo, item);
+    return session.core().makeObject<SafeItem>(SafeItem::Kind::Rdo, item);
 }
 
 Object storesOf(RdoSession& session) {
     session.checkLoggedOn();
-    return session.world().makeObject<RdoStores>();
+    return session.core().makeObject<RdoStores>();
 }
 
 Object currentUserOf(RdoSession& session) {
     session.checkLoggedOn();
-    return session.world().makeObject<AddressEntry>(session.world().currentUser(), true);
+    return session.core().makeObject<AddressEntry>(session.core().currentUser(), true);
 }
 
 Value accountsOf(RdoSession& session, Arguments) {
     session.checkLoggedOn();
     std::vector<const Account*> list;
-    for (const Account& account : session.world().profile().accounts) {
+    for (const Account& account : session.core().profile().accounts) {
         list.push_back(&account);
     }
-    return session.world().makeObject<RdoAccounts>(std::move(list), false);
+    return session.core().makeObject<RdoAccounts>(std::move(list), false);
 }
 
 }  // namespace
@@ -70,11 +70,11 @@ constinit const Members<RdoSession> RdoSession::members = {
 };
 
 const std::vector<Mailbox::StoreEntry>& RdoStores::list() const {
-    return world().mailbox().stores();
+    return core().mailbox().stores();
 }
 
 automation::Object RdoStores::at(std::size_t index) const {
-    return world().makeObject<RdoStore>(index);
+    return core().makeObject<RdoStore>(index);
 }
 
 constinit const Members<RdoStores> RdoStores::members = {
@@ -83,7 +83,7 @@ constinit const Members<RdoStores> RdoStores::members = {
 };
 
 const Mailbox::StoreEntry& RdoStore::entry() const {
-    return world().mailbox().stores().at(index_);
+    return core().mailbox().stores().at(index_);
 }
 
 constinit const Members<RdoStore> RdoStore::members = {
@@ -95,8 +95,7 @@ constinit const Members<RdoStore> RdoStore::members = {
      .get =
          [](RdoStore& store, Arguments) {
              const auto& owner = store.entry().store.owner;
-             return Value(owner ? store.world().makeObject<AddressEntry>(*owner, true)
-                                : automation::Object());
+             return Value(owner ? store.core().makeObject<AddressEntry>(*owner, true) : automation::Object());
          },
      .has =
          [](const RdoStore& store) {

@@ -14,7 +14,7 @@ class RdoSession : public Automated<RdoSession> {
     static constexpr std::wstring_view defaultName = L"LoggedOn";
     static const Members<RdoSession> members;
 
-    explicit RdoSession(World& world) : Automated(world) {}
+    explicit RdoSession(Core& core) : Automated(core) {}
 
     std::wstring className() const override { return L"RDOSession"; }
     void checkLoggedOn() const;
@@ -31,7 +31,7 @@ class RdoStores : public Collection<RdoStores> {
   public:
     static const Members<RdoStores> members;
 
-    explicit RdoStores(World& world) : Collection(world) {}
+    explicit RdoStores(Core& core) : Collection(core) {}
 
     std::wstring className() const override { return L"RDOStores"; }
     const std::vector<Mailbox::StoreEntry>& list() const;
@@ -43,7 +43,7 @@ class RdoStore : public Automated<RdoStore> {
     static constexpr std::wstring_view defaultName = L"Name";
     static const Members<RdoStore> members;
 
-    RdoStore(World& world, std::size_t index) : Automated(world), index_(index) {}
+    RdoStore(Core& core, std::size_t index) : Automated(core), index_(index) {}
 
     std::wstring className() const override { return L"RDOStore"; }
 
@@ -59,7 +59,7 @@ class MapiUtils : public Automated<MapiUtils> {
     static constexpr std::wstring_view defaultName = L"MAPIOBJECT";
     static const Members<MapiUtils> members;
 
-    explicit MapiUtils(World& world) : Automated(world) {}
+    explicit MapiUtils(Core& core) : Automated(core) {}
 
     std::wstring className() const override { return L"MAPIUtils"; }
 };

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "host/AddressEntry.h"
-#include "host/World.h"
+#include "host/Core.h"
 #include "host/mapiTag.h"
 
 namespace host {
@@ -24,7 +24,7 @@ void noteChange(Item& item, RecipientList ItemContent::*list, bool safe) {
 
 /// Resolves a recipient of the list, and notes what that has changed.
 bool resolveListed(Item& item, RecipientList ItemContent::*list, RecipientData& recipient, bool safe) {
-    if (recipient.resolved || !resolve(item.world(), recipient)) {
+    if (recipient.resolved || !resolve(item.core(), recipient)) {
         return recipient.resolved;
     }
     noteChange(item, list, safe);
@@ -33,13 +33,13 @@ bool resolveListed(Item& item, RecipientList ItemContent::*list, RecipientData& 
 
 }  // namespace
 
-Recipients::Recipients(World& world, std::shared_ptr<Item> item, RecipientList ItemContent::*list, bool safe)
-    : Collection(world), item_(std::move(item)), list_(list), safe_(safe) {}
+Recipients::Recipients(Core& core, std::shared_ptr<Item> item, RecipientList ItemContent::*list, bool safe)
+    : Collection(core), item_(std::move(item)), list_(list), safe_(safe) {}
 
 automation::Object Recipients::at(std::size_t index) const {
     const auto& data = list()[index];
     data->place = index;
-    return world().makeObject<Recipient>(item_, list_, data, safe_);
+    return core().makeObject<Recipient>(item_, list_, data, safe_);
 }
 
 Value Recipients::add(Arguments arguments) {
@@ -50,7 +50,7 @@ Value Recipients::add(Arguments arguments) {
     auto data = std::make_shared<RecipientData>(RecipientData{1, {.name = name}, false});
     list().push_back(data);
     changed();
-    return world().makeObject<Recipient>(item_, list_, std::move(data), safe_);
+    return core().makeObject<Recipient>(item_, list_, std::move(data), safe_);
 }
 
 bool Recipients::resolveAll() {
@@ -73,9 +73,9 @@ constinit const Members<Recipients> Recipients::members = {
     {.name = L"ResolveAll", .id = 126, .call = use<&Recipients::resolveAll>},
 };
 
-Recipient::Recipient(World& world, std::shared_ptr<Item> item, RecipientList ItemContent::*list,
+Recipient::Recipient(Core& core, std::shared_ptr<Item> item, RecipientList ItemContent::*list,
                      std::shared_ptr<RecipientData> data, bool safe)
-    : Automated(world), item_(std::move(item)), list_(list), data_(std::move(data)), safe_(safe) {}
+    : Automated(core), item_(std::move(item)), list_(list), data_(std::move(data)), safe_(safe) {}
 
 void Recipient::checkUsable() const {
     if (!item_) {
@@ -114,7 +114,7 @@ std::wstring Recipient::name() const {
 
 /// A name that is not resolved stands for no entry yet.
 automation::Object Recipient::addressEntry() const {
-    return data_->resolved ? world().makeObject<AddressEntry>(address(), safe_) : automation::Object();
+    return data_->resolved ? core().makeObject<AddressEntry>(address(), safe_) : automation::Object();
 }
 
 void Recipient::remove() {
@@ -126,7 +126,7 @@ void Recipient::remove() {
 }
 
 bool Recipient::resolveSelf() {
-    return item_ ? resolveListed(*item_, list_, *data_, safe_) : resolve(world(), *data_);
+    return item_ ? resolveListed(*item_, list_, *data_, safe_) : resolve(core(), *data_);
 }
 
 Value Recipient::field(Arguments arguments) const {

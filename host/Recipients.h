@@ -13,7 +13,7 @@ class Recipients : public Collection<Recipients> {
   public:
     static const Members<Recipients> members;
 
-    Recipients(World& world, std::shared_ptr<Item> item, RecipientList ItemContent::*list, bool safe);
+    Recipients(Core& core, std::shared_ptr<Item> item, RecipientList ItemContent::*list, bool safe);
 
     std::wstring className() const override { return safe_ ? L"SafeRecipients" : L"Recipients"; }
     void checkUsable() const override { item_->checkUsable(); }
@@ -39,7 +39,7 @@ class Recipient : public Automated<Recipient> {
     static constexpr std::wstring_view defaultName = L"Name";
     static const Members<Recipient> members;
 
-    Recipient(World& world, std::shared_ptr<Item> item, RecipientList ItemContent::*list,
+    Recipient(Core& core, std::shared_ptr<Item> item, RecipientList ItemContent::*list,
               std::shared_ptr<RecipientData> data, bool safe);
 
     std::wstring className() const override { return safe_ ? L"SafeRecipient" : L"Recipient"; }

@@ -2,11 +2,11 @@
 
 #include "host/AddressEntry.h"
 #include "host/Attachments.h"
+#include "host/Core.h"
 #include "host/Inspector.h"
 #include "host/Item.h"
 #include "host/RdoAccounts.h"
 #include "host/Recipients.h"
-#include "host/World.h"
 #include "host/mapiTag.h"
 
 namespace host {
@@ -30,7 +30,7 @@ bool isRdo(const SafeItem& safe) {
 
 template <RecipientList ItemContent::*List>
 Value getRecipients(SafeItem& safe, Arguments) {
-    return safe.world().makeObject<Recipients>(safe.item().self<Item>(), List, true);
+    return safe.core().makeObject<Recipients>(safe.item().self<Item>(), List, true);
 }
 
 template <int Type>
@@ -40,12 +40,12 @@ Value getNames(SafeItem& safe, Arguments) {
 
 Value getSender(SafeItem& safe, Arguments) {
     const auto& sender = safe.message().sender;
-    return sender ? Value(safe.world().makeObject<AddressEntry>(*sender, true)) : Value(Object());
+    return sender ? Value(safe.core().makeObject<AddressEntry>(*sender, true)) : Value(Object());
 }
 
 void setField(SafeItem& safe, Arguments index, const Value& value) {
     const std::uint32_t tag = mapiTag(index[0]);
-    if (safe.world().profile().refusedFields.contains(tag)) {
+    if (safe.core().profile().refusedFields.contains(tag)) {
         raise::noPermission();
     }
     safe.item().written(safe.message().setField(tag, value));
@@ -57,17 +57,17 @@ void setUnread(SafeItem& safe, Arguments, const Value& value) {
 }
 
 Value getAccount(SafeItem& safe, Arguments) {
-    World& world = safe.world();
+    Core& core = safe.core();
     const ItemContent& message = safe.message();
     const Account* const stamped = safe.item().stampedAccount(message);
-    const Account* const account = stamped ? stamped : world.account(message.account);
-    return account ? Value(world.makeObject<RdoAccount>(*account)) : Value(Object());
+    const Account* const account = stamped ? stamped : core.account(message.account);
+    return account ? Value(core.makeObject<RdoAccount>(*account)) : Value(Object());
 }
 
 }  // namespace
 
-SafeItem::SafeItem(World& world, Kind kind, std::shared_ptr<HostObject> wrapped)
-    : Wrapper(world), kind_(kind), wrapped_(std::move(wrapped)) {}
+SafeItem::SafeItem(Core& core, Kind kind, std::shared_ptr<HostObject> wrapped)
+    : Wrapper(core), kind_(kind), wrapped_(std::move(wrapped)) {}
 
 std::wstring SafeItem::className() const {
     switch (kind_) {
@@ -129,7 +129,7 @@ constinit const Members<SafeItem> SafeItem::members = {
      .id = 63509,
      .get =
          [](SafeItem& safe, Arguments) {
-             return Value(safe.world().makeObject<Attachments>(safe.item().self<Item>(), true));
+             return Value(safe.core().makeObject<Attachments>(safe.item().self<Item>(), true));
          }},
     {.name = L"To", .id = 3588, .get = getNames<1>, .has = isMail},
     {.name = L"CC", .id = 3587, .get = getNames<2>, .has = isMail},

@@ -41,7 +41,7 @@ class Wrapper : public Automated<T> {
 
   private:
     friend T;
-    explicit Wrapper(World& world) : Automated<T>(world) {}
+    explicit Wrapper(Core& core) : Automated<T>(core) {}
 
     /// Marks the ids of the wrapped object, so that they cannot be taken for own ones.
     static constexpr std::int32_t passedOn = 0x40000000;
@@ -62,7 +62,7 @@ class SafeItem : public Wrapper<SafeItem> {
     static constexpr std::wstring_view defaultName = L"Item";
     static const Members<SafeItem> members;
 
-    SafeItem(World& world, Kind kind, std::shared_ptr<HostObject> wrapped);
+    SafeItem(Core& core, Kind kind, std::shared_ptr<HostObject> wrapped);
 
     std::wstring className() const override;
     Kind kind() const noexcept { return kind_; }
@@ -84,7 +84,7 @@ class SafeInspector : public Wrapper<SafeInspector> {
   public:
     static const Members<SafeInspector> members;
 
-    explicit SafeInspector(World& world) : Wrapper(world) {}
+    explicit SafeInspector(Core& core) : Wrapper(core) {}
 
     std::wstring className() const override { return L"SafeInspector"; }
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "host/Core.h"
 #include "host/Folder.h"
-#include "host/World.h"
 
 namespace host {
 
@@ -15,11 +15,11 @@ constexpr int textType = 1;
 
 }  // namespace
 
-UserProperties::UserProperties(World& world, std::shared_ptr<Item> item)
-    : Collection(world), item_(std::move(item)) {}
+UserProperties::UserProperties(Core& core, std::shared_ptr<Item> item)
+    : Collection(core), item_(std::move(item)) {}
 
 automation::Object UserProperties::wrap(std::shared_ptr<UserPropertyData> data) const {
-    return data ? world().makeObject<UserProperty>(item_, std::move(data)) : automation::Object();
+    return data ? core().makeObject<UserProperty>(item_, std::move(data)) : automation::Object();
 }
 
 automation::Object UserProperties::add(Arguments arguments) {
@@ -50,8 +50,8 @@ constinit const Members<UserProperties> UserProperties::members = {
     removeRow<UserProperties, 82>,
 };
 
-UserProperty::UserProperty(World& world, std::shared_ptr<Item> item, std::shared_ptr<UserPropertyData> data)
-    : Automated(world), item_(std::move(item)), data_(std::move(data)) {}
+UserProperty::UserProperty(Core& core, std::shared_ptr<Item> item, std::shared_ptr<UserPropertyData> data)
+    : Automated(core), item_(std::move(item)), data_(std::move(data)) {}
 
 void UserProperty::checkUsable() const {
     item_->checkUsable();

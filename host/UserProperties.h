@@ -14,7 +14,7 @@ class UserProperties : public Collection<UserProperties> {
     static constexpr auto noSuchName = raise::outOfBounds;
     static const Members<UserProperties> members;
 
-    UserProperties(World& world, std::shared_ptr<Item> item);
+    UserProperties(Core& core, std::shared_ptr<Item> item);
 
     std::wstring className() const override { return L"UserProperties"; }
     void checkUsable() const override { item_->checkUsable(); }
@@ -38,7 +38,7 @@ class UserProperty : public Automated<UserProperty> {
     static constexpr std::wstring_view defaultName = L"Value";
     static const Members<UserProperty> members;
 
-    UserProperty(World& world, std::shared_ptr<Item> item, std::shared_ptr<UserPropertyData> data);
+    UserProperty(Core& core, std::shared_ptr<Item> item, std::shared_ptr<UserPropertyData> data);
 
     std::wstring className() const override { return L"UserProperty"; }
     void checkUsable() const override;

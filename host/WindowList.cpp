@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <ranges>
 
+#include "host/Core.h"
 #include "host/Explorer.h"
 #include "host/Folder.h"
 #include "host/Inspector.h"
 #include "host/Item.h"
-#include "host/World.h"
 
 namespace host {
 
@@ -45,16 +45,16 @@ class Listed {
 }  // namespace
 
 void WindowList::open(int explorers, int inspectors) {
-    explorerCollection_ = world_.make<Explorers>();
-    inspectorCollection_ = world_.make<Inspectors>();
+    explorerCollection_ = core_.make<Explorers>();
+    inspectorCollection_ = core_.make<Inspectors>();
     for (int i = 0; i < explorers; ++i) {
-        const auto inbox = world_.mailbox().defaultFolder(defaultFolder::inbox);
-        explorers_.push_back(world_.make<Explorer>(inbox, nullptr));
+        const auto inbox = core_.mailbox().defaultFolder(defaultFolder::inbox);
+        explorers_.push_back(core_.make<Explorer>(inbox, nullptr));
         explorers_.back()->shown();
         order_.push_back(explorers_.back());
     }
     for (int i = 0; i < inspectors; ++i) {
-        inspectors_.push_back(world_.make<Inspector>(world_.make<Item>(ItemContent{})));
+        inspectors_.push_back(core_.make<Inspector>(core_.make<Item>(ItemContent{})));
         order_.push_back(inspectors_.back());
     }
 }
@@ -82,17 +82,17 @@ std::shared_ptr<Inspector> WindowList::inspectorOf(const Item& item) const {
 }
 
 std::shared_ptr<Explorer> WindowList::openExplorer(const std::shared_ptr<Folder>& folder) {
-    const auto explorer = world_.make<Explorer>(folder, topExplorer().get());
+    const auto explorer = core_.make<Explorer>(folder, topExplorer().get());
     explorers_.push_back(explorer);
-    world_.raise(*explorerCollection_->eventSource(), L"NewExplorer", 0xF001, {explorer->object()});
+    core_.raise(*explorerCollection_->eventSource(), L"NewExplorer", 0xF001, {explorer->object()});
     activate(explorer);
     return explorer;
 }
 
 std::shared_ptr<Inspector> WindowList::makeInspector(const std::shared_ptr<Item>& item) {
-    const auto inspector = world_.make<Inspector>(item);
+    const auto inspector = core_.make<Inspector>(item);
     item->hiddenInspector = inspector;
-    world_.raise(*inspectorCollection_->eventSource(), L"NewInspector", 0xF001, {inspector->object()});
+    core_.raise(*inspectorCollection_->eventSource(), L"NewInspector", 0xF001, {inspector->object()});
     return inspector;
 }
 
@@ -103,14 +103,14 @@ std::shared_ptr<Inspector> WindowList::show(const std::shared_ptr<Item>& item) {
     }
     auto inspector = item->hiddenInspector.lock();
     if (!inspector) {
-        inspector = world_.make<Inspector>(item);
+        inspector = core_.make<Inspector>(item);
         inspectors_.push_back(inspector);
-        world_.raise(*inspectorCollection_->eventSource(), L"NewInspector", 0xF001, {inspector->object()});
+        core_.raise(*inspectorCollection_->eventSource(), L"NewInspector", 0xF001, {inspector->object()});
     } else {
         inspectors_.push_back(inspector);
         item->hiddenInspector.reset();
     }
-    if (world_.raiseCancellable(*item->eventSource(), L"Open", 0xF003)) {
+    if (core_.raiseCancellable(*item->eventSource(), L"Open", 0xF003)) {
         close(inspector);
         return nullptr;
     }
@@ -124,7 +124,7 @@ std::shared_ptr<Inspector> WindowList::show(const std::shared_ptr<Item>& item) {
 void WindowList::deactivate(const HostObject& window) {
     const auto keep = top();
     if (keep && keep.get() == &window) {
-        world_.raise(*keep->eventSource(), L"Deactivate", deactivated);
+        core_.raise(*keep->eventSource(), L"Deactivate", deactivated);
     }
 }
 
@@ -134,14 +134,14 @@ void WindowList::activate(const std::shared_ptr<HostObject>& window) {
         return;
     }
     if (before) {
-        world_.raise(*before->eventSource(), L"Deactivate", deactivated);
+        core_.raise(*before->eventSource(), L"Deactivate", deactivated);
     }
     std::erase(order_, window);
     order_.push_back(window);
     if (const auto explorer = std::dynamic_pointer_cast<Explorer>(window)) {
         explorer->shown();
     }
-    world_.raise(*window->eventSource(), L"Activate", activated);
+    core_.raise(*window->eventSource(), L"Activate", activated);
 }
 
 void WindowList::close(const std::shared_ptr<HostObject>& window) {
@@ -153,7 +153,7 @@ void WindowList::close(const std::shared_ptr<HostObject>& window) {
     deactivate(*window);
     // A closing window is not the active one any more, but still counted.
     std::erase(order_, window);
-    world_.raise(*window->eventSource(), L"Close", closed);
+    core_.raise(*window->eventSource(), L"Close", closed);
     if (const auto explorer = std::dynamic_pointer_cast<Explorer>(window)) {
         explorer->closed();
         std::erase(explorers_, explorer);
@@ -162,7 +162,7 @@ void WindowList::close(const std::shared_ptr<HostObject>& window) {
         std::erase(inspectors_, inspector);
     }
     if (const auto below = top(); below && wasTop) {
-        world_.raise(*below->eventSource(), L"Activate", activated);
+        core_.raise(*below->eventSource(), L"Activate", activated);
     }
 }
 
@@ -172,7 +172,7 @@ bool WindowList::closeInspector(const std::shared_ptr<Inspector>& inspector, Sav
     }
     const Listed asked(asked_, static_cast<const HostObject*>(inspector.get()));
     const auto item = inspector->item();
-    if (world_.raiseCancellable(*item->eventSource(), L"Close", 0xF004) || answer == SaveAnswer::Cancel) {
+    if (core_.raiseCancellable(*item->eventSource(), L"Close", 0xF004) || answer == SaveAnswer::Cancel) {
         return false;
     }
     if (answer == SaveAnswer::Yes && !item->gone()) {

@@ -13,7 +13,7 @@ class HostObject;
 class Inspector;
 class Inspectors;
 class Item;
-class World;
+class Core;
 
 /// What the user answers when a closing window asks whether to save the changes.
 enum class SaveAnswer { No, Yes, Cancel };
@@ -21,7 +21,7 @@ enum class SaveAnswer { No, Yes, Cancel };
 /// The open windows, in the order in which they were opened and in the order in which they lie on the screen.
 class WindowList {
   public:
-    explicit WindowList(World& world) : world_(world) {}
+    explicit WindowList(Core& core) : core_(core) {}
     /// Opens the windows that Outlook starts with; no event tells of them.
     void open(int explorers, int inspectors);
 
@@ -55,7 +55,7 @@ class WindowList {
   private:
     void deactivate(const HostObject& window);
 
-    World& world_;
+    Core& core_;
     std::shared_ptr<Explorers> explorerCollection_;
     std::shared_ptr<Inspectors> inspectorCollection_;
     std::vector<std::shared_ptr<Explorer>> explorers_;

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "host/World.h"
+#include "host/Core.h"
 
 namespace host {
 
@@ -20,8 +20,8 @@ std::wstring_view fileNameOf(std::wstring_view path) {
 
 }  // namespace
 
-WordDocument::WordDocument(World& world, std::wstring name, std::weak_ptr<WordApplication> application)
-    : Automated(world), name_(std::move(name)), application_(std::move(application)) {}
+WordDocument::WordDocument(Core& core, std::wstring name, std::weak_ptr<WordApplication> application)
+    : Automated(core), name_(std::move(name)), application_(std::move(application)) {}
 
 void WordDocument::checkUsable() const {
     if (closed_) {
@@ -50,8 +50,8 @@ constinit const Members<WordDocument> WordDocument::members = {
      .most = 3},
 };
 
-WordFile::WordFile(World& world, std::wstring path, bool installed)
-    : Automated(world), path_(std::move(path)), installed_(installed) {}
+WordFile::WordFile(Core& core, std::wstring path, bool installed)
+    : Automated(core), path_(std::move(path)), installed_(installed) {}
 
 std::wstring WordFile::name() const {
     return std::wstring(fileNameOf(path_));
@@ -79,7 +79,7 @@ Value WordFiles::add(Arguments arguments) {
         return known->object();
     }
     const bool install = !arguments.has(1) || arguments[1].toBool();
-    list_.push_back(world().make<WordFile>(path, install));
+    list_.push_back(core().make<WordFile>(path, install));
     return list_.back()->object();
 }
 
@@ -89,7 +89,7 @@ constinit const Members<WordFiles> WordFiles::members = {
     {.name = L"Add", .id = 2, .call = use<&WordFiles::add>, .least = 1, .most = 2},
 };
 
-WordApplication::WordApplication(World& world) : Automated(world), files_(world.make<WordFiles>()) {}
+WordApplication::WordApplication(Core& core) : Automated(core), files_(core.make<WordFiles>()) {}
 
 void WordApplication::checkUsable() const {
     if (quit_) {
@@ -98,11 +98,11 @@ void WordApplication::checkUsable() const {
 }
 
 automation::Object WordApplication::windows() const {
-    return world().makeObject<WordWindows>(documents_.size());
+    return core().makeObject<WordWindows>(documents_.size());
 }
 
 std::shared_ptr<WordDocument> WordApplication::open(std::wstring name) {
-    documents_.push_back(world().make<WordDocument>(std::move(name), self<WordApplication>()));
+    documents_.push_back(core().make<WordDocument>(std::move(name), self<WordApplication>()));
     return documents_.back();
 }
 
@@ -128,7 +128,7 @@ constinit const Members<WordApplication> WordApplication::members = {
      .id = 445,
      .call =
          [](WordApplication& word, Arguments arguments) {
-             const auto& macro = word.world().wordMacro;
+             const auto& macro = word.core().wordMacro;
              if (!macro) {
                  throw automation::Error(1004, L"Unable to run the specified macro", L"Microsoft Word");
              }

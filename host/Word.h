@@ -17,7 +17,7 @@ class WordDocument : public Automated<WordDocument> {
     static constexpr std::wstring_view defaultName = L"Name";
     static const Members<WordDocument> members;
 
-    WordDocument(World& world, std::wstring name, std::weak_ptr<WordApplication> application);
+    WordDocument(Core& core, std::wstring name, std::weak_ptr<WordApplication> application);
 
     std::wstring className() const override { return L"WordDocument"; }
     void checkUsable() const override;
@@ -36,7 +36,7 @@ class WordFile : public Automated<WordFile> {
     static constexpr std::wstring_view defaultName = L"Name";
     static const Members<WordFile> members;
 
-    WordFile(World& world, std::wstring path, bool installed);
+    WordFile(Core& core, std::wstring path, bool installed);
 
     std::wstring className() const override { return L"WordFile"; }
     std::wstring name() const;
@@ -52,7 +52,7 @@ class WordFiles : public Collection<WordFiles> {
   public:
     static const Members<WordFiles> members;
 
-    explicit WordFiles(World& world) : Collection(world) {}
+    explicit WordFiles(Core& core) : Collection(core) {}
 
     std::wstring className() const override { return L"WordFiles"; }
     const std::vector<std::shared_ptr<WordFile>>& list() const noexcept { return list_; }
@@ -72,7 +72,7 @@ class WordApplication : public Automated<WordApplication> {
     static constexpr std::wstring_view defaultName = L"Name";
     static const Members<WordApplication> members;
 
-    explicit WordApplication(World& world);
+    explicit WordApplication(Core& core);
 
     std::wstring className() const override { return L"WordApplication"; }
     void checkUsable() const override;
@@ -94,7 +94,7 @@ class WordWindows : public Automated<WordWindows> {
   public:
     static const Members<WordWindows> members;
 
-    WordWindows(World& world, std::size_t count) : Automated(world), count_(count) {}
+    WordWindows(Core& core, std::size_t count) : Automated(core), count_(count) {}
 
     std::wstring className() const override { return L"WordWindows"; }
 

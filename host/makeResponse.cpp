@@ -2,8 +2,8 @@
 #include <cmath>
 #include <unordered_set>
 
+#include "host/Core.h"
 #include "host/Item.h"
-#include "host/World.h"
 #include "host/dateText.h"
 
 namespace host {

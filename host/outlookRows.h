@@ -1,23 +1,23 @@
 #pragma once
 
 #include "host/Application.h"
+#include "host/Core.h"
 #include "host/NameSpace.h"
-#include "host/World.h"
 
 namespace host {
 
 // First steps of rows.
 
 inline Application& applicationOf(const HostObject& object) {
-    return object.world().application();
+    return object.core().application();
 }
 
 inline NameSpace& sessionOf(const HostObject& object) {
-    return object.world().nameSpace();
+    return object.core().nameSpace();
 }
 
 inline WindowList& windowsOf(const HostObject& object) {
-    return object.world().windows();
+    return object.core().windows();
 }
 
 // The rows that stand in the tables of all of Outlook's own objects.

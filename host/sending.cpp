@@ -1,10 +1,10 @@
 #include "host/sending.h"
 
 #include "host/Application.h"
+#include "host/Core.h"
 #include "host/Folder.h"
 #include "host/Inspector.h"
 #include "host/Item.h"
-#include "host/World.h"
 
 namespace host {
 
@@ -27,27 +27,26 @@ const wchar_t* refusalOf(Item& item) {
 }
 
 /// Puts the sent item where it belongs.
-SendOutcome deliver(World& world, const std::shared_ptr<Item>& item) {
+SendOutcome deliver(Core& core, const std::shared_ptr<Item>& item) {
     ItemContent& content = item->content();
     item->forgetWritten();
     const std::wstring account = item->sendingAccount();
-    const Account* const used = world.account(account);
+    const Account* const used = core.account(account);
     content.account = account;
-    content.sender = used ? World::addressOf(*used) : world.currentUser();
+    content.sender = used ? Core::addressOf(*used) : core.currentUser();
     content.sent = true;
-    const bool waits = content.deferred && *content.deferred > world.now();
+    const bool waits = content.deferred && *content.deferred > core.now();
     if (!waits) {
-        content.deliveryTime = world.now();
+        content.deliveryTime = core.now();
     }
-    const auto folder =
-        world.mailbox().defaultFolder(waits ? defaultFolder::outbox : defaultFolder::sentMail);
-    const auto sent = world.profile().sentItemsStay ? item->putInto(*folder) : item->moveTo(*folder);
+    const auto folder = core.mailbox().defaultFolder(waits ? defaultFolder::outbox : defaultFolder::sentMail);
+    const auto sent = core.profile().sentItemsStay ? item->putInto(*folder) : item->moveTo(*folder);
     return {waits ? SendState::Deferred : SendState::Sent, sent->object(), sent->view(), {}};
 }
 
 }  // namespace
 
-SendOutcome send(World& world, const std::shared_ptr<Item>& item) {
+SendOutcome send(Core& core, const std::shared_ptr<Item>& item) {
     item->checkUsable();
     if (item->content().sent) {
         raise::operationFailed();
@@ -55,10 +54,10 @@ SendOutcome send(World& world, const std::shared_ptr<Item>& item) {
     if (const wchar_t* const refusal = refusalOf(*item)) {
         return cancelled(item, refusal);
     }
-    if (world.raiseCancellable(*item->eventSource(), L"Send", 0xF005)) {
+    if (core.raiseCancellable(*item->eventSource(), L"Send", 0xF005)) {
         return cancelled(item);
     }
-    if (world.raiseCancellable(*world.application().eventSource(), L"ItemSend", 0xF002, {item->object()})) {
+    if (core.raiseCancellable(*core.application().eventSource(), L"ItemSend", 0xF002, {item->object()})) {
         return cancelled(item);
     }
     if (item->gone()) {
@@ -67,19 +66,19 @@ SendOutcome send(World& world, const std::shared_ptr<Item>& item) {
     if (const wchar_t* const refusal = refusalOf(*item)) {
         return cancelled(item, refusal);  // A handler has changed the recipients.
     }
-    if (world.raiseCancellable(*item->eventSource(), L"Write", 0xF002)) {
+    if (core.raiseCancellable(*item->eventSource(), L"Write", 0xF002)) {
         return cancelled(item);
     }
-    const auto inspector = world.windows().inspectorOf(*item);
+    const auto inspector = core.windows().inspectorOf(*item);
     if (inspector) {
         // Nothing holds a sent item's window back any more.
-        world.raiseCancellable(*item->eventSource(), L"Close", 0xF004);
-        world.windows().close(inspector);
+        core.raiseCancellable(*item->eventSource(), L"Close", 0xF004);
+        core.windows().close(inspector);
     }
     if (item->gone()) {
         return cancelled(item, L"The item has been moved or deleted.");
     }
-    return deliver(world, item);
+    return deliver(core, item);
 }
 
 std::shared_ptr<Item> raiseAnswer(Item& item, ReplyKind kind) {
@@ -90,10 +89,10 @@ std::shared_ptr<Item> raiseAnswer(Item& item, ReplyKind kind) {
     };
     constexpr Event events[] = {{L"Reply", 0xF466}, {L"ReplyAll", 0xF467}, {L"Forward", 0xF468}};
     const Event& event = events[static_cast<std::size_t>(kind)];
-    World& world = item.world();
-    const auto response = world.make<Item>(makeResponse(item, kind));
+    Core& core = item.core();
+    const auto response = core.make<Item>(makeResponse(item, kind));
     const bool stopped =
-        world.raiseCancellable(*item.eventSource(), event.name, event.id, {response->object()});
+        core.raiseCancellable(*item.eventSource(), event.name, event.id, {response->object()});
     return stopped ? nullptr : response;
 }
 

@@ -29,7 +29,7 @@ struct ProductTexts {
 
 /// The one global state. Connect owns it and passes it by reference; it lives as long as the connection.
 struct Globals {
-    explicit Globals(platform::Platform& world) : platform(world) {}
+    explicit Globals(platform::Platform& ports) : platform(ports) {}
 
     platform::Platform& platform;
     /// Nothing before the connection and after the last window has closed.

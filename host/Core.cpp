@@ -1,4 +1,4 @@
-#include "host/World.h"
+#include "host/Core.h"
 
 #include <algorithm>
 #include <array>
@@ -36,30 +36,30 @@ int majorOf(const std::wstring& version) {
 
 }  // namespace
 
-World::World(Profile profile, std::function<automation::Date()> now)
+Core::Core(Profile profile, std::function<automation::Date()> now)
     : profile_(std::move(profile)), majorVersion_(majorOf(profile_.version)), now_(std::move(now)) {
     if (profile_.stores.empty()) {  // Outlook does not start without one.
         profile_.stores.emplace_back();
     }
 }
 
-World::~World() {
+Core::~Core() {
     // The add-in's own object may hold objects of Outlook, its AddInInst among them.
     if (addIns_) {
         addIns_->releaseObjects();
     }
 }
 
-std::shared_ptr<World> World::make(Profile profile, std::function<automation::Date()> now) {
+std::shared_ptr<Core> Core::make(Profile profile, std::function<automation::Date()> now) {
     if (!now) {
         now = [] { return automation::Date{45292.5}; };
     }
-    const std::shared_ptr<World> world(new World(std::move(profile), std::move(now)));
-    world->start();
-    return world;
+    const std::shared_ptr<Core> core(new Core(std::move(profile), std::move(now)));
+    core->start();
+    return core;
 }
 
-void World::start() {
+void Core::start() {
     application_ = make<Application>();
     nameSpace_ = make<NameSpace>();
     addIns_ = make<AddIns>();
@@ -67,17 +67,17 @@ void World::start() {
     windows_.open(profile_.explorers, profile_.inspectors);
 }
 
-std::wstring World::nextEntryId() {
+std::wstring Core::nextEntryId() {
     constexpr std::size_t digits = 140;  // As long as those of a personal store.
     return hexadecimal(0, digits - 8) + hexadecimal(++lastEntry_, 8);
 }
 
-std::shared_ptr<WordApplication> World::runningWord() const {
+std::shared_ptr<WordApplication> Core::runningWord() const {
     auto word = word_.lock();
     return word && word->running() ? word : nullptr;
 }
 
-std::shared_ptr<WordApplication> World::startWord() {
+std::shared_ptr<WordApplication> Core::startWord() {
     auto word = runningWord();
     if (!word) {
         word = make<WordApplication>();
@@ -86,44 +86,44 @@ std::shared_ptr<WordApplication> World::startWord() {
     return word;
 }
 
-const Account* World::account(std::wstring_view name) const {
+const Account* Core::account(std::wstring_view name) const {
     const auto found = std::ranges::find_if(profile_.accounts, [&](const Account& account) {
         return text::equalsIgnoringCase(account.name, name);
     });
     return found == profile_.accounts.end() ? nullptr : &*found;
 }
 
-std::wstring World::stampOf(const Account& account) const {
+std::wstring Core::stampOf(const Account& account) const {
     if (!account.stamp.empty()) {
         return account.stamp;
     }
     return hexadecimal(static_cast<std::uint32_t>(&account - profile_.accounts.data()) + 1, 8);
 }
 
-std::wstring World::sendStampOf(const Account& account) const {
+std::wstring Core::sendStampOf(const Account& account) const {
     return account.sendStamp.empty() ? stampOf(account) + L"\x01" + account.address : account.sendStamp;
 }
 
-Address World::addressOf(const Account& account) {
+Address Core::addressOf(const Account& account) {
     return {.name = account.name, .address = account.address};
 }
 
-Address World::currentUser() const {
+Address Core::currentUser() const {
     if (profile_.user) {
         return *profile_.user;
     }
     return profile_.accounts.empty() ? Address{.name = L"Unknown"} : addressOf(profile_.accounts.front());
 }
 
-void World::raise(const EventSource& source, std::wstring_view name, std::int32_t event,
-                  std::vector<automation::Value> arguments) {
+void Core::raise(const EventSource& source, std::wstring_view name, std::int32_t event,
+                 std::vector<automation::Value> arguments) {
     source.raise(event, arguments, [&](std::int32_t number, const std::wstring& description) {
         errors_.push_back({std::wstring(name), number, description});
     });
 }
 
-bool World::raiseCancellable(const EventSource& source, std::wstring_view name, std::int32_t event,
-                             std::vector<automation::Value> arguments) {
+bool Core::raiseCancellable(const EventSource& source, std::wstring_view name, std::int32_t event,
+                            std::vector<automation::Value> arguments) {
     automation::Value cancel(false);
     arguments.push_back(automation::Value::reference(cancel));
     raise(source, name, event, std::move(arguments));

@@ -21,10 +21,10 @@ class WordApplication;
 
 /// Everything that one running Outlook holds: the profile, the mailbox, the open windows and the few objects
 /// that there is only one of. Owned by Outlook; its objects hold it weakly.
-class World : public std::enable_shared_from_this<World> {
+class Core : public std::enable_shared_from_this<Core> {
   public:
-    static std::shared_ptr<World> make(Profile profile, std::function<automation::Date()> now);
-    ~World();
+    static std::shared_ptr<Core> make(Profile profile, std::function<automation::Date()> now);
+    ~Core();
 
     const Profile& profile() const noexcept { return profile_; }
     /// The number before the first "." of the version.
@@ -71,7 +71,7 @@ class World : public std::enable_shared_from_this<World> {
     }
 
   private:
-    World(Profile profile, std::function<automation::Date()> now);
+    Core(Profile profile, std::function<automation::Date()> now);
     void start();
 
     Profile profile_;
