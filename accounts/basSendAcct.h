@@ -7,7 +7,7 @@
 #include "accounts/clsSendAcct.h"
 #include "mail/Globals.h"
 #include "mail/OutgoingMail.h"
-#include "platform/forms.h"
+#include "platform/formLists.h"
 
 /// Look-ups in the list of preferred accounts, and what the dialogs and the send share of accounts. Names and
 /// addresses are compared without regard to letter case and surrounding spaces. The list is not copied: the

@@ -5,7 +5,7 @@
 #include "accounts/clsSendAcct.h"
 #include "accounts/frmEmailAddressEdit.h"
 #include "mail/Globals.h"
-#include "platform/forms.h"
+#include "platform/formLists.h"
 
 namespace accounts {
 

@@ -2,7 +2,7 @@
 
 #include "accounts/clsSendAcct.h"
 #include "mail/Globals.h"
-#include "platform/forms.h"
+#include "platform/formLists.h"
 
 namespace accounts {
 

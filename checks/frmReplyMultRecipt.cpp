@@ -4,7 +4,7 @@
 
 namespace checks {
 
-frmReplyMultRecipt::frmReplyMultRecipt(const mail::Globals& globals, std::vector<forms::CheckList::Row> rows)
+frmReplyMultRecipt::frmReplyMultRecipt(const mail::Globals& globals, std::vector<forms::MarkedList::Row> rows)
     : Form(L"frmReplyMultRecipt", prompts::titled(globals, L"Multiple recipients"), 300, 193),
       globals_(globals) {
     lstRecipients.setRows(std::move(rows));
@@ -25,8 +25,8 @@ void frmReplyMultRecipt::Set_ReplyToAll() {
 
 std::vector<int> frmReplyMultRecipt::untickedPositions() const {
     std::vector<int> positions;
-    for (int position = 1; const forms::CheckList::Row& row : lstRecipients.rows()) {
-        if (!row.ticked) {
+    for (int position = 1; const forms::MarkedList::Row& row : lstRecipients.rows()) {
+        if (!row.marked) {
             positions.push_back(position);
         }
         ++position;
@@ -35,11 +35,11 @@ std::vector<int> frmReplyMultRecipt::untickedPositions() const {
 }
 
 void frmReplyMultRecipt::cmdAll_Click() {
-    lstRecipients.tickAll(true);
+    lstRecipients.markAll(true);
 }
 
 void frmReplyMultRecipt::cmdNone_Click() {
-    lstRecipients.tickAll(false);
+    lstRecipients.markAll(false);
 }
 
 void frmReplyMultRecipt::cmdOK_Click() {

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "mail/Globals.h"
-#include "platform/forms.h"
+#include "platform/formLists.h"
 
 namespace checks {
 
@@ -12,7 +12,7 @@ namespace checks {
 class frmReplyMultRecipt : public forms::Form {
   public:
     /// Worded for a plain Reply to a mail with several recipients.
-    frmReplyMultRecipt(const mail::Globals& globals, std::vector<forms::CheckList::Row> rows);
+    frmReplyMultRecipt(const mail::Globals& globals, std::vector<forms::MarkedList::Row> rows);
 
     /// Switches to the wording for a Reply to All.
     void Set_ReplyToAll();

@@ -62,7 +62,7 @@ std::wstring joined(const std::vector<int>& positions) {
 
 /// False when the user decides against the Reply to All.
 bool chooseRecipients(Globals& globals, AnsweredMail& answered, const outlook::Item& reply) {
-    std::vector<forms::CheckList::Row> rows;
+    std::vector<forms::MarkedList::Row> rows;
     for (const MailRecipient& recipient : answered.recipients()) {
         rows.push_back({recipient.shown(), true});
     }

@@ -35,9 +35,9 @@ RecipientSet recipientsOf(AnsweredMail& answered, const outlook::Item& response)
     return recipients;
 }
 
-std::vector<forms::CheckList::Row> rowsOf(const std::vector<MailRecipient>& recipients,
-                                          const RecipientSet& ticked) {
-    std::vector<forms::CheckList::Row> rows;
+std::vector<forms::MarkedList::Row> rowsOf(const std::vector<MailRecipient>& recipients,
+                                           const RecipientSet& ticked) {
+    std::vector<forms::MarkedList::Row> rows;
     for (const MailRecipient& recipient : recipients) {
         rows.push_back({recipient.shown(), ticked.contains(recipient)});
     }

@@ -20,7 +20,10 @@ struct MessageStyle {
     Icon icon = Icon::None;
 };
 
-/// What the user sees and hears. All of it is modal, on Outlook's user-interface thread.
+/// What the viewer of help files shows beside a topic, by the numbers of its commands.
+enum class HelpView { Topic = 0, Contents = 1 };
+
+/// What the user sees and hears. All but help is modal, on Outlook's user-interface thread.
 class Desktop {
   public:
     virtual ~Desktop() = default;
@@ -31,6 +34,9 @@ class Desktop {
     virtual void beep() = 0;
     /// Shows the form until it hides itself.
     virtual void showModal(forms::Form& form) = 0;
+    /// Opens the help file at the topic, a path inside of it, or at its default topic when that is empty.
+    /// Throws automation::Error when the file cannot be shown.
+    virtual void showHelp(const std::wstring& file, const std::wstring& topic, HelpView view) = 0;
     /// Lets the host handle the events that wait for it; they may arrive inside this call.
     virtual void processPendingEvents() = 0;
 };

@@ -81,6 +81,8 @@ class PromptObserver {
     virtual void message(const MessagePrompt& prompt, std::optional<Answer> answer) = 0;
     virtual void form(const FormPrompt& prompt, const std::optional<FormAnswer>& answer) = 0;
     virtual void beep() = 0;
+    /// Nothing is to be answered, and few want to know.
+    virtual void help(const std::wstring& /*file*/, const std::wstring& /*topic*/, HelpView /*view*/) {}
 };
 
 /// The buttons of a message box from left to right.

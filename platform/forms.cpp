@@ -1,38 +1,28 @@
 #include "platform/forms.h"
 
 #include <algorithm>
-#include <cmath>
-#include <functional>
 #include <utility>
 
-#include "platform/number.h"
-#include "platform/text.h"
+#include "platform/formPages.h"
 
 namespace forms {
 
-namespace {
-
-/// The rows' texts, a line each.
-template <class Rows, class Text>
-std::wstring lines(const Rows& rows, Text text) {
-    std::wstring result;
-    for (bool first = true; const auto& row : rows) {
-        result += first ? L"" : L"\n";
-        result += std::invoke(text, row);
-        first = false;
-    }
-    return result;
-}
-
-}  // namespace
-
 bool isFillable(Kind kind) {
     return kind == Kind::TextBox || kind == Kind::ListBox || kind == Kind::ComboBox ||
-           kind == Kind::CheckList;
+           kind == Kind::CheckList || kind == Kind::SelectionList;
 }
 
-Control::Control(Form& form, std::wstring name, Kind kind, Place place, std::wstring caption)
-    : form_(form), name_(std::move(name)), kind_(kind), place_(place), caption_(std::move(caption)) {
+bool isPressed(Kind kind) {
+    return kind == Kind::Button || kind == Kind::Link;
+}
+
+Control::Control(Container& container, std::wstring name, Kind kind, Place place, std::wstring caption)
+    : form_(container.form()),
+      frame_(container.asFrame()),
+      name_(std::move(name)),
+      kind_(kind),
+      place_(place),
+      caption_(std::move(caption)) {
     form_.controls_.push_back(this);
 }
 
@@ -52,9 +42,21 @@ void Control::setEnabled(bool enabled) {
     changed();
 }
 
+bool Control::visible() const {
+    return visible_ && (!frame_ || frame_->visible());
+}
+
 void Control::setVisible(bool visible) {
     visible_ = visible;
     changed();
+}
+
+bool Control::isIn(const Frame& frame) const {
+    return frame_ && (frame_ == &frame || frame_->isIn(frame));
+}
+
+bool Control::turnedTo() {
+    return form_.leaveFor(*this);
 }
 
 void Control::setFocus() {
@@ -84,10 +86,18 @@ void TextBox::setReadOnly(bool readOnly) {
     changed();
 }
 
+std::wstring TextBox::value() const {
+    return lines_ == Lines::Hidden ? std::wstring(text_.size(), L'*') : text_;
+}
+
 bool TextBox::enter(std::wstring_view value) {
     if (readOnly_ || !enabled()) {
         return false;
     }
+    if (!turnedTo()) {
+        return true;
+    }
+    form().focused(*this);
     text_ = value;
     if (onChange) {
         onChange();
@@ -96,9 +106,20 @@ bool TextBox::enter(std::wstring_view value) {
 }
 
 void Button::press() {
-    if (enabled() && visible() && onClick) {
+    if (enabled() && visible() && turnedTo() && onClick) {
         onClick();
     }
+}
+
+void Link::press() {
+    if (enabled() && visible() && turnedTo() && onClick) {
+        onClick();
+    }
+}
+
+bool Link::enter(std::wstring_view) {
+    press();
+    return enabled() && visible();
 }
 
 bool Button::enter(std::wstring_view) {
@@ -116,7 +137,7 @@ bool CheckBox::enter(std::wstring_view value) {
         return false;
     }
     const int state = value == L"1" ? 1 : 0;
-    if (state != state_) {  // A click on a box that is as wanted would turn it over.
+    if (state != state_ && turnedTo()) {  // A click on a box that is as wanted would turn it over.
         state_ = state;
         if (onClick) {
             onClick();
@@ -128,7 +149,7 @@ bool CheckBox::enter(std::wstring_view value) {
 void OptionButton::select() {
     for (Control* control : form().controls()) {
         auto* option = dynamic_cast<OptionButton*>(control);
-        if (option && option->selected_ != (option == this)) {
+        if (option && option->frame() == frame() && option->selected_ != (option == this)) {
             option->selected_ = option == this;
             option->changed();
         }
@@ -139,7 +160,7 @@ bool OptionButton::enter(std::wstring_view value) {
     if (!enabled() || value != L"1") {
         return false;
     }
-    if (!selected_) {
+    if (!selected_ && turnedTo()) {
         select();
         if (onClick) {
             onClick();
@@ -148,87 +169,9 @@ bool OptionButton::enter(std::wstring_view value) {
     return true;
 }
 
-void List::setItems(std::vector<std::wstring> items) {
-    items_ = std::move(items);
-    selected_ = none;
-    setCaption(lines(items_, [](const std::wstring& item) { return item; }));
-}
-
-void List::select(int index) {
-    selected_ = index >= 0 && index < static_cast<int>(items_.size()) ? index : none;
+void Picture::setBitmap(std::shared_ptr<platform::Picture> bitmap) {
+    bitmap_ = std::move(bitmap);
     changed();
-}
-
-std::wstring List::value() const {
-    return selected_ == none ? std::wstring() : items_[static_cast<std::size_t>(selected_)];
-}
-
-bool List::enter(std::wstring_view value) {
-    const auto found = std::ranges::find(items_, value);
-    return found != items_.end() && choose(static_cast<int>(found - items_.begin()));
-}
-
-bool List::choose(int index) {
-    if (!enabled() || index < 0 || index >= static_cast<int>(items_.size())) {
-        return false;
-    }
-    selected_ = index;
-    if (onChange) {
-        onChange();
-    }
-    return true;
-}
-
-void CheckList::setRows(std::vector<Row> rows) {
-    rows_ = std::move(rows);
-    setCaption(lines(rows_, &Row::text));
-}
-
-void CheckList::tickAll(bool ticked) {
-    for (Row& row : rows_) {
-        row.ticked = ticked;
-    }
-    changed();
-}
-
-void CheckList::tick(std::size_t row, bool ticked) {
-    if (row < rows_.size()) {
-        rows_[row].ticked = ticked;
-    }
-}
-
-std::wstring CheckList::value() const {
-    std::wstring positions;
-    for (std::size_t row = 0; row < rows_.size(); ++row) {
-        if (rows_[row].ticked) {
-            positions += (positions.empty() ? L"" : L",") + std::to_wstring(row + 1);
-        }
-    }
-    return positions;
-}
-
-bool CheckList::enter(std::wstring_view value) {
-    const auto ticks = parseTicks(value, rows_.size());
-    if (!enabled() || !ticks) {
-        return false;
-    }
-    for (std::size_t row = 0; row < rows_.size(); ++row) {
-        rows_[row].ticked = (*ticks)[row];
-    }
-    changed();
-    return true;
-}
-
-std::optional<std::vector<bool>> CheckList::parseTicks(std::wstring_view value, std::size_t rows) {
-    std::vector<bool> ticks(rows);
-    for (const std::wstring_view position : text::split(value, L',')) {
-        const auto number = number::parse(position);
-        if (!number || *number < 1 || *number > static_cast<double>(rows) || *number != std::floor(*number)) {
-            return std::nullopt;
-        }
-        ticks[static_cast<std::size_t>(*number) - 1] = true;
-    }
-    return ticks;
 }
 
 void Form::setCaption(std::wstring caption) {
@@ -251,6 +194,20 @@ Button* Form::button(Button::Role role) const {
         }
     }
     return nullptr;
+}
+
+void Form::focused(const Control& control) {
+    edited_ = dynamic_cast<const TextBox*>(&control);
+}
+
+bool Form::leaveFor(const Control& next) {
+    const auto* const pressed = dynamic_cast<const Button*>(&next);
+    const bool dismisses = pressed && pressed->role() == Button::Role::Cancel;
+    if (!edited_ || edited_ == &next || dismisses) {
+        return true;
+    }
+    const TextBox& left = *std::exchange(edited_, nullptr);
+    return !left.onLeave || left.onLeave();
 }
 
 void Form::hide() {

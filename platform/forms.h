@@ -1,17 +1,36 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+namespace platform {
+class Picture;
+}
 
 /// Dialogs, described once and drawn by whichever world shows them. A form declares its controls as members
 /// named after their role, in tab order, with captions and places in dialog units; it never knows whether it
 /// is a Win32 dialog, a terminal or a test.
 namespace forms {
 
-enum class Kind { Label, TextBox, Button, CheckBox, OptionButton, ListBox, CheckList, ComboBox, Picture };
+enum class Kind {
+    Label,
+    Link,
+    TextBox,
+    Button,
+    CheckBox,
+    OptionButton,
+    ListBox,
+    SelectionList,
+    CheckList,
+    ComboBox,
+    Picture,
+    Frame,
+    TabStrip
+};
 
 /// In dialog units of the form's font.
 struct Place {
@@ -23,9 +42,26 @@ struct Place {
 
 /// True for text boxes and lists.
 bool isFillable(Kind kind);
+/// True for buttons and links.
+bool isPressed(Kind kind);
 
 class Control;
 class Form;
+class Frame;
+
+/// What controls are made in: a form, or a frame of one.
+class Container {
+  public:
+    virtual Form& form() = 0;
+    /// Null for the form itself.
+    virtual const Frame* asFrame() const { return nullptr; }
+
+  protected:
+    Container() = default;
+    Container(const Container&) = delete;
+    Container& operator=(const Container&) = delete;
+    ~Container() = default;
+};
 
 /// What shows a form while it is open. Told of every change that code makes to a control.
 class View {
@@ -42,14 +78,17 @@ class View {
 /// order. The name is the one by which tests and scripts address it.
 class Control {
   public:
-    Control(Form& form, std::wstring name, Kind kind, Place place, std::wstring caption);
+    Control(Container& container, std::wstring name, Kind kind, Place place, std::wstring caption);
     Control(const Control&) = delete;
     Control& operator=(const Control&) = delete;
     virtual ~Control() = default;
 
     const std::wstring& name() const { return name_; }
     Kind kind() const { return kind_; }
+    /// On the form, inside of a frame too.
     Place place() const { return place_; }
+    /// The innermost that it stands in; null on the form itself.
+    const Frame* frame() const { return frame_; }
 
     /// The text on the control; in it "&" stands before the access key, where the control has one.
     const std::wstring& caption() const { return caption_; }
@@ -57,27 +96,35 @@ class Control {
     virtual bool marksAccessKey() const { return false; }
     bool enabled() const { return enabled_; }
     void setEnabled(bool enabled);
-    bool visible() const { return visible_; }
+    /// False in a frame that is not visible, too.
+    bool visible() const;
     void setVisible(bool visible);
+    /// True when it stands in the frame, or in one inside of that.
+    bool isIn(const Frame& frame) const;
     /// Moves the keyboard here; before the form is shown, this is where it starts in place of the first
     /// control.
     void setFocus();
 
     /// What the control holds, as text: a text box its text, a check box "0", "1" or "2", an option "0" or
-    /// "1", a list or combo box its selected entry, a check list the 1-based positions of its ticked rows
-    /// joined by ","; "" for the rest.
+    /// "1", a list or combo box its selected entry, a list of marked rows their 1-based positions joined by
+    /// ",", a tab strip the caption of its page; "" for the rest.
     virtual std::wstring value() const { return {}; }
     /// Does what a user does who brings the control to `value` (for a button: presses it), and runs the
-    /// handlers that go with it. False when the control cannot take that value.
+    /// handlers that go with it. False when the control cannot take that value. What the user is about to do
+    /// when a text box complains of being left is not done, which is no reason to answer false.
     virtual bool enter(std::wstring_view value);
+
+    Form& form() const { return form_; }
 
   protected:
     void setCaption(std::wstring caption);
-    void changed();
-    Form& form() const { return form_; }
+    virtual void changed();
+    /// The user turns to this control. False when the text box with the keyboard complained.
+    bool turnedTo();
 
   private:
     Form& form_;
+    const Frame* frame_;
     std::wstring name_;
     Kind kind_;
     Place place_;
@@ -88,8 +135,12 @@ class Control {
 
 class Label : public Control {
   public:
-    Label(Form& form, std::wstring name, Place place, std::wstring caption = {})
-        : Control(form, std::move(name), Kind::Label, place, std::move(caption)) {}
+    enum class Look { Plain, Heading };
+    Label(Container& container, std::wstring name, Place place, std::wstring caption = {},
+          Look look = Look::Plain)
+        : Control(container, std::move(name), Kind::Label, place, std::move(caption)), look_(look) {}
+
+    Look look() const { return look_; }
 
     /// Shows a text as it stands. Unlike the caption that a label is made with it has no access key:
     /// addresses and names of accounts may contain an "&".
@@ -97,25 +148,32 @@ class Label : public Control {
     bool marksAccessKey() const override { return !showsData_; }
 
   private:
+    Look look_;
     bool showsData_ = false;
 };
 
 class TextBox : public Control {
   public:
-    enum class Lines { One, Many };
-    TextBox(Form& form, std::wstring name, Place place, Lines lines = Lines::One)
-        : Control(form, std::move(name), Kind::TextBox, place, {}), lines_(lines) {}
+    /// A hidden line is a password: nobody sees it, and no report tells it.
+    enum class Lines { One, Many, Hidden };
+    TextBox(Container& container, std::wstring name, Place place, Lines lines = Lines::One)
+        : Control(container, std::move(name), Kind::TextBox, place, {}), lines_(lines) {}
 
     /// Lines are separated by CR LF.
     const std::wstring& text() const { return text_; }
     void setText(std::wstring text);
-    bool multiline() const { return lines_ == Lines::Many; }
+    Lines lines() const { return lines_; }
     bool readOnly() const { return readOnly_; }
     void setReadOnly(bool readOnly);
 
     std::function<void()> onChange;
+    /// The user goes on to another control, the Cancel button excepted. False when the box complained: what
+    /// the user has left it for is then not done. Where the box is to be corrected first it takes the
+    /// keyboard back itself.
+    std::function<bool()> onLeave;
 
-    std::wstring value() const override { return text_; }
+    /// Of a password only its length, in stars.
+    std::wstring value() const override;
     bool enter(std::wstring_view value) override;
 
   private:
@@ -128,8 +186,9 @@ class Button : public Control {
   public:
     /// Default is pressed by Enter, Cancel by Escape and by the close box.
     enum class Role { Plain, Default, Cancel };
-    Button(Form& form, std::wstring name, Place place, std::wstring caption, Role role = Role::Plain)
-        : Control(form, std::move(name), Kind::Button, place, std::move(caption)), role_(role) {}
+    Button(Container& container, std::wstring name, Place place, std::wstring caption,
+           Role role = Role::Plain)
+        : Control(container, std::move(name), Kind::Button, place, std::move(caption)), role_(role) {}
 
     Role role() const { return role_; }
     bool marksAccessKey() const override { return true; }
@@ -143,10 +202,23 @@ class Button : public Control {
     Role role_;
 };
 
+/// A text that opens something when it is clicked. It has no access key.
+class Link : public Control {
+  public:
+    Link(Container& container, std::wstring name, Place place, std::wstring caption)
+        : Control(container, std::move(name), Kind::Link, place, std::move(caption)) {}
+
+    void press();
+
+    std::function<void()> onClick;
+
+    bool enter(std::wstring_view value) override;
+};
+
 class CheckBox : public Control {
   public:
-    CheckBox(Form& form, std::wstring name, Place place, std::wstring caption)
-        : Control(form, std::move(name), Kind::CheckBox, place, std::move(caption)) {}
+    CheckBox(Container& container, std::wstring name, Place place, std::wstring caption)
+        : Control(container, std::move(name), Kind::CheckBox, place, std::move(caption)) {}
 
     bool marksAccessKey() const override { return true; }
     /// 0 unticked, 1 ticked, 2 greyed.
@@ -163,12 +235,12 @@ class CheckBox : public Control {
     int state_ = 0;
 };
 
-/// One of several choices: all option buttons of a form exclude each other. To the keyboard they stand
-/// together, in the tab order where the first of them is.
+/// One of several choices: the option buttons of a frame, or those of the form itself, exclude each other. To
+/// the keyboard they stand together, in the tab order where the first of them is.
 class OptionButton : public Control {
   public:
-    OptionButton(Form& form, std::wstring name, Place place, std::wstring caption)
-        : Control(form, std::move(name), Kind::OptionButton, place, std::move(caption)) {}
+    OptionButton(Container& container, std::wstring name, Place place, std::wstring caption)
+        : Control(container, std::move(name), Kind::OptionButton, place, std::move(caption)) {}
 
     bool marksAccessKey() const override { return true; }
     bool selected() const { return selected_; }
@@ -185,100 +257,33 @@ class OptionButton : public Control {
     bool selected_ = false;
 };
 
-/// Entries of which one can be selected: a list box, or a drop-down list.
-class List : public Control {
-  public:
-    static constexpr int none = -1;
-
-    const std::vector<std::wstring>& items() const { return items_; }
-    /// Replaces all entries, which are also the control's caption, a line each; nothing is selected
-    /// afterwards.
-    void setItems(std::vector<std::wstring> items);
-    /// 0-based, or none.
-    int selected() const { return selected_; }
-    void select(int index);
-
-    /// A choice by the user.
-    std::function<void()> onChange;
-
-    std::wstring value() const override;
-    /// Selects the first entry of that text.
-    bool enter(std::wstring_view value) override;
-    /// As a user's choice, by position.
-    bool choose(int index);
-
-  protected:
-    List(Form& form, std::wstring name, Kind kind, Place place)
-        : Control(form, std::move(name), kind, place, {}) {}
-
-  private:
-    std::vector<std::wstring> items_;
-    int selected_ = none;
-};
-
-class ListBox : public List {
-  public:
-    ListBox(Form& form, std::wstring name, Place place) : List(form, std::move(name), Kind::ListBox, place) {}
-    /// A double click on the selected entry.
-    std::function<void()> onDoubleClick;
-};
-
-/// The place is that of the closed box; it drops down as far as its entries need.
-class ComboBox : public List {
-  public:
-    ComboBox(Form& form, std::wstring name, Place place)
-        : List(form, std::move(name), Kind::ComboBox, place) {}
-};
-
-/// Rows with a box each to tick.
-class CheckList : public Control {
-  public:
-    struct Row {
-        std::wstring text;
-        bool ticked = true;
-    };
-
-    CheckList(Form& form, std::wstring name, Place place)
-        : Control(form, std::move(name), Kind::CheckList, place, {}) {}
-
-    const std::vector<Row>& rows() const { return rows_; }
-    /// The rows' texts are also the control's caption, a line each.
-    void setRows(std::vector<Row> rows);
-    void tickAll(bool ticked);
-    /// As the user does, who ticks a row by mouse or space bar.
-    void tick(std::size_t row, bool ticked);
-
-    std::wstring value() const override;
-    bool enter(std::wstring_view value) override;
-
-    /// Which of `rows` rows a value such as "1,3" ticks; nothing when the value is not such a list.
-    static std::optional<std::vector<bool>> parseTicks(std::wstring_view value, std::size_t rows);
-
-  private:
-    std::vector<Row> rows_;
-};
-
 /// The picture of a message-box icon, or of the resource library.
 class Picture : public Control {
   public:
-    enum class Image { Information, Warning, Question };
-    Picture(Form& form, std::wstring name, Place place, Image image)
-        : Control(form, std::move(name), Kind::Picture, place, {}), image_(image) {}
+    enum class Image { Given, Information, Warning, Question };
+    Picture(Container& container, std::wstring name, Place place, Image image)
+        : Control(container, std::move(name), Kind::Picture, place, {}), image_(image) {}
 
     Image image() const { return image_; }
+    /// The bitmap of one whose image is Given; null before.
+    const std::shared_ptr<platform::Picture>& bitmap() const { return bitmap_; }
+    void setBitmap(std::shared_ptr<platform::Picture> bitmap);
 
   private:
     Image image_;
+    std::shared_ptr<platform::Picture> bitmap_;
 };
 
 /// Base of every dialog. Shown by Desktop::showModal until hide().
-class Form {
+class Form : public Container {
   public:
     Form(std::wstring name, std::wstring caption, int width, int height)
         : name_(std::move(name)), caption_(std::move(caption)), width_(width), height_(height) {}
     Form(const Form&) = delete;
     Form& operator=(const Form&) = delete;
     virtual ~Form() = default;
+
+    Form& form() final { return *this; }
 
     const std::wstring& name() const { return name_; }
     const std::wstring& caption() const { return caption_; }
@@ -299,6 +304,12 @@ class Form {
     /// The close box or Escape: presses the Cancel button, or hides a form that has none.
     virtual void closeBox();
 
+    /// The control has the keyboard now. Told by the world that shows the form.
+    void focused(const Control& control);
+    /// The user turns to another control: ends the work in the text box that had the keyboard. False when
+    /// the box complained.
+    bool leaveFor(const Control& next);
+
     bool shown() const { return view_ != nullptr; }
     /// For the world that shows the form; null again once it is closed.
     void setView(View* view);
@@ -314,6 +325,8 @@ class Form {
     std::vector<Control*> controls_;
     View* view_ = nullptr;
     const Control* firstFocus_ = nullptr;
+    /// The text box that has the keyboard.
+    const TextBox* edited_ = nullptr;
 };
 
 }  // namespace forms

@@ -163,6 +163,20 @@ void Report::beep() {
     }
 }
 
+void Report::help(const std::wstring& file, const std::wstring& topic, platform::HelpView view) {
+    const bool contents = view == platform::HelpView::Contents;
+    if (json()) {
+        Json opened = event("help");
+        opened["help_file"] = text::toUtf8(file);
+        opened["topic"] = text::toUtf8(topic);
+        opened["contents"] = contents;
+        line(jsonText(opened));
+    } else {
+        line("  help: " + terminalLine(file) + (topic.empty() ? "" : ", " + terminalLine(topic)) +
+             (contents ? ", with its contents" : ""));
+    }
+}
+
 void Report::begin(const std::wstring& file) {
     file_ = file;
     if (!json()) {

@@ -22,6 +22,7 @@ class Report : public platform::PromptObserver {
     void message(const platform::MessagePrompt& prompt, std::optional<platform::Answer> answer) override;
     void form(const platform::FormPrompt& prompt, const std::optional<platform::FormAnswer>& answer) override;
     void beep() override;
+    void help(const std::wstring& file, const std::wstring& topic, platform::HelpView view) override;
 
     /// The next message's turn: what follows happens to this file, which every event names.
     void begin(const std::wstring& file);

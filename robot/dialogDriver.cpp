@@ -91,11 +91,33 @@ void click(HWND button) {
     SendNotifyMessageW(button, BM_CLICK, 0, 0);
 }
 
+/// Of a password only its length, in stars.
+std::wstring boxText(HWND box) {
+    const std::wstring text = windowText(box);
+    const bool hidden = (GetWindowLongPtrW(box, GWL_STYLE) & ES_PASSWORD) != 0;
+    return hidden ? std::wstring(text.size(), L'*') : text;
+}
+
+/// The text between the marks of a link.
+std::wstring linkText(HWND link) {
+    const std::wstring marked = windowText(link);
+    const auto start = marked.find(L'>') + 1;
+    return marked.substr(start, marked.rfind(L'<') - start);
+}
+
+/// As Enter does while the link has the keyboard.
+void follow(HWND link) {
+    HWND dialog = GetParent(link);
+    SendMessageW(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(link), TRUE);
+    SendNotifyMessageW(link, WM_KEYDOWN, VK_RETURN, 1);
+}
+
 /// As pasting over all of the text does; a text set by WM_SETTEXT is not always notified.
 bool type(HWND box, const std::wstring& text) {
     if ((GetWindowLongPtrW(box, GWL_STYLE) & ES_READONLY) != 0) {
         return false;
     }
+    SendMessageW(GetParent(box), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(box), TRUE);
     SendMessageW(box, EM_SETSEL, 0, -1);
     SendMessageW(box, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text.c_str()));
     return true;
@@ -124,7 +146,7 @@ ControlState describeControl(HWND control) {
     state.fillable = forms::isFillable(kind);
     switch (kind) {
         case forms::Kind::TextBox:
-            state.value = windowText(control);
+            state.value = boxText(control);
             break;
         case forms::Kind::CheckBox:
         case forms::Kind::OptionButton:
@@ -133,11 +155,17 @@ ControlState describeControl(HWND control) {
             break;
         case forms::Kind::Label:
         case forms::Kind::Button:
+        case forms::Kind::Frame:
             state.caption = windowText(control);
+            break;
+        case forms::Kind::Link:
+            state.caption = linkText(control);
             break;
         case forms::Kind::ListBox:
         case forms::Kind::ComboBox:
         case forms::Kind::CheckList:
+        case forms::Kind::SelectionList:
+        case forms::Kind::TabStrip:
             listDriver::describe(control, kind, state);
             break;
         case forms::Kind::Picture:
@@ -228,8 +256,14 @@ bool enter(HWND control, const std::wstring& value) {
         case forms::Kind::ListBox:
         case forms::Kind::ComboBox:
         case forms::Kind::CheckList:
+        case forms::Kind::SelectionList:
+        case forms::Kind::TabStrip:
             return listDriver::enter(control, kind, value);
+        case forms::Kind::Link:
+            follow(control);
+            return true;
         case forms::Kind::Label:
+        case forms::Kind::Frame:
         case forms::Kind::Picture:
             break;
     }

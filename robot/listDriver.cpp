@@ -1,9 +1,12 @@
 #include "robot/listDriver.h"
 
+#include <commctrl.h>
+
 #include <algorithm>
 #include <optional>
 #include <vector>
 
+#include "platform/text.h"
 #include "platform/windows/checkListState.h"
 #include "platform/windows/listMessages.h"
 #include "robot/onThreadOf.h"
@@ -71,18 +74,65 @@ Texts rowTexts(HWND list) {
     return texts;
 }
 
-std::wstring tickedRows(HWND list) {
-    Texts positions;
-    for (int row = 0; row < rowCount(list); ++row) {
-        if (rowIsTicked(list, row)) {
-            positions.push_back(std::to_wstring(row + 1));
+/// The 1-based positions of the rows for which `isMarked` is true.
+template <class IsMarked>
+std::wstring positions(int rows, IsMarked isMarked) {
+    Texts marked;
+    for (int row = 0; row < rows; ++row) {
+        if (isMarked(row)) {
+            marked.push_back(std::to_wstring(row + 1));
         }
     }
-    return joined(positions, L',');
+    return joined(marked, L',');
+}
+
+bool isSelected(HWND list, int row) {
+    return SendMessageW(list, LB_GETSEL, static_cast<WPARAM>(row), 0) > 0;
+}
+
+bool selectExactly(HWND list, const std::wstring& value) {
+    const auto rows = static_cast<std::size_t>(SendMessageW(list, LB_GETCOUNT, 0, 0));
+    const auto marks = forms::MarkedList::parseMarks(value, rows);
+    for (std::size_t row = 0; marks && row < rows; ++row) {
+        SendMessageW(list, LB_SETSEL, (*marks)[row], static_cast<LPARAM>(row));
+    }
+    return marks.has_value();
+}
+
+int selectedTab(HWND strip) {
+    return static_cast<int>(SendMessageW(strip, TCM_GETCURSEL, 0, 0));
+}
+
+std::wstring tabText(HWND strip, int tab) {
+    wchar_t text[256] = L"";
+    TCITEMW item{};
+    item.mask = TCIF_TEXT;
+    item.pszText = text;
+    item.cchTextMax = 256;
+    SendMessageW(strip, TCM_GETITEMW, static_cast<WPARAM>(tab), reinterpret_cast<LPARAM>(&item));
+    return item.pszText;
+}
+
+Texts tabTexts(HWND strip) {
+    Texts texts;
+    const auto count = static_cast<int>(SendMessageW(strip, TCM_GETITEMCOUNT, 0, 0));
+    for (int tab = 0; tab < count; ++tab) {
+        texts.push_back(tabText(strip, tab));
+    }
+    return texts;
+}
+
+/// A click on the tab.
+void clickTab(HWND strip, int tab) {
+    RECT place{};
+    SendMessageW(strip, TCM_GETITEMRECT, static_cast<WPARAM>(tab), reinterpret_cast<LPARAM>(&place));
+    const LPARAM point = MAKELPARAM((place.left + place.right) / 2, (place.top + place.bottom) / 2);
+    SendNotifyMessageW(strip, WM_LBUTTONDOWN, MK_LBUTTON, point);
+    SendNotifyMessageW(strip, WM_LBUTTONUP, 0, point);
 }
 
 bool tickExactly(HWND list, const std::wstring& value) {
-    const auto ticks = forms::CheckList::parseTicks(value, static_cast<std::size_t>(rowCount(list)));
+    const auto ticks = forms::MarkedList::parseMarks(value, static_cast<std::size_t>(rowCount(list)));
     if (!ticks) {
         return false;
     }
@@ -113,10 +163,24 @@ void selectEntry(HWND comboBox, int index) {
 }
 
 void describeHere(HWND control, forms::Kind kind, ControlState& state) {
-    if (kind == forms::Kind::CheckList) {
-        state.caption = joined(rowTexts(control), L'\n');
-        state.value = tickedRows(control);
-        return;
+    switch (kind) {
+        case forms::Kind::CheckList:
+            state.caption = joined(rowTexts(control), L'\n');
+            state.value = positions(rowCount(control), [&](int row) { return rowIsTicked(control, row); });
+            return;
+        case forms::Kind::SelectionList: {
+            const Texts texts = entries(control, listBoxMessages);
+            state.caption = joined(texts, L'\n');
+            state.value =
+                positions(static_cast<int>(texts.size()), [&](int row) { return isSelected(control, row); });
+            return;
+        }
+        case forms::Kind::TabStrip:
+            state.caption = joined(tabTexts(control), L'\n');
+            state.value = tabText(control, selectedTab(control));
+            return;
+        default:
+            break;
     }
     const ListMessages& messages = messagesOf(kind);
     const Texts texts = entries(control, messages);
@@ -127,11 +191,25 @@ void describeHere(HWND control, forms::Kind kind, ControlState& state) {
     }
 }
 
-/// The first entry of that text.
-std::optional<int> findEntry(HWND list, const ListMessages& messages, const std::wstring& value) {
-    const Texts texts = entries(list, messages);
-    const auto found = std::ranges::find(texts, value);
+/// A text's place among others; letter case is ignored where the form ignores it.
+std::optional<int> placeOf(const std::wstring& value, const Texts& texts, bool ignoringCase = false) {
+    const auto found = std::ranges::find_if(texts, [&](const std::wstring& each) {
+        return ignoringCase ? text::equalsIgnoringCase(each, value) : each == value;
+    });
     return found == texts.end() ? std::nullopt : std::optional(static_cast<int>(found - texts.begin()));
+}
+
+/// Marks exactly the rows of such a value as "1,3".
+bool markExactly(HWND list, forms::Kind kind, const std::wstring& value) {
+    bool possible = false;
+    onThreadOf(list, [&] {
+        possible = kind == forms::Kind::CheckList ? tickExactly(list, value) : selectExactly(list, value);
+    });
+    if (possible && kind == forms::Kind::SelectionList) {  // Told of, as it tells of a person's selection.
+        SendNotifyMessageW(GetParent(list), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(list), LBN_SELCHANGE),
+                           reinterpret_cast<LPARAM>(list));
+    }
+    return possible;
 }
 
 }  // namespace
@@ -141,15 +219,19 @@ void describe(HWND control, forms::Kind kind, ControlState& state) {
 }
 
 bool enter(HWND control, forms::Kind kind, const std::wstring& value) {
-    if (kind == forms::Kind::CheckList) {
-        bool possible = false;
-        onThreadOf(control, [&] { possible = tickExactly(control, value); });
-        return possible;
+    if (kind == forms::Kind::CheckList || kind == forms::Kind::SelectionList) {
+        return markExactly(control, kind, value);
     }
+    const bool isStrip = kind == forms::Kind::TabStrip;
     std::optional<int> index;
-    onThreadOf(control, [&] { index = findEntry(control, messagesOf(kind), value); });
+    onThreadOf(control, [&] {
+        index = isStrip ? placeOf(value, tabTexts(control), true)
+                        : placeOf(value, entries(control, messagesOf(kind)));
+    });
     if (index) {
-        kind == forms::Kind::ListBox ? clickEntry(control, *index) : selectEntry(control, *index);
+        isStrip                        ? clickTab(control, *index)
+        : kind == forms::Kind::ListBox ? clickEntry(control, *index)
+                                       : selectEntry(control, *index);
     }
     return index.has_value();
 }

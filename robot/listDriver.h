@@ -5,7 +5,7 @@
 #include <string>
 
 #include "platform/Prompts.h"
-#include "platform/forms.h"
+#include "platform/formLists.h"
 
 /// The part of dialogDriver that sees and moves lists.
 namespace robot::listDriver {

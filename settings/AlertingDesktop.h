@@ -19,6 +19,9 @@ class AlertingDesktop final : public platform::Desktop {
         ++globals_.promptsShown;
         shown_.showModal(form);
     }
+    void showHelp(const std::wstring& file, const std::wstring& topic, platform::HelpView view) override {
+        shown_.showHelp(file, topic, view);
+    }
     void processPendingEvents() override { shown_.processPendingEvents(); }
 
   private:

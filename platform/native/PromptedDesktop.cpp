@@ -21,7 +21,7 @@ class OpenForm : public forms::View {
 
     void refresh(const forms::Control&) override {}
     void captionChanged() override {}
-    void focus(const forms::Control&) override {}
+    void focus(const forms::Control& control) override { form_.focused(control); }
     void close() override { open_ = false; }
 
   private:
@@ -66,6 +66,12 @@ void PromptedDesktop::beep() {
     if (!unanswered_) {
         observer_.beep();
         sound();
+    }
+}
+
+void PromptedDesktop::showHelp(const std::wstring& file, const std::wstring& topic, HelpView view) {
+    if (!unanswered_) {
+        observer_.help(file, topic, view);
     }
 }
 
@@ -114,7 +120,7 @@ void PromptedDesktop::press(forms::Form& form, const std::wstring& key) {
     } else if (key.starts_with(altKey) && key.size() == altKey.size() + 2) {
         control = findByAccessKey(form, key[altKey.size()]);
     }
-    if (control && control->kind() == forms::Kind::Button) {
+    if (control && forms::isPressed(control->kind())) {
         enter(form, control->name(), {});
     } else {
         unanswered_ = L"the key " + key + L" presses no button of the form " + form.name();
@@ -130,7 +136,7 @@ bool PromptedDesktop::enter(forms::Form& form, const std::wstring& controlName, 
     }
     const bool usable = control->enabled() && control->visible();
     // A button may well disable itself while it is pressed.
-    if (!usable || (!control->enter(value) && control->kind() != forms::Kind::Button)) {
+    if (!usable || (!control->enter(value) && !forms::isPressed(control->kind()))) {
         unanswered_ = L"the control " + control->name() + L" of the form " + form.name() +
                       L" cannot take \"" + value + L"\" now";
         return false;

@@ -24,6 +24,7 @@ class PromptedDesktop : public Desktop {
     Answer messageBox(const std::wstring& prompt, MessageStyle style, const std::wstring& title) final;
     void beep() final;
     void showModal(forms::Form& form) final;
+    void showHelp(const std::wstring& file, const std::wstring& topic, HelpView view) final;
     /// Events of the simulated host never wait.
     void processPendingEvents() final {}
 

@@ -5,7 +5,8 @@
 #include <istream>
 #include <ostream>
 
-#include "platform/forms.h"
+#include "platform/formLists.h"
+#include "platform/formPages.h"
 #include "platform/native/accessKeys.h"
 #include "platform/number.h"
 #include "platform/terminalText.h"
@@ -52,12 +53,28 @@ std::wstring drawing(const forms::List& list) {
     return lines;
 }
 
-std::wstring drawing(const forms::CheckList& list) {
+struct Marks {
+    const wchar_t* marked;
+    const wchar_t* unmarked;
+};
+
+std::wstring drawing(const forms::MarkedList& list, const Marks& marks) {
     std::wstring lines = L"[" + list.value() + L"]";
-    for (int position = 0; const forms::CheckList::Row& row : list.rows()) {
-        lines += (row.ticked ? L"\n    [x] " : L"\n    [ ] ") + std::to_wstring(++position) + L" " + row.text;
+    for (int position = 0; const forms::MarkedList::Row& row : list.rows()) {
+        lines += L"\n" + std::wstring(row.marked ? marks.marked : marks.unmarked) +
+                 std::to_wstring(++position) + L" " + row.text;
     }
     return lines;
+}
+
+std::wstring drawing(const forms::TabStrip& strip) {
+    std::wstring row;
+    for (std::size_t index = 0; const forms::Frame* page : strip.pages()) {
+        const bool selected = index++ == strip.selected();
+        row += (row.empty() ? L"" : L" | ") + std::to_wstring(index) + (selected ? L" [" : L" ") +
+               page->caption() + (selected ? L"]" : L"");
+    }
+    return row;
 }
 
 std::wstring drawing(const forms::Control& control) {
@@ -83,7 +100,17 @@ std::wstring drawing(const forms::Control& control) {
         case forms::Kind::ComboBox:
             return drawing(static_cast<const forms::List&>(control));
         case forms::Kind::CheckList:
-            return drawing(static_cast<const forms::CheckList&>(control));
+            return drawing(static_cast<const forms::MarkedList&>(control), {L"    [x] ", L"    [ ] "});
+        case forms::Kind::SelectionList:
+            return drawing(static_cast<const forms::MarkedList&>(control), {L"  > ", L"    "});
+        case forms::Kind::Link:
+            return L"<" + caption + L">";
+        case forms::Kind::TabStrip:
+            return drawing(static_cast<const forms::TabStrip&>(control));
+        case forms::Kind::Frame:
+            return static_cast<const forms::Frame&>(control).border() == forms::Frame::Border::Box
+                       ? caption + L":"
+                       : std::wstring();
         case forms::Kind::Picture:
             break;
     }
@@ -98,17 +125,22 @@ std::wstring_view questionFor(const forms::Control& control) {
             return L"Number or text of the entry: ";
         case forms::Kind::CheckList:
             return L"Numbers of the rows to tick, no others, with commas between: ";
+        case forms::Kind::SelectionList:
+            return L"Numbers of the rows to select, no others, with commas between: ";
+        case forms::Kind::TabStrip:
+            return L"Number or name of the page: ";
         default:
             return L"New text: ";
     }
 }
 
-std::optional<std::wstring> entryOf(const forms::List& list, const std::wstring& typed) {
-    if (std::ranges::find(list.items(), typed) != list.items().end()) {
+/// The text that is typed, or that stands at the place that is typed.
+std::optional<std::wstring> entryOf(const std::vector<std::wstring>& items, const std::wstring& typed) {
+    if (std::ranges::find(items, typed) != items.end()) {
         return typed;
     }
     const auto position = number::parse(typed).value_or(0);
-    for (int index = 0; const std::wstring& item : list.items()) {
+    for (int index = 0; const std::wstring& item : items) {
         if (position == ++index) {
             return item;
         }
@@ -116,15 +148,24 @@ std::optional<std::wstring> entryOf(const forms::List& list, const std::wstring&
     return std::nullopt;
 }
 
+std::vector<std::wstring> captionsOf(const forms::TabStrip& strip) {
+    std::vector<std::wstring> captions;
+    std::ranges::transform(strip.pages(), std::back_inserter(captions), &forms::Frame::caption);
+    return captions;
+}
+
 /// The value that the typed text means; nothing when the control has none such.
 std::optional<std::wstring> valueOf(const forms::Control& control, const std::wstring& typed) {
     switch (control.kind()) {
         case forms::Kind::ListBox:
         case forms::Kind::ComboBox:
-            return entryOf(static_cast<const forms::List&>(control), typed);
-        case forms::Kind::CheckList: {
-            const std::size_t rows = static_cast<const forms::CheckList&>(control).rows().size();
-            return forms::CheckList::parseTicks(typed, rows) ? std::optional(typed) : std::nullopt;
+            return entryOf(static_cast<const forms::List&>(control).items(), typed);
+        case forms::Kind::TabStrip:
+            return entryOf(captionsOf(static_cast<const forms::TabStrip&>(control)), typed);
+        case forms::Kind::CheckList:
+        case forms::Kind::SelectionList: {
+            const std::size_t rows = static_cast<const forms::MarkedList&>(control).rows().size();
+            return forms::MarkedList::parseMarks(typed, rows) ? std::optional(typed) : std::nullopt;
         }
         case forms::Kind::CheckBox:
             return typed == L"0" || typed == L"1" ? std::optional(typed) : std::nullopt;
@@ -264,7 +305,7 @@ std::optional<FormAnswer> TerminalDesktop::understand(const std::wstring& line, 
     if (!control) {
         return std::nullopt;
     }
-    if (control->kind() == forms::Kind::Button) {
+    if (forms::isPressed(control->kind())) {
         return FormAnswer{{}, control->name()};
     }
     std::optional<std::wstring> typed;

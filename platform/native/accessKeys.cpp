@@ -38,6 +38,7 @@ bool accepts(const forms::Control& control) {
     switch (control.kind()) {
         case forms::Kind::Label:
         case forms::Kind::Picture:
+        case forms::Kind::Frame:
             return false;
         case forms::Kind::TextBox:
             if (static_cast<const forms::TextBox&>(control).readOnly()) {

@@ -22,7 +22,7 @@ void CheckListWindow::show() {
 }
 
 bool CheckListWindow::showsTexts() const {
-    return std::ranges::equal(list_.rows(), shown_, {}, &forms::CheckList::Row::text);
+    return std::ranges::equal(list_.rows(), shown_, {}, &forms::MarkedList::Row::text);
 }
 
 void CheckListWindow::fill() {
@@ -31,7 +31,7 @@ void CheckListWindow::fill() {
         const DrawingHeld held(handle());
         send(LVM_DELETEALLITEMS);
         send(LVM_SETITEMCOUNT, list_.rows().size());
-        for (const forms::CheckList::Row& row : list_.rows()) {
+        for (const forms::MarkedList::Row& row : list_.rows()) {
             LVITEMW item{};
             item.mask = LVIF_TEXT;
             item.iItem = static_cast<int>(shown_.size());
@@ -57,8 +57,8 @@ void CheckListWindow::fitColumn() {
 
 void CheckListWindow::showTicks() {
     std::vector<int> others;
-    for (int row = 0; const forms::CheckList::Row& wanted : list_.rows()) {
-        if (rowIsTicked(handle(), row) != wanted.ticked) {
+    for (int row = 0; const forms::MarkedList::Row& wanted : list_.rows()) {
+        if (rowIsTicked(handle(), row) != wanted.marked) {
             others.push_back(row);
         }
         ++row;
@@ -68,7 +68,7 @@ void CheckListWindow::showTicks() {
     }
     const DrawingHeld held(handle());
     for (const int row : others) {
-        tickRow(handle(), row, list_.rows()[static_cast<std::size_t>(row)].ticked);
+        tickRow(handle(), row, list_.rows()[static_cast<std::size_t>(row)].marked);
     }
 }
 
@@ -79,7 +79,7 @@ void CheckListWindow::notified(const NMHDR& notification) {
     const auto& change = reinterpret_cast<const NMLISTVIEW&>(notification);
     const bool tickChanged = ((change.uNewState ^ change.uOldState) & LVIS_STATEIMAGEMASK) != 0;
     if ((change.uChanged & LVIF_STATE) != 0 && tickChanged && change.iItem >= 0) {
-        list_.tick(static_cast<std::size_t>(change.iItem), isTicked(change.uNewState));
+        list_.mark(static_cast<std::size_t>(change.iItem), isTicked(change.uNewState));
     }
 }
 

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/formLists.h"
 #include "platform/windows/ControlWindow.h"
 
 namespace platform::windows {

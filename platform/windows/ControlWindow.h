@@ -8,6 +8,9 @@
 
 namespace platform::windows {
 
+/// Posted to the dialog when the focus has left one of its text boxes.
+inline constexpr UINT focusLeft = WM_APP;
+
 /// A control's window while its form is shown. Brings the window to what the control holds, and the control
 /// to what the user does in the window.
 class ControlWindow {

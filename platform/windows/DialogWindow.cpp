@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/formPages.h"
 #include "platform/windows/comErrors.h"
 #include "platform/windows/dialogProperties.h"
 #include "platform/windows/dialogTemplate.h"
@@ -53,6 +54,23 @@ class Counted {
     int& counter_;
 };
 
+/// Of this thread's dialogs and menus, for as long as it lives.
+class KeyHook {
+  public:
+    explicit KeyHook(HOOKPROC procedure)
+        : hook_(SetWindowsHookExW(WH_MSGFILTER, procedure, nullptr, GetCurrentThreadId())) {}
+    KeyHook(const KeyHook&) = delete;
+    KeyHook& operator=(const KeyHook&) = delete;
+    ~KeyHook() {
+        if (hook_) {
+            UnhookWindowsHookEx(hook_);
+        }
+    }
+
+  private:
+    HHOOK hook_;
+};
+
 }  // namespace
 
 DialogWindow::DialogWindow(forms::Form& form) : form_(form), outer_(form.view()) {
@@ -66,6 +84,7 @@ DialogWindow::~DialogWindow() {
 void DialogWindow::run(HWND owner) {
     owner_ = owner;
     const std::vector<DWORD> resource = dialogTemplate(form_);
+    const KeyHook keys(&DialogWindow::watchKeys);
     const INT_PTR result =
         DialogBoxIndirectParamW(ownModule(), reinterpret_cast<const DLGTEMPLATE*>(resource.data()), owner,
                                 &DialogWindow::procedure, reinterpret_cast<LPARAM>(this));
@@ -95,6 +114,24 @@ INT_PTR CALLBACK DialogWindow::procedure(HWND dialog, UINT message, WPARAM wPara
     }
 }
 
+/// Sees the keys before the dialog manager does, to which Ctrl+Tab is a Tab.
+LRESULT CALLBACK DialogWindow::watchKeys(int code, WPARAM wParam, LPARAM lParam) noexcept {
+    const auto& message = *reinterpret_cast<const MSG*>(lParam);
+    HWND dialog = code == MSGF_DIALOGBOX ? GetAncestor(message.hwnd, GA_ROOT) : nullptr;
+    auto* self = dialog && attachedName(dialog, formNameProperty)
+                     ? reinterpret_cast<DialogWindow*>(GetWindowLongPtrW(dialog, DWLP_USER))
+                     : nullptr;
+    try {
+        if (self && self->turnPage(message)) {
+            return TRUE;
+        }
+    } catch (...) {
+        self->failure_ = std::current_exception();
+        EndDialog(dialog, 0);
+    }
+    return CallNextHookEx(nullptr, code, wParam, lParam);
+}
+
 INT_PTR DialogWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_INITDIALOG:
@@ -106,6 +143,9 @@ INT_PTR DialogWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_NOTIFY:
             notify(*reinterpret_cast<const NMHDR*>(lParam));
             return FALSE;
+        case focusLeft:
+            leaveTextBox();
+            return TRUE;
         case WM_DESTROY:
             removeNames();
             dialog_ = nullptr;
@@ -153,6 +193,33 @@ void DialogWindow::notify(const NMHDR& notification) {
     if (ControlWindow* sender = notifier(notification.idFrom)) {
         sender->notified(notification);
     }
+}
+
+/// The focus may be back in the box, or with another program.
+void DialogWindow::leaveTextBox() {
+    const BusyMark busy(dialog_);
+    HWND focused = GetFocus();
+    const UINT_PTR id = GetParent(focused) == dialog_ ? static_cast<UINT_PTR>(GetDlgCtrlID(focused)) : 0;
+    if (notifier(id)) {
+        form_.leaveFor(*form_.controls()[id - firstControlId]);
+    }
+}
+
+bool DialogWindow::turnPage(const MSG& key) {
+    const auto strip = std::ranges::find(form_.controls(), forms::Kind::TabStrip, &forms::Control::kind);
+    const bool controlDown = GetKeyState(VK_CONTROL) < 0;
+    if (key.message != WM_KEYDOWN || !controlDown || strip == form_.controls().end()) {
+        return false;
+    }
+    const bool back = key.wParam == VK_PRIOR || (key.wParam == VK_TAB && GetKeyState(VK_SHIFT) < 0);
+    if (!back && key.wParam != VK_NEXT && key.wParam != VK_TAB) {
+        return false;
+    }
+    const BusyMark busy(dialog_);
+    auto& pages = static_cast<forms::TabStrip&>(**strip);
+    const std::size_t count = pages.pages().size();
+    pages.turnTo((pages.selected() + (back ? count - 1 : 1)) % count);
+    return true;
 }
 
 ControlWindow* DialogWindow::notifier(UINT_PTR id) const {

@@ -31,11 +31,15 @@ class DialogWindow final : public forms::View {
 
   private:
     static INT_PTR CALLBACK procedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
+    static LRESULT CALLBACK watchKeys(int code, WPARAM wParam, LPARAM lParam) noexcept;
     INT_PTR handle(UINT message, WPARAM wParam, LPARAM lParam);
     void initialise();
     void removeNames();
     void command(WORD id, WORD notification);
     void notify(const NMHDR& notification);
+    void leaveTextBox();
+    /// True when the key was one that turns to another page.
+    bool turnPage(const MSG& key);
     /// Null for what is no control of the form, and while the notifications are answers to our own changes.
     ControlWindow* notifier(UINT_PTR id) const;
     ControlWindow& window(const forms::Control& control) const;

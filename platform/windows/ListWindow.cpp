@@ -4,36 +4,11 @@
 
 #include <algorithm>
 
+#include "platform/windows/listBoxEntries.h"
+
 namespace platform::windows {
 
 namespace {
-
-/// A window's device context with the window's own font.
-class Measure {
-  public:
-    explicit Measure(HWND window)
-        : window_(window),
-          context_(GetDC(window)),
-          former_(SelectObject(context_, reinterpret_cast<HGDIOBJ>(SendMessageW(window, WM_GETFONT, 0, 0)))) {
-    }
-    Measure(const Measure&) = delete;
-    Measure& operator=(const Measure&) = delete;
-    ~Measure() {
-        SelectObject(context_, former_);
-        ReleaseDC(window_, context_);
-    }
-
-    int width(const std::wstring& text) const {
-        SIZE size{};
-        GetTextExtentPoint32W(context_, text.c_str(), static_cast<int>(text.size()), &size);
-        return static_cast<int>(size.cx);
-    }
-
-  private:
-    HWND window_;
-    HDC context_;
-    HGDIOBJ former_;
-};
 
 int heightOf(HWND window) {
     RECT place{};
@@ -53,27 +28,9 @@ void ListWindow::show() {
 }
 
 void ListWindow::fill() {
-    const DrawingHeld held(handle());
     shown_ = list_.items();
-    std::size_t characters = 0;
-    for (const std::wstring& entry : shown_) {
-        characters += entry.size() + 1;
-    }
-    send(messages_.clear);
-    send(messages_.reserve, shown_.size(), static_cast<LPARAM>(characters * sizeof(wchar_t)));
-    for (const std::wstring& entry : shown_) {
-        send(messages_.add, 0, reinterpret_cast<LPARAM>(entry.c_str()));
-    }
+    fillList(handle(), messages_, shown_);
     entriesChanged();
-}
-
-int ListWindow::widestEntry() const {
-    const Measure measure(handle());
-    int widest = 0;
-    for (const std::wstring& entry : shown_) {
-        widest = std::max(widest, measure.width(entry));
-    }
-    return widest;
 }
 
 void ListBoxWindow::commanded(WORD notification) {
@@ -85,8 +42,7 @@ void ListBoxWindow::commanded(WORD notification) {
 }
 
 void ListBoxWindow::entriesChanged() {
-    const int margins = 4 * GetSystemMetrics(SM_CXEDGE);
-    send(LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widestEntry() + margins));
+    fitScrolling(handle(), entries());
 }
 
 ComboBoxWindow::ComboBoxWindow(forms::ComboBox& list, HWND window)
@@ -115,7 +71,7 @@ void ComboBoxWindow::commanded(WORD notification) {
 
 void ComboBoxWindow::entriesChanged() {
     constexpr int mostEntries = 20;  // More are scrolled to.
-    const int entries = std::clamp(count(), 1, mostEntries);
+    const int rows = std::clamp(static_cast<int>(entries().size()), 1, mostEntries);
     const auto entryHeight = static_cast<int>(send(CB_GETITEMHEIGHT));
     const int borders = 2 * GetSystemMetrics(SM_CYBORDER);
     RECT place{};
@@ -123,12 +79,12 @@ void ComboBoxWindow::entriesChanged() {
     // The height of a combo box's window is that of the dropped box, except for version 6 of the controls,
     // which goes by the number of entries.
     SetWindowPos(handle(), nullptr, 0, 0, static_cast<int>(place.right - place.left),
-                 heightOf(handle()) + entries * entryHeight + borders,
+                 heightOf(handle()) + rows * entryHeight + borders,
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-    send(CB_SETMINVISIBLE, static_cast<WPARAM>(entries));
+    send(CB_SETMINVISIBLE, static_cast<WPARAM>(rows));
     const int margins = 4 * GetSystemMetrics(SM_CXEDGE) + GetSystemMetrics(SM_CXVSCROLL);
     const int room = GetSystemMetrics(SM_CXSCREEN);
-    send(CB_SETDROPPEDWIDTH, static_cast<WPARAM>(std::min(widestEntry() + margins, room)));
+    send(CB_SETDROPPEDWIDTH, static_cast<WPARAM>(std::min(widestEntry(handle(), entries()) + margins, room)));
 }
 
 }  // namespace platform::windows

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/formLists.h"
 #include "platform/windows/ControlWindow.h"
 #include "platform/windows/listMessages.h"
 
@@ -21,9 +22,7 @@ class ListWindow : public ControlWindow {
     virtual void entriesChanged() = 0;
     /// The user's selection.
     void choose() { list_.choose(static_cast<int>(send(messages_.selected))); }
-    int count() const { return static_cast<int>(shown_.size()); }
-    /// In pixels, of the longest entry.
-    int widestEntry() const;
+    const std::vector<std::wstring>& entries() const { return shown_; }
 
   private:
     void fill();

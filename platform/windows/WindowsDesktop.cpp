@@ -57,6 +57,10 @@ void WindowsDesktop::showModal(forms::Form& form) {
     DialogWindow(form).run(dialogOwner());
 }
 
+void WindowsDesktop::showHelp(const std::wstring& file, const std::wstring& topic, HelpView view) {
+    help_.show(topic.empty() ? file : file + L"::/" + topic, view);
+}
+
 void WindowsDesktop::processPendingEvents() {
     MSG message;
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {

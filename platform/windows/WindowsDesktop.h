@@ -4,6 +4,7 @@
 
 #include "platform/Desktop.h"
 #include "platform/windows/ActivationContext.h"
+#include "platform/windows/HelpViewer.h"
 
 namespace platform::windows {
 
@@ -12,9 +13,11 @@ class WindowsDesktop final : public Desktop {
     Answer messageBox(const std::wstring& prompt, MessageStyle style, const std::wstring& title) override;
     void beep() override;
     void showModal(forms::Form& form) override;
+    void showHelp(const std::wstring& file, const std::wstring& topic, HelpView view) override;
     void processPendingEvents() override;
 
   private:
+    HelpViewer help_;
     ActivationContext context_;
 };
 

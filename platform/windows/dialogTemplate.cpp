@@ -7,6 +7,8 @@
 #include <iterator>
 #include <string_view>
 
+#include "platform/formPages.h"
+
 namespace platform::windows {
 
 namespace {
@@ -15,12 +17,17 @@ struct WindowKind {
     const wchar_t* windowClass;
     DWORD style;
     DWORD extendedStyle = 0;
+    bool isDrawn = true;
 };
 
+constexpr DWORD listBox = WS_TABSTOP | WS_VSCROLL | WS_HSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT;
+
 WindowKind windowKind(const forms::TextBox& box) {
-    const DWORD lines =
-        box.multiline() ? ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN | WS_VSCROLL : DWORD{ES_AUTOHSCROLL};
-    return {WC_EDITW, WS_TABSTOP | lines, WS_EX_CLIENTEDGE};
+    const DWORD lines = box.lines() == forms::TextBox::Lines::Many
+                            ? ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN | WS_VSCROLL
+                            : DWORD{ES_AUTOHSCROLL};
+    const DWORD hidden = box.lines() == forms::TextBox::Lines::Hidden ? ES_PASSWORD : 0;
+    return {WC_EDITW, WS_TABSTOP | lines | hidden, WS_EX_CLIENTEDGE};
 }
 
 WindowKind windowKind(const forms::Button& button) {
@@ -28,10 +35,26 @@ WindowKind windowKind(const forms::Button& button) {
     return {WC_BUTTONW, WS_TABSTOP | (isDefault ? DWORD{BS_DEFPUSHBUTTON} : DWORD{BS_PUSHBUTTON})};
 }
 
+WindowKind windowKind(const forms::Picture& picture) {
+    const bool given = picture.image() == forms::Picture::Image::Given;
+    return {WC_STATICW, (given ? DWORD{SS_BITMAP} : DWORD{SS_ICON}) | SS_CENTERIMAGE};
+}
+
+WindowKind windowKind(const forms::Frame& frame) {
+    return frame.border() == forms::Frame::Border::Box ? WindowKind{WC_BUTTONW, BS_GROUPBOX}
+                                                       : WindowKind{WC_STATICW, SS_LEFT, 0, false};
+}
+
 WindowKind windowKind(const forms::Control& control) {
     switch (control.kind()) {
         case forms::Kind::Label:
             return {WC_STATICW, SS_LEFT};
+        case forms::Kind::Link:
+            return {WC_LINK, WS_TABSTOP};
+        case forms::Kind::Frame:
+            return windowKind(static_cast<const forms::Frame&>(control));
+        case forms::Kind::TabStrip:
+            return {WC_TABCONTROLW, WS_TABSTOP};
         case forms::Kind::TextBox:
             return windowKind(static_cast<const forms::TextBox&>(control));
         case forms::Kind::Button:
@@ -41,8 +64,9 @@ WindowKind windowKind(const forms::Control& control) {
         case forms::Kind::OptionButton:
             return {WC_BUTTONW, BS_AUTORADIOBUTTON | BS_MULTILINE};
         case forms::Kind::ListBox:
-            return {WC_LISTBOXW, WS_TABSTOP | WS_VSCROLL | WS_HSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT,
-                    WS_EX_CLIENTEDGE};
+            return {WC_LISTBOXW, listBox, WS_EX_CLIENTEDGE};
+        case forms::Kind::SelectionList:
+            return {WC_LISTBOXW, listBox | LBS_EXTENDEDSEL, WS_EX_CLIENTEDGE};
         case forms::Kind::ComboBox:
             return {WC_COMBOBOXW, WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST};
         case forms::Kind::CheckList:
@@ -51,7 +75,7 @@ WindowKind windowKind(const forms::Control& control) {
         case forms::Kind::Picture:
             break;
     }
-    return {WC_STATICW, SS_ICON | SS_CENTERIMAGE};
+    return windowKind(static_cast<const forms::Picture&>(control));
 }
 
 /// Writes a template's parts one after the other; texts are empty unless given.
@@ -112,7 +136,7 @@ void writeControl(TemplateWriter& writer, const forms::Control& control, DWORD i
     writer.number(0);  // help
     writer.number(kind.extendedStyle);
     writer.number(WS_CHILD | WS_VISIBLE | kind.style | groupStyle);
-    writer.place(control.place());
+    writer.place(kind.isDrawn ? control.place() : forms::Place());
     writer.number(id);
     writer.text(kind.windowClass);
     writer.text(L"");
@@ -127,25 +151,40 @@ bool isSelected(const forms::Control* control) {
     return isOption(control) && static_cast<const forms::OptionButton*>(control)->selected();
 }
 
-/// As the windows follow each other, which is what the keyboard goes by: the form's options are one group.
-std::vector<const forms::Control*> windowOrder(const forms::Form& form) {
-    std::vector<const forms::Control*> order;
+/// True for options that exclude each other.
+bool areOneGroup(const forms::Control* one, const forms::Control* other) {
+    return isOption(one) && isOption(other) && one->frame() == other->frame();
+}
+
+using Controls = std::vector<const forms::Control*>;
+
+/// As the windows follow each other, which is what the keyboard goes by: options that exclude each other
+/// stand together.
+Controls windowOrder(const forms::Form& form) {
+    Controls order;
     for (const forms::Control* control : form.controls()) {
+        const auto sameGroup = [control](const forms::Control* other) { return areOneGroup(control, other); };
         if (!isOption(control)) {
             order.push_back(control);
-        } else if (std::ranges::none_of(order, isOption)) {
-            std::ranges::copy_if(form.controls(), std::back_inserter(order), isOption);
+        } else if (std::ranges::none_of(order, sameGroup)) {
+            std::ranges::copy_if(form.controls(), std::back_inserter(order), sameGroup);
         }
     }
     return order;
 }
 
-/// The arrow keys move within the group and the Tab key leads to its selected option, or to the first while
+/// The arrow keys move within a group and the Tab key leads to its selected option, or to the first while
 /// there is none. Windows moves the tab stop with the selection.
-DWORD groupStyle(const forms::Control* control, const forms::Control* former, bool anySelected) {
-    const bool startsGroup = isOption(control) != (former && isOption(former));
-    const bool tabStop = anySelected ? isSelected(control) : isOption(control) && startsGroup;
-    return (startsGroup ? DWORD{WS_GROUP} : 0) | (tabStop ? DWORD{WS_TABSTOP} : 0);
+DWORD groupStyle(const Controls& order, std::size_t index) {
+    const forms::Control* const control = order[index];
+    const forms::Control* const former = index > 0 ? order[index - 1] : nullptr;
+    const bool goesOn = former && (isOption(control) ? areOneGroup(control, former) : !isOption(former));
+    const auto selectedBeside = [control](const forms::Control* other) {
+        return areOneGroup(control, other) && isSelected(other);
+    };
+    const bool anySelected = std::ranges::any_of(order, selectedBeside);
+    const bool tabStop = isOption(control) && (anySelected ? isSelected(control) : !goesOn);
+    return (goesOn ? 0 : DWORD{WS_GROUP}) | (tabStop ? DWORD{WS_TABSTOP} : 0);
 }
 
 }  // namespace
@@ -153,13 +192,11 @@ DWORD groupStyle(const forms::Control* control, const forms::Control* former, bo
 std::vector<DWORD> dialogTemplate(const forms::Form& form) {
     TemplateWriter writer;
     writeDialog(writer, form);
-    const bool anySelected = std::ranges::any_of(form.controls(), isSelected);
-    const forms::Control* former = nullptr;
-    for (const forms::Control* control : windowOrder(form)) {
-        const auto index = std::ranges::find(form.controls(), control) - form.controls().begin();
-        writeControl(writer, *control, firstControlId + static_cast<DWORD>(index),
-                     groupStyle(control, former, anySelected));
-        former = control;
+    const Controls order = windowOrder(form);
+    for (std::size_t index = 0; index < order.size(); ++index) {
+        const auto place = std::ranges::find(form.controls(), order[index]) - form.controls().begin();
+        writeControl(writer, *order[index], firstControlId + static_cast<DWORD>(place),
+                     groupStyle(order, index));
     }
     return writer.finish();
 }

@@ -1,4 +1,4 @@
-#include "platform/forms.h"
+#include "platform/formLists.h"
 
 #include <gtest/gtest.h>
 

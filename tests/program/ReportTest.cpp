@@ -18,6 +18,7 @@ std::string everything(Report::Format format) {
     mail.subject = mail.account = hostile;
     mail.recipients = {{.address = {.name = hostile, .address = hostile}}};
     report.beep();
+    report.help(hostile, hostile, platform::HelpView::Contents);
     report.begin(hostile);
     report.message({hostile, hostile, {}}, platform::Answer::Ok);
     report.form({L"frmX", hostile, {{L"txtX", hostile, hostile, true, true, true}}},
@@ -55,6 +56,7 @@ TEST(Report, NamesTheFileInEveryEvent) {
         named.emplace_back(event["event"], event["file"].is_string());
     }
     EXPECT_EQ(named, (std::vector<std::pair<std::string, bool>>{{"beep", false},
+                                                                {"help", false},
                                                                 {"message", true},
                                                                 {"form", true},
                                                                 {"sent", true},

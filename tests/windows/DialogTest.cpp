@@ -5,7 +5,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "platform/forms.h"
+#include "platform/formLists.h"
 #include "platform/windows/windowText.h"
 #include "robot/listDriver.h"
 #include "tests/windows/AnsweredDialogs.h"

@@ -36,8 +36,8 @@ struct Example {
     std::function<std::unique_ptr<forms::Form>(Globals&)> make;
 };
 
-std::vector<forms::CheckList::Row> recipients() {
-    std::vector<forms::CheckList::Row> rows;
+std::vector<forms::MarkedList::Row> recipients() {
+    std::vector<forms::MarkedList::Row> rows;
     for (int index = 1; index <= 40; ++index) {
         const std::wstring number = std::to_wstring(index);
         rows.push_back(

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/forms.h"
+#include "platform/formLists.h"
 #include "platform/windows/dialogProperties.h"
 #include "tests/windows/AnsweredDialogs.h"
 
@@ -125,7 +125,7 @@ TEST_F(ListsTest, TheWindowsShowWhatTheFormSays) {
     form.lstAccounts.select(2);
     form.cboAccount.select(1);
     form.optSecond.select();
-    form.lstRows.tickAll(true);
+    form.lstRows.markAll(true);
     show(form, {{{}, L"cmdCancel"}});
     expectShown(form);
     EXPECT_EQ(form.noted, Texts{}) << "what the form shows by itself is no user's doing";
@@ -187,7 +187,7 @@ TEST_F(ListsTest, AListFollowsItsFormWhileItIsShown) {
     EXPECT_EQ(form.lstAccounts.value(), L"");
     EXPECT_EQ(form.lstRows.value(), L"");
     EXPECT_EQ(form.optThird.value(), L"1");
-    form.lstRows.tickAll(true);
+    form.lstRows.markAll(true);
     expectShown(form);
 }
 
@@ -287,7 +287,7 @@ TEST_F(ListsTest, TheTabKeyChoosesNoOption) {
 TEST_F(ListsTest, TenThousandRowsAreShownAndAnswered) {
     constexpr int count = 10000;
     Texts texts;
-    std::vector<forms::CheckList::Row> rows;
+    std::vector<forms::MarkedList::Row> rows;
     for (int index = 1; index <= count; ++index) {
         texts.push_back(L"user" + std::to_wstring(index) + L"@example.org");
         rows.push_back({texts.back(), true});

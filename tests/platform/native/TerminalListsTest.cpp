@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <sstream>
 
+#include "platform/formLists.h"
 #include "platform/native/ScriptedDesktop.h"
 #include "platform/native/TerminalDesktop.h"
 #include "platform/text.h"
