@@ -31,6 +31,7 @@ class RowsetReader {
   private:
     Token next();
     bool at(std::wstring_view element) const { return spaces_.isElement(xml_.name(), element); }
+    void expect(bool found) const;
     void expectStart(std::wstring_view element);
     bool declaresUsual(std::wstring_view attribute) const;
     std::vector<Attribute> readAttributes();
@@ -61,9 +62,7 @@ class RowsetReader {
 };
 
 Rowset RowsetReader::read() {
-    if (next() != Token::Start || xml_.name() != L"xml") {
-        xml_.refuse("not the root of a rowset");
-    }
+    expect(next() == Token::Start && xml_.name() == L"xml");
     frame_.rootAttributes = readAttributes();
     expectStart(L"s:Schema");
     frame_.schema = readSchema();
@@ -88,10 +87,14 @@ Token RowsetReader::next() {
     return token;
 }
 
-void RowsetReader::expectStart(std::wstring_view element) {
-    if (next() != Token::Start || !at(element)) {
+void RowsetReader::expect(bool found) const {
+    if (!found) {
         xml_.refuse("not the element that a rowset has here");
     }
+}
+
+void RowsetReader::expectStart(std::wstring_view element) {
+    expect(next() == Token::Start && at(element));
 }
 
 /// Whether the attribute declares one of a rowset's own name spaces.
@@ -226,10 +229,9 @@ void RowsetReader::readData() {
             std::ranges::move(readRows(), std::back_inserter(rows_));
         } else if (at(L"rs:update")) {
             readUpdate();
-        } else if (at(L"rs:delete")) {
-            readRows();  // They stand nowhere else.
         } else {
-            xml_.refuse("an unknown element among the rows");
+            expect(at(L"rs:delete"));
+            readRows();  // They stand nowhere else.
         }
     }
 }
@@ -306,9 +308,7 @@ Row RowsetReader::updated(Row original) {
 std::vector<Row> RowsetReader::readRows() {
     std::vector<Row> rows;
     while (next() == Token::Start) {
-        if (!at(L"z:row")) {
-            xml_.refuse("not a row");
-        }
+        expect(at(L"z:row"));
         rows.push_back(readRow());
     }
     return rows;
@@ -317,9 +317,7 @@ std::vector<Row> RowsetReader::readRows() {
 /// Each original is followed by a row with what has changed in it.
 void RowsetReader::readUpdate() {
     while (next() == Token::Start) {
-        if (!at(L"rs:original")) {
-            xml_.refuse("a change without its original");
-        }
+        expect(at(L"rs:original"));
         for (Row& original : readRows()) {
             expectStart(L"z:row");
             rows_.push_back(updated(std::move(original)));
