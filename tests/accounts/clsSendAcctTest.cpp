@@ -258,7 +258,8 @@ TEST(StoredList, FindsExactlyWhatItHolds) {
     EXPECT_EQ(world.list.strEmailAddress, L"o'neil@example.org");
     EXPECT_FALSE(world.list.Find(L"ann@example.org"));
     world.list.AbsolutePosition(3);
-    EXPECT_EQ(world.log.messages.size(), 1U);
+    ASSERT_EQ(world.log.messages.size(), 1U);
+    EXPECT_TRUE(world.log.messages[0].text.starts_with(L"clsSendAcct.AbsolutePosition - Error 3001: "));
 }
 
 TEST(ListFolder, IsMadeAndToldOf) {
@@ -278,7 +279,8 @@ TEST(ListFolder, IsMadeAndToldOf) {
     EXPECT_TRUE(made.list.CreatePostrouteFolder());
     EXPECT_EQ(made.log.messages.size(), 1U);
     EXPECT_TRUE(made.list.CreatePostrouteFolder(accounts::clsSendAcct::Asked::ByUser));
-    EXPECT_EQ(made.log.messages.size(), 2U);
+    ASSERT_EQ(made.log.messages.size(), 2U);
+    EXPECT_EQ(made.log.messages[1].title, L"Folder already exists - Veltro");
 
     none.stores[0].readOnly = true;
     AccountsWorld refused(none, {L"Veltro=OK"});
