@@ -71,18 +71,12 @@ void ExplorerWrap::gcmdTWl_Veltro_List_Click() {
 }
 
 void ExplorerWrap::onExplorerEvent(std::int32_t event) {
-    switch (event) {
-        case events::explorerActivate:
-            InitButton();
-            break;
-        case events::explorerSelectionChange:
-            m_objExpl_SelectionChange();
-            break;
-        case events::explorerClose:
-            m_objExpl_Close();
-            break;
-        default:
-            break;
+    if (event == events::explorerActivate) {
+        InitButton();
+    } else if (event == events::explorerSelectionChange) {
+        m_objExpl_SelectionChange();
+    } else if (event == events::explorerClose) {
+        m_objExpl_Close();
     }
 }
 
