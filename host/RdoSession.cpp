@@ -16,7 +16,7 @@ using automation::Value;
 namespace {
 
 Value messageFromId(RdoSession& session, Arguments arguments) {
-    session.checkLoggedOn();
+    session.checkTied();
     const auto item = session.core().mailbox().itemById(arguments.text(0));
     if (!item) {
         raise::objectNotFound();
@@ -35,7 +35,7 @@ Object currentUserOf(RdoSession& session) {
 }
 
 Value accountsOf(RdoSession& session, Arguments) {
-    session.checkLoggedOn();
+    session.checkTied();
     std::vector<const Account*> list;
     for (const Account& account : session.core().profile().accounts) {
         list.push_back(&account);
@@ -45,8 +45,8 @@ Value accountsOf(RdoSession& session, Arguments) {
 
 }  // namespace
 
-void RdoSession::checkLoggedOn() const {
-    if (!loggedOn_) {
+void RdoSession::check(bool usable) {
+    if (!usable) {
         throw automation::Error(automation::errors::failed, L"Not logged on. Please log on first.",
                                 L"Redemption");
     }
@@ -59,7 +59,7 @@ constinit const Members<RdoSession> RdoSession::members = {
      .put =
          [](RdoSession& session, Arguments, const Value& value) {
              required<MapiSession>(value);
-             session.loggedOn_ = true;
+             session.tied_ = true;
          }},
     {.name = L"Logon", .id = 4, .call = use<&RdoSession::logOn>, .most = 6},
     {.name = L"Logoff", .call = use<&RdoSession::logOff>},

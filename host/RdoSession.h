@@ -8,7 +8,8 @@
 
 namespace host {
 
-/// vtRDOSession: Redemption's session, tied to Outlook's by MAPIOBJECT or logged on by itself.
+/// vtRDOSession: Redemption's session, tied to Outlook's by MAPIOBJECT or logged on by itself. Whether one
+/// that is only tied counts as logged on is not known: here it does not, and shows neither stores nor users.
 class RdoSession : public Automated<RdoSession> {
   public:
     static constexpr std::wstring_view defaultName = L"LoggedOn";
@@ -17,12 +18,15 @@ class RdoSession : public Automated<RdoSession> {
     explicit RdoSession(Core& core) : Automated(core) {}
 
     std::wstring className() const override { return L"RDOSession"; }
-    void checkLoggedOn() const;
+    void checkTied() const { check(tied_ || loggedOn_); }
+    void checkLoggedOn() const { check(loggedOn_); }
 
   private:
+    static void check(bool usable);
     void logOn() { loggedOn_ = true; }
-    void logOff() { loggedOn_ = false; }
+    void logOff() { tied_ = loggedOn_ = false; }
 
+    bool tied_ = false;
     bool loggedOn_ = false;
 };
 

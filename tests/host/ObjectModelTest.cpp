@@ -76,7 +76,7 @@ std::map<std::wstring, Object> everyObject(host::Outlook& outlook) {
     all[L"SafeEntry"] = all[L"SafeRecipient"].get(L"AddressEntry").toObject();
     all[L"SafeAttachment"] = all[L"vtSafeMailItem"].get(L"Attachments", 1).toObject();
     all[L"Rdo"] = outlook.automation().createObject(L"vtRedemption.vtRDOSession");
-    all[L"Rdo"].put(L"MAPIOBJECT", all[L"NameSpace"].get(L"MAPIOBJECT"));
+    all[L"Rdo"].call(L"Logon");
     all[L"RdoStores"] = all[L"Rdo"].get(L"Stores").toObject();
     all[L"RdoStore"] = all[L"RdoStores"].get(L"Item", 1).toObject();
     all[L"RdoAccounts"] = all[L"Rdo"].get(L"Accounts").toObject();

@@ -214,7 +214,7 @@ TEST(HostSafeItemTest, TheSessionKnowsAccountsStoresAndMessages) {
     EXPECT_FALSE(session.get(L"LoggedOn").toBool());
     EXPECT_NE(errorOf([&] { session.get(L"Accounts"); }), 0) << "before the session is tied";
     session.put(L"MAPIOBJECT", outlook.application().get(L"Session").toObject().get(L"MAPIOBJECT"));
-    EXPECT_TRUE(session.get(L"LoggedOn").toBool());
+    session.call(L"Logon");
 
     const Object order = session.get(L"Accounts").toObject().call(L"GetOrder", 2).toObject();
     EXPECT_EQ(order.get(L"Count").toInteger(), 2);
