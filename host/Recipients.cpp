@@ -112,9 +112,19 @@ std::wstring Recipient::name() const {
     return nameOf(address());
 }
 
-/// A name that is not resolved stands for no entry yet.
+/// A name that is not resolved stands for no entry yet. An entry of Exchange has the name that the address
+/// book gives it now, whatever the mail calls the recipient.
 automation::Object Recipient::addressEntry() const {
-    return data_->resolved ? core().makeObject<AddressEntry>(address(), safe_) : automation::Object();
+    if (!data_->resolved) {
+        return {};
+    }
+    Address entry = address();
+    for (const Address& known : core().profile().addressBook) {
+        if (entry.type == L"EX" && entryIdOf(known) == entryIdOf(entry)) {
+            entry.name = known.name;
+        }
+    }
+    return core().makeObject<AddressEntry>(std::move(entry), safe_);
 }
 
 void Recipient::remove() {
