@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "tests/accounts/listTexts.h"
 #include "tests/scenarios/Bench.h"
 
 namespace {
@@ -110,8 +111,8 @@ struct Answering {
     std::size_t calls = 0;
 };
 
-Answering replyAll(std::size_t failing) {
-    Given given{.settings = {{L"PromptReplyOnOlderEmails", L"False"}}};
+Answering replyAll(std::size_t failing, const wchar_t* blindCopyCheck) {
+    Given given{.settings = {{L"PromptReplyOnOlderEmails", L"False"}, {L"ReplyALL_BCC", blindCopyCheck}}};
     given.answers = std::vector<std::wstring>(20, L"Veltro=OK");
     given.answers.insert(given.answers.end(),
                          {L"BCCed e-mail=Yes", L"frmReplyMultRecipt=lstRecipients=2; cmdOK"});
@@ -131,19 +132,23 @@ Answering replyAll(std::size_t failing) {
 }
 
 TEST(FailingCalls, NeverCancelAReplyNorKeepADroppedRecipientSilently) {
-    const Answering whole = replyAll(0);
-    ASSERT_TRUE(whole.opened && whole.bobDropped && !whole.reported);
-    for (std::size_t n = 1; n <= whole.calls; ++n) {
-        const Answering answering = replyAll(n);
-        EXPECT_TRUE(answering.opened) << "call " << n << " of " << whole.calls;
-        EXPECT_TRUE(answering.bobDropped || answering.reported) << "call " << n << " of " << whole.calls;
+    for (const wchar_t* blindCopyCheck : {L"True", L"False"}) {
+        const Answering whole = replyAll(0, blindCopyCheck);
+        ASSERT_TRUE(whole.opened && whole.bobDropped && !whole.reported);
+        for (std::size_t n = 1; n <= whole.calls; ++n) {
+            const Answering answering = replyAll(n, blindCopyCheck);
+            EXPECT_TRUE(answering.opened) << "call " << n << " of " << whole.calls;
+            EXPECT_TRUE(answering.bobDropped || answering.reported) << "call " << n << " of " << whole.calls;
+        }
     }
 }
 
 TEST(FailingCalls, NeverLoseAPlainReplyNorLeaveASecond) {
     std::size_t calls = 1;
+    std::wstring reports;
     for (std::size_t n = 0; n <= calls; ++n) {
-        Given given{.answers = std::vector<std::wstring>(20, L"Veltro=OK")};
+        Given given{.profile = profileWith(listText(Entries{}), corvaneFolder),
+                    .answers = std::vector<std::wstring>(20, L"Veltro=OK")};
         given.answers.push_back(L"frmReplyMultRecipt=lstRecipients=1,2; cmdOK");
         Bench bench(given);
         const auto [outcome, made] = press(bench, host::ReplyKind::Reply, n);
@@ -155,6 +160,13 @@ TEST(FailingCalls, NeverLoseAPlainReplyNorLeaveASecond) {
             calls = made;
             ASSERT_FALSE(outcome.opened) << "the other recipients were not offered";
         }
+        for (const PromptLog::Prompt& prompt : bench.prompts()) {
+            reports += prompt.text + L"\n";
+        }
+    }
+    for (const wchar_t* report :
+         {L"\nbasVeltro.vtOldSubject - Error ", L") in procedure vtGetUserEmails of Module basVeltro\n"}) {
+        EXPECT_NE(reports.find(report), std::wstring::npos) << text::toUtf8(report);
     }
 }
 
