@@ -71,6 +71,8 @@ INSTANTIATE_TEST_SUITE_P(
              {L"frmNotifyB4Delay=cmdYes"},
              60,
              L"e-mails to r&d@example.com by 60 seconds"},
+        Case{
+            "ListedIsTheOnlyCheck", with(with(unasked, listed), {{L"CheckAttachMissing", L"False"}}), {}, 60},
         Case{"ListedNoGoesAtOnce", listed, {L"frmNotifyB4Delay=cmdNo"}, 0},
         Case{"NotListed", {{L"AutoDelayAll", L"0"}, {L"DelayedEmailAddrs", L"carl@example.com"}}, {}, {}},
         Case{"EmptyList", {{L"AutoDelayAll", L"0"}}, {}, {}},
