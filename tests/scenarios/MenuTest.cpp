@@ -225,7 +225,11 @@ TEST(Menu, StaysWhenOutlookShutsDownAndIsNotDoubledAfterwards) {
     EXPECT_EQ(lastMenus(explorer), menus);
     openList(bench);
     EXPECT_TRUE(bench.prompts().empty());
+    const Object left =
+        entriesOf(entriesOf(menuBar(explorer), L"Tarnwell"), L"Veltro").get(L"Item", 1).toObject();
+    left.put(L"BeginGroup", true);  // Another version had it so.
     bench.connect();
+    EXPECT_FALSE(left.get(L"BeginGroup").toBool());
     EXPECT_EQ(lastMenus(explorer), menus);
     EXPECT_EQ(captions(entriesOf(menuBar(explorer), L"Tarnwell")), std::vector<std::wstring>{L"Veltro"});
     openList(bench);
