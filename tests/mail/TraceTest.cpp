@@ -42,6 +42,7 @@ TEST(Trace, NamesProcedureAndNumberButNoText) {
     }
     mail::note(Skipped::OwnAnswer);
     EXPECT_TRUE(system.debugLines().back().ends_with("): the add-in's own answer"));
+    EXPECT_EQ(trace.entries().back().number, 0);
     EXPECT_EQ(system.debugLines().size(), std::size(cases) + 1);
 }
 
