@@ -147,6 +147,7 @@ TEST(FailingCalls, NeverLoseAPlainReplyNorLeaveASecond) {
     std::size_t calls = 1;
     std::wstring reports;
     for (std::size_t n = 0; n <= calls; ++n) {
+        // Where there is a list the reply is the first to ask for Outlook's version.
         Given given{.profile = profileWith(listText(Entries{}), corvaneFolder),
                     .answers = std::vector<std::wstring>(20, L"Veltro=OK")};
         given.answers.push_back(L"frmReplyMultRecipt=lstRecipients=1,2; cmdOK");

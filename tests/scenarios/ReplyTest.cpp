@@ -95,9 +95,9 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& test) { return test.param.name; });
 
 TEST(ReplyAllList, DropsWhomTheUserUnticks) {
-    host::Address married = carl;  // Since the mail was written.
-    married.name = L"Carl Jones";
-    Bench bench({.profile = {.addressBook = {married}},
+    host::Address renamed = carl;  // After the mail was written.
+    renamed.name = L"Carl Jones";
+    Bench bench({.profile = {.addressBook = {renamed}},
                  .settings = quiet({{L"ReplyAllAny", L"True"}}),
                  .answers = {L"frmReplyMultRecipt=lstRecipients=2,3; cmdOK"}});
 
