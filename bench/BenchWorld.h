@@ -30,7 +30,7 @@ class BenchWorld {
     platform::native::ScriptedDesktop desktop;
     platform::native::SystemClock clock;
     platform::native::MemoryPorts ports{outlook.automation(), desktop, clock};
-    platform::native::MemorySettingsStore& settings = ports.settings;
+    platform::MemorySettingsStore& settings = ports.settings;
     mail::Globals globals{ports.platform};
     addin::Connect connection{ports.platform};
 };

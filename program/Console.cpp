@@ -5,10 +5,10 @@
 #include <iostream>
 #include <system_error>
 
+#include "platform/replaceFile.h"
 #include "platform/terminalText.h"
 #include "platform/text.h"
 #include "program/Answers.h"
-#include "program/files.h"
 
 namespace program {
 
@@ -47,7 +47,7 @@ ExitStatus finish(ExitStatus status) {
         return status;
     }
     const std::error_code error(errno, std::generic_category());
-    complain("the output could not be written" + (error ? ": " + reasonOf(error) : ""));
+    complain("the output could not be written" + (error ? ": " + platform::reasonOf(error) : ""));
     return std::max(status, ExitStatus::BadInput);
 }
 

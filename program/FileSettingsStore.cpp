@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "platform/automation.h"
+#include "platform/replaceFile.h"
 #include "platform/text.h"
 #include "program/MessageJson.h"
 #include "program/files.h"
@@ -87,7 +88,7 @@ void FileSettingsStore::write(const std::wstring& key, const std::wstring& value
         } else {
             *found = textToJson(value);
         }
-        replaceFile(file_, jsonText(settings, 2) + "\n");
+        platform::replaceFile(file_, jsonText(settings, 2) + "\n");
     } catch (const std::runtime_error& error) {
         fail(error.what());
     }

@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 
+#include "platform/replaceFile.h"
 #include "platform/text.h"
 #include "program/MessageJson.h"
 
@@ -109,7 +110,7 @@ void keepSettingsFolder(const CommandLine& line, const host::Outlook& outlook) {
         kept.push_back({{}, {.itemClass = view.itemClass, .subject = view.subject, .body = view.body}});
     }
     try {
-        replaceFile(pathOf(*line.folderFile), toJson(kept) + "\n");
+        platform::replaceFile(pathOf(*line.folderFile), toJson(kept) + "\n");
     } catch (const std::runtime_error& error) {
         fail(line, error.what());
     }

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "platform/characters.h"
+#include "platform/replaceFile.h"
 #include "platform/text.h"
 
 namespace program {
@@ -32,68 +33,17 @@ std::size_t characterLength(std::string_view bytes) {
     return same && !text::isSurrogate(static_cast<char32_t>(character.front())) ? length : 0;
 }
 
-std::filesystem::file_status statusOf(const std::filesystem::path& file) {
-    std::error_code error;
-    const auto status = std::filesystem::status(file, error);
-    if (error && status.type() != std::filesystem::file_type::not_found) {
-        throw std::runtime_error(reasonOf(error));
-    }
-    return status;
-}
-
-/// Where a symbolic link leads in the end, even if nothing is there.
-std::filesystem::path followLinks(std::filesystem::path file) {
-    constexpr int longestChain = 40;
-    std::error_code error;
-    for (int links = 0; links < longestChain; ++links) {
-        const auto target = std::filesystem::read_symlink(file, error);
-        if (error) {
-            return file;
-        }
-        file = target.is_absolute() ? target : file.parent_path() / target;
-    }
-    throw std::runtime_error("is a symbolic link that leads to itself");
-}
-
-void checkReplaceable(const std::filesystem::file_status& status) {
-    using std::filesystem::perms;
-    if (!std::filesystem::exists(status)) {
-        return;
-    }
-    if (std::filesystem::is_directory(status)) {
-        throw std::runtime_error("is a folder");
-    }
-    if (!std::filesystem::is_regular_file(status)) {
-        throw std::runtime_error("is no regular file");
-    }
-    const perms readable = perms::owner_read | perms::group_read | perms::others_read;
-    if ((status.permissions() & readable) == perms::none) {
-        throw std::runtime_error("permission denied");
-    }
-    const perms writable = perms::owner_write | perms::group_write | perms::others_write;
-    if ((status.permissions() & writable) == perms::none) {
-        throw std::runtime_error("is read-only");
-    }
-}
-
 std::filesystem::path lockFileOf(const std::filesystem::path& file) {
-    checkReplaceable(statusOf(file));
-    auto lockFile = followLinks(file);
+    platform::checkReplaceable(file);
+    auto lockFile = platform::followLinks(file);
     const auto folder = lockFile.parent_path();
-    if (!folder.empty() && !std::filesystem::exists(statusOf(folder))) {
+    if (!folder.empty() && !std::filesystem::exists(platform::statusOf(folder))) {
         throw std::runtime_error("there is no such folder");
     }
     return lockFile += ".lock";
 }
 
 }  // namespace
-
-std::string reasonOf(const std::error_code& error) {
-    if (error == std::errc::permission_denied || error == std::errc::operation_not_permitted) {
-        return "permission denied";
-    }
-    return error.message();
-}
 
 std::wstring fileNameFromBytes(std::string_view bytes) {
     std::wstring name;
@@ -138,7 +88,7 @@ std::string readAll(std::istream& stream) {
 }
 
 std::string readFile(const std::filesystem::path& file) {
-    const auto status = statusOf(file);
+    const auto status = platform::statusOf(file);
     if (!std::filesystem::exists(status)) {
         throw std::runtime_error("there is no such file");
     }
@@ -148,35 +98,16 @@ std::string readFile(const std::filesystem::path& file) {
     errno = 0;
     std::ifstream stream(file, std::ios::binary);
     if (!stream) {
-        throw std::runtime_error(errno == 0 ? "cannot be read"
-                                            : reasonOf(std::error_code(errno, std::generic_category())));
+        throw std::runtime_error(errno == 0
+                                     ? "cannot be read"
+                                     : platform::reasonOf(std::error_code(errno, std::generic_category())));
     }
     return readAll(stream);
 }
 
 std::string readKeptFile(const std::filesystem::path& file) {
-    const auto status = statusOf(file);
-    checkReplaceable(status);
-    return std::filesystem::exists(status) ? readFile(file) : std::string();
-}
-
-void replaceFile(const std::filesystem::path& file, std::string_view contents) {
-    const auto status = statusOf(file);
-    checkReplaceable(status);
-    const auto target = followLinks(file);
-    const auto temporary = writeTemporary(target, contents);
-    std::error_code error;
-    if (std::filesystem::exists(status)) {
-        std::filesystem::permissions(temporary, status.permissions(), error);
-    }
-    if (!error) {
-        error = moveOver(temporary, target);
-    }
-    if (error) {
-        std::error_code ignored;
-        std::filesystem::remove(temporary, ignored);
-        throw std::runtime_error(reasonOf(error));
-    }
+    platform::checkReplaceable(file);
+    return std::filesystem::exists(platform::statusOf(file)) ? readFile(file) : std::string();
 }
 
 FileLock::FileLock(const std::filesystem::path& file) {

@@ -4,7 +4,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <system_error>
 
 /// The files that a command line names.
 namespace program {
@@ -23,11 +22,6 @@ std::string readAll(std::istream& stream);
 /// The contents of a file that keeps something between runs; empty when there is none yet. Throws
 /// std::runtime_error with the reason.
 std::string readKeptFile(const std::filesystem::path& file);
-
-/// Replaces the file as a whole, or makes it for the user alone: a reader finds the old contents or the new
-/// ones, never half of them. Symbolic links are followed and permissions kept. Throws std::runtime_error with
-/// the reason.
-void replaceFile(const std::filesystem::path& file, std::string_view contents);
 
 /// Holds off every other FileLock on the same file, in this process and others, as long as it lives. It
 /// stands beside the file under the name FILE.lock, and what a run that was killed has left of it holds
@@ -55,15 +49,5 @@ class FileLock {
     /// A descriptor or a handle; -1 is none of either.
     std::intptr_t handle_ = -1;
 };
-
-/// Writes a new file beside `file`, for the user alone and under a name that no other run uses. Each world
-/// implements it. Throws std::runtime_error with the reason.
-std::filesystem::path writeTemporary(const std::filesystem::path& file, std::string_view contents);
-
-/// Gives a file another's name, in place of the other. Each world implements it.
-std::error_code moveOver(const std::filesystem::path& file, const std::filesystem::path& other);
-
-/// Why the system refused, in one line.
-std::string reasonOf(const std::error_code& error);
 
 }  // namespace program

@@ -41,7 +41,7 @@ class TestWorld {
     platform::native::ScriptedDesktop desktop;
     platform::native::SetClock clock;
     platform::native::MemoryPorts ports;
-    platform::native::MemorySettingsStore& settings = ports.settings;
+    platform::MemorySettingsStore& settings = ports.settings;
     platform::native::FakeRegistry& registry = ports.registry;
     platform::Platform& platform = ports.platform;
     mail::Globals globals{platform};

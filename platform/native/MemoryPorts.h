@@ -3,11 +3,11 @@
 #include <string>
 #include <utility>
 
+#include "platform/MemorySettingsStore.h"
 #include "platform/Platform.h"
 #include "platform/native/FakeRegistry.h"
 #include "platform/native/FileResources.h"
 #include "platform/native/FixedSystemInfo.h"
-#include "platform/native/MemorySettingsStore.h"
 
 namespace platform::native {
 

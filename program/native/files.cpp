@@ -6,17 +6,18 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdlib>
 #include <stdexcept>
 #include <system_error>
 #include <utility>
+
+#include "platform/replaceFile.h"
 
 namespace program {
 
 namespace {
 
 [[noreturn]] void fail() {
-    throw std::runtime_error(reasonOf(std::error_code(errno, std::generic_category())));
+    throw std::runtime_error(platform::reasonOf(std::error_code(errno, std::generic_category())));
 }
 
 class Descriptor {
@@ -42,17 +43,6 @@ bool isStillThere(int descriptor, const std::filesystem::path& file) {
     struct stat named {};
     return fstat(descriptor, &opened) == 0 && stat(file.c_str(), &named) == 0 &&
            opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
-}
-
-bool writeAll(int descriptor, std::string_view contents) {
-    while (!contents.empty()) {
-        const ssize_t written = write(descriptor, contents.data(), contents.size());
-        if (written < 0 && errno != EINTR) {
-            return false;
-        }
-        contents.remove_prefix(written > 0 ? static_cast<std::size_t>(written) : 0);
-    }
-    return true;
 }
 
 }  // namespace
@@ -85,27 +75,6 @@ FileLock::~FileLock() {
         unlink(file_.c_str());  // While it is held, so that nobody else's is removed.
         close(static_cast<int>(handle_));
     }
-}
-
-std::filesystem::path writeTemporary(const std::filesystem::path& file, std::string_view contents) {
-    std::string name = file.string() + ".XXXXXX";
-    const Descriptor temporary(mkostemp(name.data(), O_CLOEXEC));  // For the user alone.
-    if (temporary.get() < 0) {
-        fail();
-    }
-    if (!writeAll(temporary.get(), contents)) {
-        const int reason = errno;
-        unlink(name.c_str());
-        errno = reason;
-        fail();
-    }
-    return name;
-}
-
-std::error_code moveOver(const std::filesystem::path& file, const std::filesystem::path& other) {
-    std::error_code error;
-    std::filesystem::rename(file, other, error);
-    return error;
 }
 
 }  // namespace program

@@ -2,10 +2,10 @@
 
 #include <windows.h>
 
-#include <fstream>
 #include <stdexcept>
-#include <string>
 #include <system_error>
+
+#include "platform/replaceFile.h"
 
 namespace program {
 
@@ -16,7 +16,8 @@ constexpr DWORD pause = 20;
 constexpr int mostRefusals = 250;
 
 [[noreturn]] void fail(DWORD error) {
-    throw std::runtime_error(reasonOf(std::error_code(static_cast<int>(error), std::system_category())));
+    throw std::runtime_error(
+        platform::reasonOf(std::error_code(static_cast<int>(error), std::system_category())));
 }
 
 }  // namespace
@@ -47,34 +48,6 @@ bool FileLock::takeLockFile(const std::filesystem::path& lockFile, bool wait) {
 FileLock::~FileLock() {
     if (handle_ != -1) {
         CloseHandle(reinterpret_cast<HANDLE>(handle_));  // Which removes the file.
-    }
-}
-
-std::filesystem::path writeTemporary(const std::filesystem::path& file, std::string_view contents) {
-    std::filesystem::path temporary = file;
-    temporary += "." + std::to_string(GetCurrentProcessId()) + ".new";
-    std::ofstream stream(temporary, std::ios::binary | std::ios::trunc);
-    stream << contents;
-    stream.close();
-    if (!stream) {
-        std::error_code ignored;
-        std::filesystem::remove(temporary, ignored);
-        throw std::runtime_error("cannot be written");
-    }
-    return temporary;
-}
-
-std::error_code moveOver(const std::filesystem::path& file, const std::filesystem::path& other) {
-    // Windows refuses while somebody reads the other.
-    for (int refusals = 0;; ++refusals) {
-        if (MoveFileExW(file.c_str(), other.c_str(), MOVEFILE_REPLACE_EXISTING)) {
-            return {};
-        }
-        const DWORD error = GetLastError();
-        if ((error != ERROR_ACCESS_DENIED && error != ERROR_SHARING_VIOLATION) || refusals == mostRefusals) {
-            return {static_cast<int>(error), std::system_category()};
-        }
-        Sleep(pause);
     }
 }
 

@@ -49,7 +49,7 @@ TEST(Presets, CountAsAppliedOnlyWhenTheyCouldBeListed) {
 }
 
 /// Of which one setting cannot be written.
-class HalfBrokenStore : public platform::native::MemorySettingsStore {
+class HalfBrokenStore : public platform::MemorySettingsStore {
   public:
     void write(const std::wstring& key, const std::wstring& value) override {
         if (key == L"OldEmailDays") {

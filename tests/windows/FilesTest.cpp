@@ -7,6 +7,7 @@
 #include <thread>
 #include <vector>
 
+#include "platform/replaceFile.h"
 #include "program/FileSettingsStore.h"
 
 namespace {
@@ -28,15 +29,15 @@ class KeptFiles : public testing::Test {
 };
 
 TEST_F(KeptFiles, AreReplacedAsAWhole) {
-    program::replaceFile(file("kept"), "one");
-    program::replaceFile(file("kept"), "two");
+    platform::replaceFile(file("kept"), "one");
+    platform::replaceFile(file("kept"), "two");
     EXPECT_EQ(program::readKeptFile(file("kept")), "two");
     EXPECT_EQ(count(), 1);
-    EXPECT_THROW(program::replaceFile(file("missing/kept"), "x"), std::runtime_error);
+    EXPECT_THROW(platform::replaceFile(file("missing/kept"), "x"), std::runtime_error);
 
     SetFileAttributesW(file("kept").c_str(), FILE_ATTRIBUTE_READONLY);
     EXPECT_THROW(program::FileLock lock(file("kept")), std::runtime_error);
-    EXPECT_THROW(program::replaceFile(file("kept"), "three"), std::runtime_error);
+    EXPECT_THROW(platform::replaceFile(file("kept"), "three"), std::runtime_error);
     SetFileAttributesW(file("kept").c_str(), FILE_ATTRIBUTE_NORMAL);
     EXPECT_EQ(program::readKeptFile(file("kept")), "two");
 }
@@ -45,7 +46,7 @@ TEST_F(KeptFiles, AreHeldByOneAtATime) {
     auto lock = program::FileLock::tryLock(file("kept"));
     ASSERT_TRUE(lock);
     EXPECT_FALSE(program::FileLock::tryLock(file("kept")));
-    program::replaceFile(file("kept"), "x");
+    platform::replaceFile(file("kept"), "x");
     EXPECT_FALSE(program::FileLock::tryLock(file("kept")));
     lock.reset();
     EXPECT_TRUE(program::FileLock::tryLock(file("kept")));

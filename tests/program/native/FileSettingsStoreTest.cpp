@@ -2,13 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/MemorySettingsStore.h"
 #include "platform/automation.h"
-#include "platform/native/MemorySettingsStore.h"
 #include "tests/TemporaryFolder.h"
 
 namespace {
 
-using platform::native::MemorySettingsStore;
+using platform::MemorySettingsStore;
 using program::FileSettingsStore;
 
 TEST(SettingsStores, KeepTextsByKeyWithoutRegardToCase) {

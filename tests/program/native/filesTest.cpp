@@ -8,6 +8,7 @@
 #include <stdexcept>
 #include <thread>
 
+#include "platform/replaceFile.h"
 #include "platform/text.h"
 #include "program/FileSettingsStore.h"
 #include "tests/TemporaryFolder.h"
@@ -46,21 +47,21 @@ TEST(FileNames, HoldAnyBytes) {
 TEST(ReplaceFile, KeepsPermissionsAndLinksAndLeavesNothingBehind) {
     const TemporaryFolder folder;
     const auto file = folder.file("kept");
-    program::replaceFile(file, "one");
+    platform::replaceFile(file, "one");
     EXPECT_EQ(fs::status(file).permissions(), fs::perms::owner_read | fs::perms::owner_write);
 
     const auto shared = fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read;
     fs::permissions(file, shared);
     fs::create_symlink("kept", folder.file("link"));
     fs::create_symlink("link", folder.file("linkToLink"));
-    program::replaceFile(folder.file("linkToLink"), "two");
+    platform::replaceFile(folder.file("linkToLink"), "two");
     EXPECT_EQ(program::readKeptFile(file), "two");
     EXPECT_EQ(fs::status(file).permissions(), shared);
     EXPECT_TRUE(fs::is_symlink(folder.file("link")));
 
     fs::create_symlink("later", folder.file("dangling"));
     EXPECT_EQ(program::readKeptFile(folder.file("dangling")), "");
-    program::replaceFile(folder.file("dangling"), "three");
+    platform::replaceFile(folder.file("dangling"), "three");
     EXPECT_EQ(program::readKeptFile(folder.file("later")), "three");
     EXPECT_EQ(filesIn(folder.file(".")), 5U);
 }
@@ -93,7 +94,7 @@ TEST(KeptFiles, ThatCannotBeKeptAreNamedSo) {
         const std::string why = whyRefused([&file] { program::FileLock lock(file); });
         EXPECT_NE(why, "") << name;
         EXPECT_NE(why.find(told), std::string::npos) << name << ": " << why;
-        EXPECT_NE(whyRefused([&file] { program::replaceFile(file, "y"); }), "") << name;
+        EXPECT_NE(whyRefused([&file] { platform::replaceFile(file, "y"); }), "") << name;
     }
 }
 
@@ -133,7 +134,7 @@ TEST(FileLock, HoldsOthersOffUntilItEnds) {
     EXPECT_FALSE(program::FileLock::tryLock(file));
     EXPECT_FALSE(program::FileLock::tryLock(folder.file("link")));
     EXPECT_TRUE(program::FileLock::tryLock(folder.file("other")));
-    program::replaceFile(file, "x");
+    platform::replaceFile(file, "x");
     EXPECT_FALSE(program::FileLock::tryLock(file));
     lock.reset();
     EXPECT_TRUE(program::FileLock::tryLock(file));

@@ -1,8 +1,8 @@
-#include "platform/native/MemorySettingsStore.h"
+#include "platform/MemorySettingsStore.h"
 
 #include "platform/text.h"
 
-namespace platform::native {
+namespace platform {
 
 std::optional<std::wstring> MemorySettingsStore::read(const std::wstring& key) {
     const auto found = settings_.find(text::upper(key));
@@ -13,4 +13,4 @@ void MemorySettingsStore::write(const std::wstring& key, const std::wstring& val
     settings_.try_emplace(text::upper(key), Setting{key, {}}).first->second.value = value;
 }
 
-}  // namespace platform::native
+}  // namespace platform

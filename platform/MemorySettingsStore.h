@@ -6,7 +6,7 @@
 
 #include "platform/SettingsStore.h"
 
-namespace platform::native {
+namespace platform {
 
 /// Settings that live as long as the store.
 class MemorySettingsStore : public SettingsStore {
@@ -26,4 +26,4 @@ class MemorySettingsStore : public SettingsStore {
     std::map<std::wstring, Setting> settings_;
 };
 
-}  // namespace platform::native
+}  // namespace platform
