@@ -20,6 +20,9 @@ class FuzzWorld {
         void form(const platform::FormPrompt&, const std::optional<platform::FormAnswer>&) override {
             fuzz::require(false);
         }
+        void folder(const platform::FolderPrompt&, const std::optional<platform::FolderAnswer>&) override {
+            fuzz::require(false);
+        }
         void beep() override {}
     };
 

@@ -37,6 +37,10 @@ class Desktop {
     /// Opens the help file at the topic, a path inside of it, or at its default topic when that is empty.
     /// Throws automation::Error when the file cannot be shown.
     virtual void showHelp(const std::wstring& file, const std::wstring& topic, HelpView view) = 0;
+    /// The system's folder browser over Outlook's window; `title` tells what the folder is for. The folder's
+    /// path, however long, or an empty text when the user cancels. Throws automation::Error when the chosen
+    /// folder has no path.
+    virtual std::wstring chooseFolder(const std::wstring& title) = 0;
     /// Lets the host handle the events that wait for it; they may arrive inside this call.
     virtual void processPendingEvents() = 0;
 };

@@ -42,6 +42,10 @@ std::optional<FormAnswer> AnswerList::take(const FormPrompt& prompt) {
     });
 }
 
+std::optional<FolderAnswer> AnswerList::take(const FolderPrompt&) {
+    return takeFirst<FolderAnswer>(answers_, [](const std::wstring&, const FolderAnswer&) { return true; });
+}
+
 std::vector<Answer> answersOf(Buttons buttons) {
     switch (buttons) {
         case Buttons::Ok:

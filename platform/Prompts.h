@@ -48,11 +48,22 @@ struct FormAnswer {
     std::wstring button;
 };
 
-/// An answer given beforehand. It fits message boxes whose title starts with `where`, or the form of that
-/// name, letter case ignored; `what` says which of the two it is for.
+/// The folder browser.
+struct FolderPrompt {
+    /// Tells what the folder is for.
+    std::wstring title;
+};
+
+/// The folder that a user chooses; an empty path cancels.
+struct FolderAnswer {
+    std::wstring path;
+};
+
+/// An answer given beforehand. `what` says what it is for: message boxes whose title starts with `where`, the
+/// form of that name, letter case ignored, or the folder browser, which has no name.
 struct PromptAnswer {
     std::wstring where;
-    std::variant<Answer, FormAnswer> what;
+    std::variant<Answer, FormAnswer, FolderAnswer> what;
 };
 
 /// Answers given beforehand; each is used once. A prompt takes the first unused answer that fits it, so that
@@ -65,6 +76,7 @@ class AnswerList {
     /// Nothing when no answer fits. An answer that the box has no button for does not fit.
     std::optional<Answer> take(const MessagePrompt& prompt);
     std::optional<FormAnswer> take(const FormPrompt& prompt);
+    std::optional<FolderAnswer> take(const FolderPrompt& prompt);
     /// Those that no prompt has taken yet.
     const std::vector<PromptAnswer>& unused() const { return answers_; }
 
@@ -80,6 +92,7 @@ class PromptObserver {
     /// `answer` is nothing for the prompt that found none.
     virtual void message(const MessagePrompt& prompt, std::optional<Answer> answer) = 0;
     virtual void form(const FormPrompt& prompt, const std::optional<FormAnswer>& answer) = 0;
+    virtual void folder(const FolderPrompt& prompt, const std::optional<FolderAnswer>& answer) = 0;
     virtual void beep() = 0;
     /// Nothing is to be answered, and few want to know.
     virtual void help(const std::wstring& /*file*/, const std::wstring& /*topic*/, HelpView /*view*/) {}

@@ -14,6 +14,9 @@ namespace {
     throw std::invalid_argument("answer \"" + text::toUtf8(text) + "\": " + why);
 }
 
+/// What an answer calls the folder browser.
+constexpr wchar_t folderBrowser[] = L"folder";
+
 bool namesForm(std::wstring_view where) {
     const auto inName = [](wchar_t c) {
         return (c >= L'a' && c <= L'z') || (c >= L'A' && c <= L'Z') || (c >= L'0' && c <= L'9') || c == L'_';
@@ -76,11 +79,17 @@ platform::PromptAnswer parseAnswer(std::wstring_view text) {
     if (const auto where = text::trim(text.substr(0, first)); namesForm(where)) {
         return {std::wstring(where), parseFormAnswer(text, text.substr(first + 1))};
     }
+    if (text::equalsTrimmed(text.substr(0, first), folderBrowser)) {
+        return {folderBrowser, platform::FolderAnswer{std::wstring(text.substr(first + 1))}};
+    }
     const auto last = text.rfind(L'=');
     const auto answer = platform::answerNamed(text::trim(text.substr(last + 1)));
     const auto where = text::trim(text.substr(0, last));
     if (!answer) {
-        refuse(text, "a message box is answered with Yes, No, OK or Cancel; a form is named by \"frm...\"");
+        refuse(
+            text,
+            "a message box is answered with Yes, No, OK or Cancel; a form is named by \"frm...\", the folder "
+            "browser by \"folder\"");
     }
     if (where.empty()) {
         refuse(text, "names no prompt before \"=\"");
@@ -89,10 +98,14 @@ platform::PromptAnswer parseAnswer(std::wstring_view text) {
 }
 
 std::wstring answerText(const platform::PromptAnswer& answer) {
-    const auto* const form = std::get_if<platform::FormAnswer>(&answer.what);
-    return answer.where + L"=" +
-           (form ? answerText(*form)
-                 : std::wstring(platform::nameOf(std::get<platform::Answer>(answer.what))));
+    const auto start = answer.where + L"=";
+    if (const auto* form = std::get_if<platform::FormAnswer>(&answer.what)) {
+        return start + answerText(*form);
+    }
+    if (const auto* folder = std::get_if<platform::FolderAnswer>(&answer.what)) {
+        return start + folder->path;
+    }
+    return start + std::wstring(platform::nameOf(std::get<platform::Answer>(answer.what)));
 }
 
 std::wstring answerText(const platform::FormAnswer& answer) {

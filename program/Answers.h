@@ -11,7 +11,9 @@ namespace program {
 ///
 ///     Attachment(s) missing=No
 ///     frmNoSubject=txtSubject=Budget; cmdOK
+///     folder=C:\Users\Ann\Documents
 ///
+/// The WHERE "folder" is the folder browser, and its WHAT the folder's path; an empty one cancels.
 /// A WHERE that starts with "frm" and holds only letters, digits and "_" names a form; it ends at the first
 /// "=". Anything else is the start of a message box's title and ends at the last "=", as a title may hold one
 /// itself. WHAT is Yes, No, OK or Cancel for a message box. For a form it is a list of `control=value` parted

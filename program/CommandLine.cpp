@@ -40,8 +40,9 @@ constexpr char usageText[] =
                            box's title, or a form's name; WHAT is Yes, No, OK or Cancel, or for a form
                            control=value and finally the button, parted by "; " (";;" is a plain ";"). In
                            place of the button {Enter} presses the default one, {Escape} closes the form,
-                           and {Alt+x} presses the one with the access key x. Without any --answer, prompts
-                           are put to you when the program runs at a terminal
+                           and {Alt+x} presses the one with the access key x. "folder=PATH" chooses a folder
+                           where the system's browser asks for one, and "folder=" cancels. Without any
+                           --answer, prompts are put to you when the program runs at a terminal
   --json                   one JSON object a line instead of text
   --trace                  at the end, what the add-in left undone without a word: procedures, the numbers of
                            the errors, how often

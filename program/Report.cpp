@@ -155,6 +155,21 @@ void Report::formText(const platform::FormPrompt& prompt, const std::optional<pl
     line("    answer: " + (answer ? indented(answerText(*answer)) : "none"));
 }
 
+void Report::folder(const platform::FolderPrompt& prompt,
+                    const std::optional<platform::FolderAnswer>& answer) {
+    if (json()) {
+        Json told = event("folder");
+        told["title"] = plainUtf8(prompt.title);
+        told["path"] = answer ? Json(plainUtf8(answer->path)) : Json(nullptr);
+        line(jsonText(told));
+    } else if (!promptsSeen_) {
+        line("  folder: " + terminalLine(prompt.title));
+        line("    answer: " + (!answer                ? "none"
+                               : answer->path.empty() ? "cancelled"
+                                                      : terminalLine(answer->path)));
+    }
+}
+
 void Report::beep() {
     if (json()) {
         line(jsonText(event("beep")));

@@ -21,6 +21,8 @@ class Report : public platform::PromptObserver {
 
     void message(const platform::MessagePrompt& prompt, std::optional<platform::Answer> answer) override;
     void form(const platform::FormPrompt& prompt, const std::optional<platform::FormAnswer>& answer) override;
+    void folder(const platform::FolderPrompt& prompt,
+                const std::optional<platform::FolderAnswer>& answer) override;
     void beep() override;
     void help(const std::wstring& file, const std::wstring& topic, platform::HelpView view) override;
 

@@ -81,6 +81,10 @@ void DialogRobot::watch() {
 
 void DialogRobot::attend(HWND dialog) {
     const auto form = attachedName(dialog, formNameProperty);
+    if (isFolderBrowser(dialog)) {
+        unanswered() ? dialogDriver::cancel(dialog) : attendFolderBrowser(dialog);
+        return;
+    }
     if (!unanswered()) {
         form ? attendForm(dialog, *form) : attendMessageBox(dialog);
         return;
@@ -96,6 +100,16 @@ void DialogRobot::attendMessageBox(HWND dialog) {
     const auto answer = answers_.message(prompt);
     if (!answer || !dialogDriver::answerMessageBox(dialog, *answer)) {
         giveUp(L"no answer for the message \"" + prompt.title + L"\"");
+    }
+}
+
+void DialogRobot::attendFolderBrowser(HWND dialog) {
+    const FolderPrompt prompt = dialogDriver::describeFolderBrowser(dialog);
+    const auto answer = answers_.folder ? answers_.folder(prompt) : std::nullopt;
+    if (!answer) {
+        giveUp(L"no answer for the folder browser \"" + prompt.title + L"\"");
+    } else if (!dialogDriver::chooseFolder(dialog, answer->path)) {
+        giveUp(L"the folder browser cannot choose \"" + answer->path + L"\"");
     }
 }
 

@@ -14,7 +14,7 @@ namespace robot {
 
 /// Answers this process's real dialogs in a person's place: the message boxes and forms of the add-in, found
 /// by their windows and moved by the messages that typing and clicking make. Forms and controls are addressed
-/// by the names that dialogProperties.h attaches to them.
+/// by the names that dialogProperties.h attaches to them. So is the system's folder browser.
 ///
 /// A thread of its own watches the windows, because the thread that shows a dialog is inside it until it
 /// closes; the robot calls `answers` on that thread, never two at once. The dialog on top is asked about; a
@@ -29,6 +29,8 @@ class DialogRobot {
     struct Answers {
         std::function<std::optional<platform::Answer>(const platform::MessagePrompt&)> message;
         std::function<std::optional<platform::FormAnswer>(const platform::FormPrompt&)> form;
+        /// Null where no folder browser is expected.
+        std::function<std::optional<platform::FolderAnswer>(const platform::FolderPrompt&)> folder = nullptr;
     };
 
     /// Watches from now on. Throws automation::Error when Windows gives it no thread.
@@ -57,6 +59,7 @@ class DialogRobot {
     void watch();
     void attend(HWND dialog);
     void attendMessageBox(HWND dialog);
+    void attendFolderBrowser(HWND dialog);
     void attendForm(HWND dialog, const std::wstring& name);
     void step(Work& work);
     void press(Work& work);

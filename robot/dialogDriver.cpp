@@ -1,5 +1,7 @@
 #include "robot/dialogDriver.h"
 
+#include <shlobj.h>
+
 #include <algorithm>
 
 #include "platform/text.h"
@@ -213,6 +215,16 @@ MessagePrompt describeMessageBox(HWND dialog) {
     return prompt;
 }
 
+FolderPrompt describeFolderBrowser(HWND dialog) {
+    FolderPrompt prompt;
+    for (HWND label : shownChildren(dialog, L"Static")) {
+        if (prompt.title.empty()) {
+            prompt.title = windowText(label);
+        }
+    }
+    return prompt;
+}
+
 FormPrompt describeForm(HWND dialog, const std::wstring& name) {
     FormPrompt prompt{name, windowText(dialog), {}};
     for (HWND control : controlsOf(dialog)) {
@@ -227,6 +239,20 @@ bool answerMessageBox(HWND dialog, Answer answer) {
         click(button);
     }
     return button != nullptr;
+}
+
+bool chooseFolder(HWND dialog, const std::wstring& path) {
+    if (path.empty()) {
+        cancel(dialog);
+        return true;
+    }
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
+        return false;  // The browser would keep what was chosen before.
+    }
+    SendMessageW(dialog, BFFM_SETSELECTIONW, TRUE, reinterpret_cast<LPARAM>(path.c_str()));
+    click(GetDlgItem(dialog, IDOK));
+    return true;
 }
 
 HWND findControl(HWND form, const std::wstring& name) {

@@ -18,10 +18,15 @@ HWND topDialog();
 void settle(HWND dialog);
 
 platform::MessagePrompt describeMessageBox(HWND dialog);
+/// The title is what the browser says above its folders.
+platform::FolderPrompt describeFolderBrowser(HWND dialog);
 platform::FormPrompt describeForm(HWND dialog, const std::wstring& name);
 
 /// Presses the button of a message box; false when it has none such.
 bool answerMessageBox(HWND dialog, platform::Answer answer);
+
+/// Chooses a folder, or cancels when `path` is empty; false when there is no such folder.
+bool chooseFolder(HWND dialog, const std::wstring& path);
 
 /// A control of a form by its name, letter case ignored; null when there is none.
 HWND findControl(HWND form, const std::wstring& name);

@@ -6,7 +6,7 @@ namespace settings {
 
 /// The desktop as the add-in uses it: the alert sound precedes every message box when the user wants it, from
 /// whichever room the box comes, reports of errors included. Dialogs differ, since the user opens some of
-/// them from the menu: those that come unasked are shown by prompts::show(). Both are counted.
+/// them from the menu: those that come unasked are shown by prompts::show(). All of them are counted.
 class AlertingDesktop final : public platform::Desktop {
   public:
     /// Both outlive this one.
@@ -21,6 +21,10 @@ class AlertingDesktop final : public platform::Desktop {
     }
     void showHelp(const std::wstring& file, const std::wstring& topic, platform::HelpView view) override {
         shown_.showHelp(file, topic, view);
+    }
+    std::wstring chooseFolder(const std::wstring& title) override {
+        ++globals_.promptsShown;
+        return shown_.chooseFolder(title);
     }
     void processPendingEvents() override { shown_.processPendingEvents(); }
 

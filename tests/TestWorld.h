@@ -18,6 +18,8 @@ class TestWorld {
     struct Log : platform::PromptObserver {
         std::vector<platform::MessagePrompt> messages;
         std::vector<platform::FormPrompt> forms;
+        std::vector<std::wstring> folders;
+        int beeps = 0;
         /// What happens while a message box is open.
         std::function<void()> meanwhile;
         void message(const platform::MessagePrompt& prompt, std::optional<platform::Answer>) override {
@@ -29,7 +31,11 @@ class TestWorld {
         void form(const platform::FormPrompt& prompt, const std::optional<platform::FormAnswer>&) override {
             forms.push_back(prompt);
         }
-        void beep() override {}
+        void folder(const platform::FolderPrompt& prompt,
+                    const std::optional<platform::FolderAnswer>&) override {
+            folders.push_back(prompt.title);
+        }
+        void beep() override { ++beeps; }
     };
 
     explicit TestWorld(std::vector<std::wstring> answers = {}, host::Profile profile = {})

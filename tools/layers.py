@@ -33,7 +33,7 @@ for room in ("tests", "bench", "fuzz"):
 # Where Windows is known.
 WINDOWS = ("platform/windows/", "server/", "host/windows/", "robot/", "program/windows/", "tests/windows/", "tests/scenarios/windows/")
 WINDOWS_HEADERS = {
-    "windows.h", "windowsx.h", "winuser.h", "winreg.h", "commctrl.h", "shellapi.h", "shlobj.h", "wininet.h",
+    "windows.h", "windowsx.h", "winuser.h", "winreg.h", "commctrl.h", "shellapi.h", "shlobj.h", "shlwapi.h", "wininet.h",
     "htmlhelp.h", "objbase.h", "ole2.h", "olectl.h", "oleauto.h", "oaidl.h", "unknwn.h", "ocidl.h",
 }
 

@@ -85,6 +85,19 @@ void PromptedDesktop::showModal(forms::Form& form) {
     }
 }
 
+std::wstring PromptedDesktop::chooseFolder(const std::wstring& title) {
+    if (unanswered_) {
+        return {};
+    }
+    const FolderPrompt prompt{title};
+    const auto answer = ask(prompt);
+    observer_.folder(prompt, answer);
+    if (!answer) {
+        unanswered_ = L"no answer for the folder browser \"" + title + L"\"";
+    }
+    return answer.value_or(FolderAnswer()).path;
+}
+
 void PromptedDesktop::runForm(forms::Form& form) {
     const FormPrompt prompt = describe(form);
     const auto answer = ask(prompt, form);

@@ -25,6 +25,7 @@ class PromptedDesktop : public Desktop {
     void beep() final;
     void showModal(forms::Form& form) final;
     void showHelp(const std::wstring& file, const std::wstring& topic, HelpView view) final;
+    std::wstring chooseFolder(const std::wstring& title) final;
     /// Events of the simulated host never wait.
     void processPendingEvents() final {}
 
@@ -39,6 +40,7 @@ class PromptedDesktop : public Desktop {
     /// Nothing when there is no answer.
     virtual std::optional<Answer> ask(const MessagePrompt& prompt) = 0;
     virtual std::optional<FormAnswer> ask(const FormPrompt& prompt, const forms::Form& form) = 0;
+    virtual std::optional<FolderAnswer> ask(const FolderPrompt& prompt) = 0;
 
   private:
     void runForm(forms::Form& form);

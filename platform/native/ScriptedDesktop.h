@@ -19,6 +19,7 @@ class ScriptedDesktop : public PromptedDesktop {
     std::optional<FormAnswer> ask(const FormPrompt& prompt, const forms::Form&) override {
         return answers_.take(prompt);
     }
+    std::optional<FolderAnswer> ask(const FolderPrompt& prompt) override { return answers_.take(prompt); }
 
   private:
     AnswerList answers_;

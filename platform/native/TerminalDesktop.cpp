@@ -296,6 +296,12 @@ std::optional<FormAnswer> TerminalDesktop::ask(const FormPrompt& prompt, const f
     }
 }
 
+std::optional<FolderAnswer> TerminalDesktop::ask(const FolderPrompt& prompt) {
+    output_ << '\n' << rule << '\n' << terminalLine(prompt.title) << '\n' << rule << '\n';
+    auto path = readLine(L"Path of the folder, Enter to cancel: ");
+    return path ? std::optional(FolderAnswer{std::move(*path)}) : std::nullopt;
+}
+
 std::optional<FormAnswer> TerminalDesktop::understand(const std::wstring& line, const forms::Form& form) {
     if (text::trim(line).empty()) {
         const forms::Button* button = form.button(forms::Button::Role::Default);

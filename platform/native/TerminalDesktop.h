@@ -18,6 +18,7 @@ class TerminalDesktop : public PromptedDesktop {
     void sound() override;
     std::optional<Answer> ask(const MessagePrompt& prompt) override;
     std::optional<FormAnswer> ask(const FormPrompt& prompt, const forms::Form& form) override;
+    std::optional<FolderAnswer> ask(const FolderPrompt& prompt) override;
 
   private:
     /// Nothing at the end of the input.

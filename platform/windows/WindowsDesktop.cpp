@@ -4,6 +4,7 @@
 
 #include "platform/windows/DialogWindow.h"
 #include "platform/windows/comErrors.h"
+#include "platform/windows/folderBrowser.h"
 
 namespace platform::windows {
 
@@ -59,6 +60,11 @@ void WindowsDesktop::showModal(forms::Form& form) {
 
 void WindowsDesktop::showHelp(const std::wstring& file, const std::wstring& topic, HelpView view) {
     help_.show(topic.empty() ? file : file + L"::/" + topic, view);
+}
+
+std::wstring WindowsDesktop::chooseFolder(const std::wstring& title) {
+    const ActivationContext::Scope controls(context_);
+    return browseForFolder(dialogOwner(), title);
 }
 
 void WindowsDesktop::processPendingEvents() {

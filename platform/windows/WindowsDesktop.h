@@ -14,6 +14,7 @@ class WindowsDesktop final : public Desktop {
     void beep() override;
     void showModal(forms::Form& form) override;
     void showHelp(const std::wstring& file, const std::wstring& topic, HelpView view) override;
+    std::wstring chooseFolder(const std::wstring& title) override;
     void processPendingEvents() override;
 
   private:

@@ -57,6 +57,14 @@ bool isBusy(HWND dialog) {
     return GetPropW(dialog, busyProperty) != nullptr;
 }
 
+void markFolderBrowser(HWND dialog) {
+    SetPropW(dialog, folderBrowserProperty, reinterpret_cast<HANDLE>(static_cast<ULONG_PTR>(1)));
+}
+
+bool isFolderBrowser(HWND dialog) {
+    return GetPropW(dialog, folderBrowserProperty) != nullptr;
+}
+
 std::optional<forms::Kind> attachedKind(HWND window) {
     const auto stored = reinterpret_cast<ULONG_PTR>(GetPropW(window, controlKindProperty));
     return stored != 0 ? std::optional(static_cast<forms::Kind>(stored - 1)) : std::nullopt;

@@ -23,6 +23,9 @@ inline constexpr wchar_t controlKindProperty[] = L"Veltro.Kind";
 /// dialog that the handler has shown is just closing.
 inline constexpr wchar_t busyProperty[] = L"Veltro.Busy";
 
+/// On the system's folder browser while the add-in shows it.
+inline constexpr wchar_t folderBrowserProperty[] = L"Veltro.FolderBrowser";
+
 /// Attaches a name of at most 255 characters.
 void attachName(HWND window, const wchar_t* property, const std::wstring& name);
 /// Must be called before the window goes, or the atom stays.
@@ -46,5 +49,8 @@ class BusyMark {
     HWND dialog_;
 };
 bool isBusy(HWND dialog);
+
+void markFolderBrowser(HWND dialog);
+bool isFolderBrowser(HWND dialog);
 
 }  // namespace platform::windows

@@ -77,6 +77,12 @@ robot::DialogRobot::Answers scripted(platform::AnswerList& answers, program::Rep
                 const auto answer = answers.take(prompt);
                 report.form(prompt, answer);
                 return answer;
+            },
+            [&](const platform::FolderPrompt& prompt) {
+                Sleep(pauseBeforeAnswer());
+                const auto answer = answers.take(prompt);
+                report.folder(prompt, answer);
+                return answer;
             }};
 }
 

@@ -79,6 +79,7 @@ class OverlapWorld : public AccountsWorld, private platform::PromptObserver {
     void form(const platform::FormPrompt& prompt, const std::optional<platform::FormAnswer>&) override {
         opened(prompt.form);
     }
+    void folder(const platform::FolderPrompt&, const std::optional<platform::FolderAnswer>&) override {}
     void beep() override {}
 
     std::wstring prompt_;

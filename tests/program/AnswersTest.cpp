@@ -68,6 +68,18 @@ TEST(Answers, ReadsFormAnswersAndWritesThemAsTheyWere) {
     }
 }
 
+TEST(Answers, ReadsTheFolderToChoose) {
+    for (const auto& [text, path] : {std::pair{L"folder=/a=b c", L"/a=b c"},
+                                     {L"Folder =C:\\No", L"C:\\No"},
+                                     {L"folder=Yes", L"Yes"},
+                                     {L"folder=", L""}}) {
+        const auto parsed = program::parseAnswer(text);
+        ASSERT_TRUE(std::holds_alternative<platform::FolderAnswer>(parsed.what));
+        EXPECT_EQ(std::get<platform::FolderAnswer>(parsed.what).path, path);
+    }
+    EXPECT_TRUE(std::holds_alternative<Answer>(program::parseAnswer(L"folders=Yes").what));
+}
+
 TEST(Answers, RefusesWhatIsNoAnswer) {
     for (const wchar_t* text : {L"", L"Yes", L"Attachment(s) missing=Maybe", L"=Yes", L"frmNoSubject=",
                                 L"frmNoSubject=txtSubject=Budget", L"frmNoSubject=txtSubject=Budget;cmdOK",
@@ -77,7 +89,8 @@ TEST(Answers, RefusesWhatIsNoAnswer) {
 }
 
 TEST(Answers, AreNamedAsTheyWereGiven) {
-    for (const wchar_t* text : {L"Attachment(s) missing=No", L"frmNoSubject=txtSubject=Budget; cmdOK"}) {
+    for (const wchar_t* text :
+         {L"Attachment(s) missing=No", L"frmNoSubject=txtSubject=Budget; cmdOK", L"folder=/tmp/x"}) {
         EXPECT_EQ(program::answerText(program::parseAnswer(text)), text);
     }
 }

@@ -23,6 +23,7 @@ std::string everything(Report::Format format) {
     report.message({hostile, hostile, {}}, platform::Answer::Ok);
     report.form({L"frmX", hostile, {{L"txtX", hostile, hostile, true, true, true}}},
                 platform::FormAnswer{{{L"txtX", hostile}}, L"cmdOK"});
+    report.folder({hostile}, platform::FolderAnswer{hostile});
     report.sent(mail);
     report.cancelled(mail);
     report.reply(host::ReplyKind::Reply, mail);
@@ -59,12 +60,34 @@ TEST(Report, NamesTheFileInEveryEvent) {
                                                                 {"help", false},
                                                                 {"message", true},
                                                                 {"form", true},
+                                                                {"folder", true},
                                                                 {"sent", true},
                                                                 {"cancelled", true},
                                                                 {"reply", true},
                                                                 {"reply-cancelled", true},
                                                                 {"error", true},
                                                                 {"error", true}}));
+}
+
+TEST(Report, TellsWhichFolderWasChosen) {
+    const struct {
+        std::optional<platform::FolderAnswer> answer;
+        const char* text;
+        const char* json;
+    } cases[] = {
+        {platform::FolderAnswer{L"/a b"}, "/a b", "\"/a b\""},
+        {platform::FolderAnswer{}, "cancelled", "\"\""},
+        {std::nullopt, "none", "null"},
+    };
+    for (const auto& [answer, text, json] : cases) {
+        std::ostringstream lines;
+        Report(lines, Report::Format::Text).folder({L"Where?"}, answer);
+        EXPECT_EQ(lines.str(), std::string("  folder: Where?\n    answer: ") + text + "\n");
+        std::ostringstream events;
+        Report(events, Report::Format::JsonLines).folder({L"Where?"}, answer);
+        EXPECT_EQ(program::parseJson(events.str())["path"].dump(), json);
+        EXPECT_EQ(program::parseJson(events.str())["title"], "Where?");
+    }
 }
 
 TEST(Report, NamesWhatAnAnswerCanFillIn) {

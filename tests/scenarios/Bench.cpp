@@ -42,6 +42,10 @@ void PromptLog::form(const platform::FormPrompt& prompt, const std::optional<pla
     prompts_.push_back({prompt.form, prompt.caption, {}, prompt.controls, std::exchange(beeped_, false)});
 }
 
+void PromptLog::folder(const platform::FolderPrompt& prompt, const std::optional<platform::FolderAnswer>&) {
+    prompts_.push_back({L"folder", prompt.title, {}, {}, std::exchange(beeped_, false)});
+}
+
 Bench::Bench(Given setup)
     : setup_(withUsualSettings(std::move(setup))),
       outlook_(setup_.profile, [this] { return setup_.now; }),

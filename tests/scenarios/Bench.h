@@ -14,9 +14,9 @@
 class PromptLog : public platform::PromptObserver {
   public:
     struct Prompt {
-        /// A message box's title, or a form's name.
+        /// A message box's title, a form's name, or "folder".
         std::wstring where;
-        /// A message box's text, or a form's caption.
+        /// A message box's text, a form's caption, or the title of the folder browser.
         std::wstring text;
         platform::MessageStyle style;
         std::vector<platform::ControlState> controls;
@@ -28,6 +28,7 @@ class PromptLog : public platform::PromptObserver {
 
     void message(const platform::MessagePrompt& prompt, std::optional<platform::Answer> answer) override;
     void form(const platform::FormPrompt& prompt, const std::optional<platform::FormAnswer>& answer) override;
+    void folder(const platform::FolderPrompt& prompt, const std::optional<platform::FolderAnswer>&) override;
     void beep() override { beeped_ = true; }
 
     const std::vector<Prompt>& prompts() const { return prompts_; }

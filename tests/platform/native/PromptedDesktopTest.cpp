@@ -13,6 +13,7 @@ namespace {
 
 using platform::Answer;
 using platform::Buttons;
+using platform::FolderAnswer;
 using platform::FormAnswer;
 using platform::PromptAnswer;
 
@@ -23,6 +24,10 @@ struct Log : platform::PromptObserver {
     }
     void form(const platform::FormPrompt& prompt, const std::optional<FormAnswer>& answer) override {
         lines.push_back(prompt.form + L"=" + (answer ? answer->button : L"?"));
+    }
+    void folder(const platform::FolderPrompt& prompt,
+                const std::optional<platform::FolderAnswer>& answer) override {
+        lines.push_back(prompt.title + L"=" + (answer ? answer->path : L"?"));
     }
     void beep() override { lines.push_back(L"beep"); }
 };
@@ -67,7 +72,9 @@ TEST(ScriptedDesktop, AnswersThroughTheFormsOwnHandlers) {
             {forForm({}, L"cmdOK"),
              {L"missing", Answer::Ok},
              forForm({{L"chkTitle", L"1"}, {L"txtTitle", L"Dr"}, {L"txtname", L"Ann"}}, L"cmdOK"),
-             {L"Sure", Answer::No}}),
+             {L"folder", FolderAnswer{L"C:\\here"}},
+             {L"Sure", Answer::No},
+             {L"folder", FolderAnswer{}}}),
         log);
     desktop.beep();
     frmName form(desktop);
@@ -77,8 +84,10 @@ TEST(ScriptedDesktop, AnswersThroughTheFormsOwnHandlers) {
     EXPECT_EQ(form.txtTitle.text(), L"Dr");
     EXPECT_FALSE(form.shown());
     EXPECT_EQ(desktop.messageBox(L"?", {Buttons::YesNo}, L"Sure? - Veltro"), Answer::No);
-    EXPECT_EQ(log.lines,
-              (Lines{L"beep", L"frmName=cmdOK", L"Missing=OK", L"frmName=cmdOK", L"Sure? - Veltro=No"}));
+    EXPECT_EQ(desktop.chooseFolder(L"Where?"), L"C:\\here");
+    EXPECT_EQ(desktop.chooseFolder(L"And where?"), L"");
+    EXPECT_EQ(log.lines, (Lines{L"beep", L"frmName=cmdOK", L"Missing=OK", L"frmName=cmdOK",
+                                L"Sure? - Veltro=No", L"Where?=C:\\here", L"And where?="}));
     EXPECT_FALSE(desktop.unanswered());
 }
 
@@ -133,6 +142,7 @@ TEST(ScriptedDesktop, AnswersNothingAnyMoreOnceAPromptFoundNoAnswer) {
         Log log;
         auto answers = test.answers;
         answers.push_back({L"Sure", Answer::Yes});
+        answers.push_back({L"folder", FolderAnswer{L"C:\\here"}});
         platform::native::ScriptedDesktop desktop(platform::AnswerList(answers), log);
         frmName form(desktop);
         desktop.showModal(form);
@@ -143,6 +153,7 @@ TEST(ScriptedDesktop, AnswersNothingAnyMoreOnceAPromptFoundNoAnswer) {
         const auto reported = log.lines.size();
         EXPECT_EQ(desktop.messageBox(L"?", {Buttons::YesNo}, L"Sure"), Answer::No);
         EXPECT_EQ(desktop.messageBox(L"?", {Buttons::OkCancel}, L"Sure"), Answer::Cancel);
+        EXPECT_EQ(desktop.chooseFolder(L"Where?"), L"");
         EXPECT_EQ(log.lines.size(), reported);
     }
 }
@@ -154,6 +165,27 @@ TEST(ScriptedDesktop, LeavesTheFormClosedWhenItsHandlerFails) {
     form.cmdOK.onClick = [] { throw std::runtime_error("broken"); };
     EXPECT_THROW(desktop.showModal(form), std::runtime_error);
     EXPECT_FALSE(form.shown());
+}
+
+TEST(ScriptedDesktop, MissesAnAnswerForTheFolderBrowser) {
+    Log log;
+    platform::native::ScriptedDesktop desktop(platform::AnswerList({{L"folder", Answer::Ok}}), log);
+    EXPECT_EQ(desktop.chooseFolder(L"Where?"), L"");
+    EXPECT_NE(desktop.unanswered().value_or(L"").find(L"Where?"), std::wstring::npos);
+    EXPECT_EQ(log.lines, Lines{L"Where?=?"});
+}
+
+TEST(TerminalDesktop, LetsAPersonChooseAFolder) {
+    Log log;
+    std::istringstream input("/tmp/a b\n\n");
+    std::ostringstream output;
+    platform::native::TerminalDesktop desktop(input, output, log);
+    EXPECT_EQ(desktop.chooseFolder(L"Where\x1B?"), L"/tmp/a b");
+    EXPECT_NE(output.str().find("Where??"), std::string::npos) << output.str();
+    EXPECT_EQ(desktop.chooseFolder(L"Where?"), L"");
+    EXPECT_FALSE(desktop.unanswered());
+    desktop.chooseFolder(L"Where?");
+    EXPECT_TRUE(desktop.unanswered());
 }
 
 TEST(TerminalDesktop, LetsAPersonAnswer) {

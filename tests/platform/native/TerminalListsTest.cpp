@@ -13,6 +13,7 @@ namespace {
 struct Quiet : platform::PromptObserver {
     void message(const platform::MessagePrompt&, std::optional<platform::Answer>) override {}
     void form(const platform::FormPrompt&, const std::optional<platform::FormAnswer>&) override {}
+    void folder(const platform::FolderPrompt&, const std::optional<platform::FolderAnswer>&) override {}
     void beep() override {}
 };
 

@@ -104,6 +104,11 @@ class WindowsWorld : public AddInWorld {
                       [this, &observer](const platform::FormPrompt& prompt) {
                           return report(prompt, answers_.take(prompt), observer,
                                         &platform::PromptObserver::form);
+                      },
+                  .folder =
+                      [this, &observer](const platform::FolderPrompt& prompt) {
+                          return report(prompt, answers_.take(prompt), observer,
+                                        &platform::PromptObserver::folder);
                       }}) {
         for (const auto& [key, value] : given.settings) {
             settings_.write(key, value);
