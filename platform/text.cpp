@@ -1,7 +1,6 @@
 #include "platform/text.h"
 
 #include <algorithm>
-#include <cstdint>
 
 #include "platform/characters.h"
 
@@ -65,6 +64,16 @@ std::wstring replaceAll(std::wstring_view text, std::wstring_view part, std::wst
 
 std::wstring_view before(std::wstring_view text, wchar_t separator) {
     return text.substr(0, text.find(separator));
+}
+
+std::wstring hexadecimal(std::span<const std::uint8_t> bytes) {
+    constexpr wchar_t digits[] = L"0123456789ABCDEF";
+    std::wstring text;
+    for (const std::uint8_t byte : bytes) {
+        text += digits[byte >> 4];
+        text += digits[byte & 0xF];
+    }
+    return text;
 }
 
 namespace {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -38,9 +40,17 @@ std::wstring replaceAll(std::wstring_view text, std::wstring_view part, std::wst
 /// The text before the first `separator`, or all of it.
 std::wstring_view before(std::wstring_view text, wchar_t separator);
 
+/// Two upper-case digits for each byte.
+std::wstring hexadecimal(std::span<const std::uint8_t> bytes);
+
 /// UTF-8 for files and terminals. Lone surrogates keep their own three-byte form, so that both ways round
 /// give the same text; bytes that are no UTF-8 become U+FFFD.
 std::string toUtf8(std::wstring_view text);
 std::wstring fromUtf8(std::string_view bytes);
+
+/// The system's 8-bit code page, natively Windows-1252. Each world implements both ways. A character that the
+/// code page lacks becomes another, so that the way back gives another text; any bytes can be read.
+std::string toCodePage(std::wstring_view text);
+std::wstring fromCodePage(std::string_view bytes);
 
 }  // namespace text

@@ -48,16 +48,6 @@ std::wstring joined(const std::wstring& texts) {
     return result;
 }
 
-std::wstring hexadecimal(const std::vector<std::uint8_t>& bytes) {
-    constexpr wchar_t digits[] = L"0123456789ABCDEF";
-    std::wstring text;
-    for (const std::uint8_t byte : bytes) {
-        text += digits[byte >> 4];
-        text += digits[byte & 0xF];
-    }
-    return text;
-}
-
 /// Nothing for what is of no type that a text could stand for.
 std::optional<std::wstring> rendered(const RegistryData& data) {
     switch (data.type) {
@@ -71,7 +61,7 @@ std::optional<std::wstring> rendered(const RegistryData& data) {
         case registry::typeLongNumber:
             return std::to_wstring(numberOf<std::uint64_t>(data.bytes));
         case registry::typeBinary:
-            return hexadecimal(data.bytes);
+            return text::hexadecimal(data.bytes);
         default:
             return std::nullopt;
     }
