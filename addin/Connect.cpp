@@ -10,6 +10,7 @@
 #include "mail/ProfileAddresses.h"
 #include "mail/errorTrap.h"
 #include "platform/files.h"
+#include "settings/modLoadSettings.h"
 #include "settings/modRegKeys.h"
 
 namespace addin {
@@ -59,6 +60,7 @@ void Connect::OnConnection(const automation::Object& application, int /*connectM
     openResourceLibrary();
     readProductTexts();
     basPreInitializeSetup::InitializeSetup(globals_);
+    modLoadSettings::importSettingsFile(globals_, settingsFile_);
     if (!takeHoldOfOutlook()) {
         startingUp.leaveSet();
         return;

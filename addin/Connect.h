@@ -9,6 +9,7 @@
 #include "platform/Platform.h"
 #include "platform/outlook.h"
 #include "settings/AlertingDesktop.h"
+#include "settings/SettingsFileReader.h"
 
 namespace addin {
 
@@ -62,6 +63,7 @@ class Connect {
     platform::Platform platform_;
     mail::Globals globals_;
     WindowWrappers wrappers_;
+    settings::SettingsFileReader settingsFile_;
     /// Kept beside the global one, which goes with the last window and must come back with the next.
     outlook::Application application_;
     automation::Object addInInst_;

@@ -18,6 +18,7 @@ class MemorySettingsStore : public SettingsStore {
         /// As it was first written.
         std::wstring key;
         std::wstring value;
+        bool operator==(const Setting&) const = default;
     };
     /// By upper-cased key.
     const std::map<std::wstring, Setting>& settings() const { return settings_; }

@@ -102,6 +102,17 @@ inline constexpr TextFlag IgnoreAttach{L"IgnoreAttach", false};
 /// Their full names, such as that of a business card, joined by `;`.
 inline constexpr Plain IgnoreAttachValue{L"IgnoreAttachValue"};
 
+// The administrator's settings file
+
+/// Where it is; beside the add-in when there is no such file.
+inline constexpr Plain VT_Settings_FilePath{L"VT_Settings_FilePath"};
+/// The identifier of the file that was last applied.
+inline constexpr Plain SettingsID{L"SettingsID"};
+/// The fields of the settings dialog that may be locked, each with `=Yes` or `=No`, joined by `;`.
+inline constexpr Plain LockFields{L"LockFields"};
+/// The password of the lock, scrambled; empty: nothing is locked.
+inline constexpr Plain Password{L"Password"};
+
 // What Veltro notes for itself
 
 /// The machine-wide preset that was last applied.
@@ -117,14 +128,6 @@ inline constexpr Plain ShowStartupWizard{L"ShowStartupWizard"};
 inline constexpr Plain Tutorial{L"Tutorial"};
 /// `CREATED` once the e-mail that introduces Veltro has been made.
 inline constexpr Plain IntroEmailCreated{L"IntroEmailCreated"};
-/// The settings that an administrator has locked.
-inline constexpr Plain LockFields{L"LockFields"};
-/// The administrator's password.
-inline constexpr Plain Password{L"Password"};
-/// The administrator's settings file that was last applied.
-inline constexpr Plain SettingsID{L"SettingsID"};
-/// Where that file is.
-inline constexpr Plain VT_Settings_FilePath{L"VT_Settings_FilePath"};
 /// The day of the last look for a newer version.
 inline constexpr Plain LastCheckUpdateDate{L"LastCheckUpdateDate"};
 /// Whether to look for newer versions.

@@ -27,6 +27,8 @@ struct Given {
     automation::Date now = noonOfAnOrdinaryDay;
     /// False leaves connect() to the scenario.
     bool connected = true;
+    /// The bytes of an administrator's settings file beside the add-in.
+    std::optional<std::string> settingsFile{};
 };
 
 /// The add-in beside one simulated Outlook, in the world for which the tests are built: natively linked in,

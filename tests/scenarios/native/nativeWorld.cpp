@@ -5,6 +5,7 @@
 #include "platform/native/ScriptedDesktop.h"
 #include "platform/native/SystemClock.h"
 #include "platform/text.h"
+#include "tests/TemporaryFolder.h"
 #include "tests/scenarios/AddInWorld.h"
 #include "tests/scenarios/native/CountedObjects.h"
 
@@ -15,6 +16,22 @@ std::wstring programFolder() {
     return text::fromUtf8(std::filesystem::read_symlink("/proc/self/exe").parent_path().string());
 }
 
+/// A folder of this world's own for the add-in: other tests run beside this one.
+class AddInFolder {
+  public:
+    explicit AddInFolder(const std::string& settingsFile) {
+        folder_.write("Veltro_Settings.ini", settingsFile);
+        for (const wchar_t* name : {L"Resource.dll", L"Tags.txt"}) {
+            std::filesystem::create_symlink(std::filesystem::path(programFolder()) / name,
+                                            folder_.file(text::toUtf8(name)));
+        }
+    }
+    std::wstring path() const { return folder_.file(".").wstring(); }
+
+  private:
+    TemporaryFolder folder_;
+};
+
 class NativeWorld : public AddInWorld {
   public:
     NativeWorld(host::Outlook& outlook, const Given& setup, platform::AnswerList answers,
@@ -23,8 +40,11 @@ class NativeWorld : public AddInWorld {
           objects_(outlook.automation()),
           desktop_(std::move(answers), observer),
           clock_(setup.now),
+          folder_(setup.settingsFile ? std::make_unique<AddInFolder>(*setup.settingsFile) : nullptr),
           ports_(objects_, desktop_, clock_, nullptr,
-                 setup.resourceLibrary ? programFolder() : L"\\nowhere") {
+                 folder_                 ? folder_->path()
+                 : setup.resourceLibrary ? programFolder()
+                                         : L"\\nowhere") {
         for (const auto& [key, value] : setup.settings) {
             ports_.settings.write(key, value);
         }
@@ -59,6 +79,7 @@ class NativeWorld : public AddInWorld {
     CountedObjects objects_;
     platform::native::ScriptedDesktop desktop_;
     platform::native::SetClock clock_;
+    std::unique_ptr<AddInFolder> folder_;
     platform::native::MemoryPorts ports_;
     addin::Connect connection_{ports_.platform};
 };

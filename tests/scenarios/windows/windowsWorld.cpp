@@ -1,6 +1,7 @@
 #include <windows.h>
 
 #include <filesystem>
+#include <fstream>
 
 #include "host/windows/AddInLoader.h"
 #include "host/windows/OutlookServer.h"
@@ -67,6 +68,26 @@ class HiddenResources {
     bool hidden_;
 };
 
+/// An administrator's settings file beside the add-in while a scenario runs.
+class SettingsFile {
+  public:
+    explicit SettingsFile(const std::optional<std::string>& bytes) {
+        if (bytes) {
+            std::ofstream(file_, std::ios::binary) << *bytes;
+        }
+    }
+    ~SettingsFile() {
+        std::error_code ignored;
+        std::filesystem::remove(file_, ignored);
+    }
+    SettingsFile(const SettingsFile&) = delete;
+    SettingsFile& operator=(const SettingsFile&) = delete;
+
+  private:
+    std::filesystem::path file_ =
+        std::filesystem::path(modulePath(nullptr)).parent_path() / L"Veltro_Settings.ini";
+};
+
 /// Keeps the add-in's DLL in memory till the end of the tests. Each time that it is unloaded, the compiler's
 /// run-time library leaves one of the process's 1088 slots of thread-local storage behind: nothing for an
 /// Outlook, too much for some thousand scenarios.
@@ -90,6 +111,7 @@ class WindowsWorld : public AddInWorld {
         : now_(given.now),
           resources_(!given.resourceLibrary),
           presets_(given.presets),
+          settingsFile_(given.settingsFile),
           outlook_(outlook),
           exporter_(Exporter::make(liveObjects_)),
           server_(outlook, exporter_),
@@ -148,6 +170,7 @@ class WindowsWorld : public AddInWorld {
     Apartment apartment_;
     HiddenResources resources_;
     Presets presets_;
+    SettingsFile settingsFile_;
     host::Outlook& outlook_;
     LiveObjects liveObjects_;
     std::shared_ptr<Exporter> exporter_;
