@@ -24,6 +24,9 @@ constexpr char usageText[] =
   veltro-host forward MESSAGE...       ... Forward
   veltro-host list                     open the list of preferred sending accounts from the menu
   veltro-host import MESSAGE.eml...    write the messages as JSON, which the other commands read too
+  veltro-host settings export FOLDER   write the settings of --settings and --set into the administrator's file
+                                       Veltro_Settings.ini in that folder
+  veltro-host settings import FILE     read such a file into the settings of --settings
 
   --outlook VERSION        the version that Outlook tells; 14.0.0.4760 unless given
   --editor html|word       the e-mail editor of item windows; html unless given
@@ -48,7 +51,7 @@ constexpr char usageText[] =
                            the errors, how often
   --help, --version
 
-Exit status: 0 all sent or opened, 1 something was cancelled, 2 bad arguments, a file that cannot be used or
+Exit status: 0 all sent or opened, 1 something was cancelled or could not be exported, 2 bad arguments, a file that cannot be used or
 output that cannot be written, 3 a prompt found no answer.
 )";
 
@@ -175,6 +178,24 @@ Command parseCommand(const std::wstring& word) {
     return found->second;
 }
 
+/// A command and what it is for: files, or a folder.
+void parseWords(CommandLine& line, const std::vector<std::wstring>& words) {
+    static const std::map<std::wstring, Command> settingsCommands{{L"export", Command::ExportSettings},
+                                                                  {L"import", Command::ImportSettings}};
+    std::size_t taken = 1;
+    if (words.front() == L"settings") {
+        const auto found = words.size() > 1 ? settingsCommands.find(words[1]) : settingsCommands.end();
+        if (found == settingsCommands.end()) {
+            throw UsageError("settings needs export FOLDER or import FILE");
+        }
+        line.command = found->second;
+        taken = 2;
+    } else {
+        line.command = parseCommand(words.front());
+    }
+    line.files.assign(words.begin() + static_cast<std::ptrdiff_t>(taken), words.end());
+}
+
 /// The add-in asks about an account that is not there; here a name may just be misspelt.
 void warnOfAccounts(CommandLine& line) {
     for (const auto& [address, account] : line.preferredAccounts) {
@@ -204,6 +225,15 @@ void checkTogether(const CommandLine& line) {
     }
     if (line.command == Command::List && !line.files.empty()) {
         throw UsageError("list takes no message file");
+    }
+    if (line.command == Command::ExportSettings && line.files.size() != 1) {
+        throw UsageError("settings export needs one folder");
+    }
+    if (line.command == Command::ImportSettings && line.files.size() != 1) {
+        throw UsageError("settings import needs one file");
+    }
+    if (line.command == Command::ImportSettings && !line.settingsFile) {
+        throw UsageError("settings import needs --settings FILE, where the settings are kept");
     }
     if (std::ranges::count(line.files, L"-") > 1) {
         throw UsageError("\"-\", the standard input, can be read only once");
@@ -244,8 +274,7 @@ CommandLine parseCommandLine(const std::vector<std::wstring>& arguments) {
     }
     const bool informs = line.command == Command::Help || line.command == Command::Version;
     if (!words.empty() && !informs) {
-        line.command = parseCommand(words.front());
-        line.files.assign(words.begin() + 1, words.end());
+        parseWords(line, words);
     }
     checkTogether(line);
     if (line.accounts.empty()) {

@@ -27,7 +27,9 @@ enum class Command {
     ReplyAll,
     Forward,
     List,
-    Import
+    Import,
+    ExportSettings,
+    ImportSettings
 };
 
 struct CommandLine {

@@ -25,6 +25,7 @@
 #include "program/Report.h"
 #include "program/Session.h"
 #include "program/SettingsFolder.h"
+#include "program/exchangeSettings.h"
 #include "program/files.h"
 #include "program/native/ImportMessage.h"
 
@@ -139,6 +140,9 @@ ExitStatus obey(const CommandLine& line) {
             return ExitStatus::Done;
         case program::Command::Import:
             return import(line);
+        case program::Command::ExportSettings:
+        case program::Command::ImportSettings:
+            return program::exchangeSettings(line);
         default:
             return run(line);
     }

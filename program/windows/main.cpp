@@ -19,6 +19,7 @@
 #include "platform/text.h"
 #include "program/Console.h"
 #include "program/Session.h"
+#include "program/exchangeSettings.h"
 #include "program/windows/DebugListener.h"
 #include "program/windows/HostRun.h"
 #include "program/windows/sampleMail.h"
@@ -158,6 +159,9 @@ ExitStatus obey(const CommandLine& line) {
         case program::Command::Import:
             return program::complain(
                 "import is for the developer's own machine; it gives JSON, which can be read here");
+        case program::Command::ExportSettings:
+        case program::Command::ImportSettings:
+            return program::exchangeSettings(line);
         default:
             return runCommand(line);
     }

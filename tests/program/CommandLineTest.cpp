@@ -66,6 +66,13 @@ TEST(CommandLine, SaysInOneLineWhatIsWrong) {
         {{L"send", L"a.eml", L"--folder="}, "--folder"},
         {{L"send", L"-", L"a.eml", L"-"}, "only once"},
         {{L"list", L"a.eml"}, "no message file"},
+        {{L"settings"}, "export FOLDER or import FILE"},
+        {{L"settings", L"expot", L"x"}, "export FOLDER or import FILE"},
+        {{L"settings", L"export"}, "one folder"},
+        {{L"settings", L"export", L"a", L"b"}, "one folder"},
+        {{L"settings", L"import", L"--settings", L"s"}, "one file"},
+        {{L"settings", L"import", L"a", L"b", L"--settings", L"s"}, "one file"},
+        {{L"settings", L"import", L"a"}, "--settings FILE"},
         {{L"list", L"--first-run", L"--list", L"a@x.org=Work"}, "--first-run"},
     };
     for (const Case& test : cases) {

@@ -128,6 +128,26 @@ TEST_F(Program, WarnsAndInforms) {
     EXPECT_TRUE(version.output.starts_with("veltro-host 1.")) << version.output;
 }
 
+TEST_F(Program, CarriesSettingsByAnAdministratorsFile) {
+    const auto saved = run("settings export . --set SettingsID=7 --set AttachKeyWords=budget");
+    EXPECT_EQ(saved.status, 0) << saved.errors;
+    EXPECT_NE(contentsOf("Veltro_Settings.ini").find("\r\nAttachKeyWords=budget\r\n"), std::string::npos);
+    const auto read = run("settings import Veltro_Settings.ini --settings kept.json");
+    EXPECT_EQ(read.status, 0) << read.errors;
+    EXPECT_NE(contentsOf("kept.json").find("\"AttachKeyWords\": \"budget\""), std::string::npos);
+    EXPECT_EQ(
+        run("settings import Veltro_Settings.ini --settings kept.json --set AttachKeyWords=mine").status, 0);
+    EXPECT_NE(contentsOf("kept.json").find("\"AttachKeyWords\": \"mine\""), std::string::npos)
+        << "the same identifier again";
+
+    const auto unsaved = run("settings export none");
+    EXPECT_EQ(unsaved.status, 1);
+    EXPECT_EQ(unsaved.errors, "veltro-host: the settings could not be saved at none\\Veltro_Settings.ini\n");
+    const auto unread = run("settings import none.ini --settings kept.json");
+    EXPECT_EQ(unread.status, 2);
+    EXPECT_EQ(unread.errors, "veltro-host: none.ini: cannot be read as a settings file\n");
+}
+
 TEST_F(Program, TellsWhatWasLeftUndone) {
     const std::string arguments =
         "send promised.eml --outlook 9.0 --answer 'Attachment(s) missing=Yes' --set MsgAddAddress=1 --trace";
