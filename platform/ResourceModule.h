@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/automation.h"
+
 namespace platform {
 
 enum class PictureKind { Bitmap, Icon, Cursor };
@@ -13,6 +15,8 @@ enum class PictureKind { Bitmap, Icon, Cursor };
 class Picture {
   public:
     virtual ~Picture() = default;
+    /// As Office's buttons take it. Throws automation::Error.
+    virtual automation::Object object() const = 0;
 };
 
 /// A loaded module, kept for its resources until destroyed. Every load gives an empty result when the

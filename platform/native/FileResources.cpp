@@ -108,6 +108,23 @@ class FileLibrary : public ResourceLibrary {
     std::shared_ptr<FileResources::Handles> handles_;
 };
 
+/// Can be passed on and told from others, no more.
+class OpaqueTarget : public automation::Target {
+  public:
+    std::int32_t memberId(std::wstring_view) override { throw noMember(); }
+    automation::Value invoke(std::int32_t, automation::Access, std::span<const automation::Value>) override {
+        throw noMember();
+    }
+    automation::Subscription subscribe(automation::EventInterface, automation::EventSink) override {
+        throw noMember();
+    }
+
+  private:
+    static automation::Error noMember() {
+        return {automation::errors::memberNotFound, L"A picture has no members"};
+    }
+};
+
 class OpaquePicture : public Picture {
   public:
     OpaquePicture(std::pair<ResourceLibrary::Handle, PictureKind> owned,
@@ -116,6 +133,10 @@ class OpaquePicture : public Picture {
     OpaquePicture(const OpaquePicture&) = delete;
     OpaquePicture& operator=(const OpaquePicture&) = delete;
     ~OpaquePicture() override { handles_->erase(owned_); }
+
+    automation::Object object() const override {
+        return automation::Object(std::make_shared<OpaqueTarget>());
+    }
 
   private:
     std::pair<ResourceLibrary::Handle, PictureKind> owned_;

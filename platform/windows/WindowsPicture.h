@@ -6,6 +6,7 @@
 
 #include "platform/ResourceModule.h"
 #include "platform/windows/ComPtr.h"
+#include "platform/windows/ComTarget.h"
 
 namespace platform::windows {
 
@@ -14,6 +15,10 @@ class WindowsPicture final : public Picture {
   public:
     WindowsPicture(ComPtr<IPicture> picture, PictureKind kind) : picture_(std::move(picture)), kind_(kind) {}
 
+    automation::Object object() const override {
+        return automation::Object(
+            std::make_shared<ComTarget>(query<IUnknown>(picture_.get(), IID_IUnknown), nullptr));
+    }
     const ComPtr<IPicture>& picture() const noexcept { return picture_; }
     PictureKind kind() const noexcept { return kind_; }
 
