@@ -32,23 +32,19 @@ void frmSigDisclaimer::cmdCancel_Click() {
 
 bool frmSigDisclaimer::isComplete() const {
     if (chkIgnoreText.ticked() && text::trim(txtSigDisclaimer.text()).empty()) {
-        warn(L"Ignore text missing",
-             L"No text entered.\r\n\r\nPlease enter the text you want attachment sentry to ignore.");
+        prompts::inform(
+            globals_, L"Ignore text missing",
+            L"No text entered.\r\n\r\nPlease enter the text you want attachment sentry to ignore.");
         return false;
     }
     if (chkIgnoreAttach.ticked() && text::trim(txtIgnoreAttach.text()).empty()) {
-        warn(
-            L"Attachment name missing",
+        prompts::inform(
+            globals_, L"Attachment name missing",
             L"Attachment name is missing.\r\n\r\nPlease enter the name of the attachment you want attachment "
             L"sentry to ignore.");
         return false;
     }
     return true;
-}
-
-void frmSigDisclaimer::warn(const std::wstring& caption, const std::wstring& text) const {
-    globals_.platform.desktop.messageBox(text, {platform::Buttons::Ok, platform::Icon::Information},
-                                         prompts::titled(globals_, caption));
 }
 
 void frmSigDisclaimer::store() const {

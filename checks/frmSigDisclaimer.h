@@ -14,7 +14,6 @@ class frmSigDisclaimer : public forms::Form {
     void cmdSave_Click();
     void cmdCancel_Click();
     bool isComplete() const;
-    void warn(const std::wstring& caption, const std::wstring& text) const;
     void store() const;
 
     mail::Globals& globals_;

@@ -28,6 +28,18 @@ std::wstring Session::currentUserType() const {
     return object_.get(L"CurrentUser").toObject().get(L"Type").toText();
 }
 
+void Session::receiveFile(const std::wstring& path) const {
+    const automation::Object message = object_.call(L"GetMessageFromMsgFile", path).toObject();
+    const automation::Object inbox = object_.call(L"GetDefaultFolder", outlook::folderId::inbox).toObject();
+    const automation::Object copy = inbox.get(L"Items").toObject().call(L"Add", L"IPM.Note").toObject();
+    // Before the first save alone a message can be marked as one that was sent.
+    copy.put(L"Sent", true);
+    message.call(L"CopyTo", copy);
+    copy.put(L"MessageClass", L"IPM.Note");
+    copy.put(L"UnRead", true);
+    copy.call(L"Save");
+}
+
 void cleanUp(automation::Automation& automation) {
     automation.createObject(progId::mapiUtils).call(L"CleanUp");
 }

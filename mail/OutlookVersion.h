@@ -24,6 +24,7 @@ class OutlookVersion {
 
 inline constexpr OutlookVersion outlook2000{9};
 inline constexpr OutlookVersion outlook2002{10};
+inline constexpr OutlookVersion outlook2003{11};
 /// From here on Word, as the editor of mails, has no window of its own.
 inline constexpr OutlookVersion outlook2007{12};
 

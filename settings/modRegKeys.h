@@ -120,14 +120,15 @@ inline constexpr Plain PreSetupID{L"PreSetupID"};
 /// `1` once the mailbox folder with the list of preferred accounts has its present name.
 inline constexpr Plain blnMoveVT{L"blnMoveVT"};
 
-// Without effect in this version
-
 /// `False` once the settings dialog has been shown at a start.
 inline constexpr Plain ShowStartupWizard{L"ShowStartupWizard"};
+/// `CREATED` once the e-mail that introduces Veltro has been made, `NOTCREATED` when that failed.
+inline constexpr Plain IntroEmailCreated{L"IntroEmailCreated"};
+
+// Without effect in this version
+
 /// Whether the tutorial is offered.
 inline constexpr Plain Tutorial{L"Tutorial"};
-/// `CREATED` once the e-mail that introduces Veltro has been made.
-inline constexpr Plain IntroEmailCreated{L"IntroEmailCreated"};
 /// The day of the last look for a newer version.
 inline constexpr Plain LastCheckUpdateDate{L"LastCheckUpdateDate"};
 /// Whether to look for newer versions.

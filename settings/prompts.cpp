@@ -5,6 +5,10 @@
 
 namespace prompts {
 
+void inform(const mail::Globals& globals, const std::wstring& caption, const std::wstring& text) {
+    ask(globals, caption, text, {platform::Buttons::Ok, platform::Icon::Information});
+}
+
 void soundAlert(const mail::Globals& globals) {
     if (modRegKeys::PlaySound.read(globals)) {
         mail::skipErrors([&] { globals.platform.desktop.beep(); });

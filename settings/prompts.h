@@ -13,6 +13,9 @@ namespace prompts {
 platform::Answer ask(const mail::Globals& globals, const std::wstring& caption, const std::wstring& prompt,
                      platform::MessageStyle style);
 
+/// Tells the user something that needs no decision.
+void inform(const mail::Globals& globals, const std::wstring& caption, const std::wstring& text);
+
 /// Sounds the alert when the user wants to hear one; a machine that cannot stays silent.
 void soundAlert(const mail::Globals& globals);
 

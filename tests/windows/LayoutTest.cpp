@@ -21,6 +21,11 @@
 #include "checks/frmSigDisclaimer.h"
 #include "platform/text.h"
 #include "platform/windows/WindowsPlatform.h"
+#include "settings/frmGetUserInput.h"
+#include "settings/frmIntroWizard.h"
+#include "settings/frmLockFields.h"
+#include "settings/frmUnlockFields.h"
+#include "settings/wizardLists.h"
 #include "tests/windows/AnsweredDialogs.h"
 #include "tests/windows/layoutFaults.h"
 #include "tests/windows/windowPicture.h"
@@ -79,7 +84,41 @@ std::unique_ptr<forms::Form> entryEditor(Globals& globals, accounts::frmEmailAdd
     return form;
 }
 
+/// With entries in each list, and the tabs of a first start.
+std::unique_ptr<forms::Form> settingsPage(Globals& globals, const wchar_t* page) {
+    globals.platform.settings.write(L"EmailList", {});  // There is no profile to ask for one.
+    auto form = std::make_unique<settings::frmIntroWizard>(globals, nullptr);
+    for (forms::Control* control : form->controls()) {
+        if (auto* list = dynamic_cast<forms::SelectionList*>(control)) {
+            list->setRows({{address, true}, {account, false}});
+        }
+    }
+    form->find(L"TabStripWizard")->enter(page);
+    for (const wchar_t* hidden : {L"lblAgStatus", L"imgIntro"}) {
+        form->find(hidden)->setVisible(true);
+    }
+    return form;
+}
+
 const Example examples[] = {
+    {"frmIntroWizard_0", [](Globals& globals) { return settingsPage(globals, L"Intro"); }},
+    {"frmIntroWizard_1", [](Globals& globals) { return settingsPage(globals, L"Reply Sentry"); }},
+    {"frmIntroWizard_2", [](Globals& globals) { return settingsPage(globals, L"Subject Sentry"); }},
+    {"frmIntroWizard_3", [](Globals& globals) { return settingsPage(globals, L"Attachment Sentry"); }},
+    {"frmIntroWizard_4", [](Globals& globals) { return settingsPage(globals, L"Account Sentry"); }},
+    {"frmIntroWizard_5", [](Globals& globals) { return settingsPage(globals, L"Send Confirm"); }},
+    {"frmIntroWizard_6", [](Globals& globals) { return settingsPage(globals, L"Delay Sentry"); }},
+    {"frmIntroWizard_7", [](Globals& globals) { return settingsPage(globals, L"My Email Accounts"); }},
+    {"frmGetUserInput",
+     [](Globals& globals) {
+         return std::make_unique<settings::frmGetUserInput>(globals,
+                                                            settings::wizardLists::confirmedAddresses.rules,
+                                                            [](const std::wstring&) { return false; });
+     }},
+    {"frmLockFields",
+     [](Globals& globals) { return std::make_unique<settings::frmLockFields>(globals, nullptr); }},
+    {"frmUnlockFields",
+     [](Globals& globals) { return std::make_unique<settings::frmUnlockFields>(globals, nullptr); }},
     {"frmSelectSendAcct",
      [](Globals& globals) {
          auto form =
