@@ -7,6 +7,7 @@
 #include "addin/eventArguments.h"
 #include "addin/missingLibrary.h"
 #include "addin/settingsFolder.h"
+#include "addin/settingsWizard.h"
 #include "mail/ProfileAddresses.h"
 #include "mail/errorTrap.h"
 #include "platform/files.h"
@@ -69,6 +70,7 @@ void Connect::OnConnection(const automation::Object& application, int /*connectM
     tellOfMissingLibrary();
     if (wrapOpenExplorers()) {
         openAccountList();
+        settingsWizard::welcome(globals_);
     }
     refreshEmailList();
 }
@@ -182,6 +184,10 @@ void Connect::refreshEmailList() {
     if (const auto addresses = mail::vtAccountsEmailAddress(globals_)) {
         modRegKeys::EmailList.write(globals_, *addresses);
     }
+}
+
+bool Connect::TutorialScreen() const {
+    return modRegKeys::Tutorial.read(globals_) == L"True";
 }
 
 void Connect::OnDisconnection(int removeMode) {

@@ -32,6 +32,9 @@ class Connect {
                       const automation::Object& addInInst);
     void OnDisconnection(int removeMode);
 
+    /// Whether the setting wants the tutorial; it has no further effect, the menu's commands open it.
+    bool TutorialScreen() const;
+
     const WindowWrappers& wrappers() const { return wrappers_; }
     const mail::Trace& trace() const { return trace_; }
 

@@ -4,8 +4,10 @@
 #include "accounts/frmEmailAddress.h"
 #include "addin/missingLibrary.h"
 #include "addin/replyEvents.h"
+#include "addin/settingsWizard.h"
 #include "mail/OutlookVersion.h"
 #include "mail/errorTrap.h"
+#include "platform/files.h"
 #include "settings/prompts.h"
 
 namespace addin {
@@ -28,25 +30,72 @@ void ExplorerWrap::setExplorer(const outlook::Explorer& explorer) {
 }
 
 void ExplorerWrap::InitButton() {
-    if (buttons_.accountList || std::exchange(buildingMenu_, true)) {
+    if (!buttons_.empty() || std::exchange(buildingMenu_, true)) {
         return;  // Outlook's calls let events in: an Activate must not build a second menu beside the first.
     }
     mail::skipErrors([&] {
         const menu::Buttons built = menu::build(globals_, explorer_, key_);
-        if (!built.accountList) {
-            return;
+        std::vector<automation::Subscription> listening;
+        for (std::size_t index = 0; index < built.size(); ++index) {
+            listening.push_back(automation::subscribe(
+                built[index], events::commandBarButton,
+                [self = weak_from_this(), command = static_cast<menu::Command>(index)](
+                    std::int32_t event, std::span<automation::Value>) {
+                    const auto wrapper = self.lock();  // Held: the window may close while a dialog is open.
+                    if (wrapper && event == events::commandBarButtonClick) {
+                        wrapper->clicked(command);
+                    }
+                }));
         }
-        accountListEvents_ = automation::subscribe(
-            built.accountList, events::commandBarButton,
-            [self = weak_from_this()](std::int32_t event, std::span<automation::Value>) {
-                const auto wrapper = self.lock();  // Held: the window may close while the list is open.
-                if (wrapper && event == events::commandBarButtonClick) {
-                    wrapper->gcmdTWl_Veltro_List_Click();
-                }
-            });
+        buttonEvents_ = std::move(listening);
         buttons_ = built;
     });
     buildingMenu_ = false;
+}
+
+void ExplorerWrap::clicked(menu::Command command) {
+    switch (command) {
+        case menu::Command::AccountList:
+            gcmdTWl_Veltro_List_Click();
+            break;
+        case menu::Command::Settings:
+            gcmdTWL_Veltro_Settings_Click();
+            break;
+        case menu::Command::Help:
+            gcmdTWL_Veltro_Help_Click();
+            break;
+        case menu::Command::CheckUpdates:
+        case menu::Command::ContactSupport:
+        case menu::Command::About:
+            break;  // Without a function yet.
+    }
+}
+
+void ExplorerWrap::gcmdTWL_Veltro_Settings_Click() {
+    mail::trapErrors(globals_, mail::ErrorReport::usual(L"ExplorerWrap.gcmdTWL_Veltro_Settings_Click"),
+                     [&] { settingsWizard::open(globals_); });
+}
+
+void ExplorerWrap::gcmdTWL_Veltro_Help_Click() {
+    mail::trapErrors(globals_, mail::ErrorReport::usual(L"ExplorerWrap.gcmdTWL_Veltro_Help_Click"), [&] {
+        globals_.platform.desktop.showHelp(globals_.product.helpFile, L"Getting%20Started/Introduction.htm",
+                                           platform::HelpView::Contents);
+    });
+}
+
+void ExplorerWrap::gmnuTutorial_Click() {
+    openHelpFile(L"ExplorerWrap.gmnuTutorial_Click", L"Postroute_tutorial.chm");
+}
+
+void ExplorerWrap::gmnuHelp_Click() {
+    openHelpFile(L"ExplorerWrap.gmnuHelp_Click", L"Postroute_manual.chm");
+}
+
+void ExplorerWrap::openHelpFile(const wchar_t* procedure, const std::wstring& name) {
+    mail::trapErrors(globals_, mail::ErrorReport::usual(procedure), [&] {
+        globals_.platform.desktop.showHelp(platform::joinPath(globals_.platform.system.addInFolder(), name),
+                                           {}, platform::HelpView::Topic);
+    });
 }
 
 void ExplorerWrap::gcmdTWl_Veltro_List_Click() {
@@ -160,7 +209,7 @@ void ExplorerWrap::m_objExpl_Close() {
 void ExplorerWrap::release() {
     explorerEvents_.end();
     watch({}, ++changes_);
-    accountListEvents_.end();
+    buttonEvents_.clear();
     buttons_ = {};
     explorer_ = {};
 }

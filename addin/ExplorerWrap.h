@@ -5,7 +5,9 @@
 #include <functional>
 #include <memory>
 #include <span>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "addin/menu.h"
 #include "mail/Globals.h"
@@ -43,6 +45,11 @@ class ExplorerWrap : public std::enable_shared_from_this<ExplorerWrap> {
     /// automation::Error.
     bool watches(const outlook::Item& item) const;
 
+    // The commands of the tutorial and the manual, each under its two names.
+    void gcmdTWL_Veltro_Tutorial_Click() { gmnuTutorial_Click(); }
+    void gmnuTutorial_Click();
+    void gmnuHelp_Click();
+
     /// Reads the subject of the first item selected in the active explorer, which makes Outlook settle the
     /// selection.
     void SetCorrectItemSelection() const;
@@ -54,7 +61,11 @@ class ExplorerWrap : public std::enable_shared_from_this<ExplorerWrap> {
     void onItemEvent(std::int32_t event, std::span<automation::Value> arguments);
     bool isHarmless(const automation::Error& error) const;
     void m_objExpl_Close();
+    void clicked(menu::Command command);
     void gcmdTWl_Veltro_List_Click();
+    void gcmdTWL_Veltro_Settings_Click();
+    void gcmdTWL_Veltro_Help_Click();
+    void openHelpFile(const wchar_t* procedure, const std::wstring& name);
     bool showsOutbox() const;
     outlook::Item selectedMail() const;
 
@@ -69,7 +80,7 @@ class ExplorerWrap : public std::enable_shared_from_this<ExplorerWrap> {
     automation::Subscription itemEvents_;
     bool buildingMenu_ = false;
     menu::Buttons buttons_;
-    automation::Subscription accountListEvents_;
+    std::vector<automation::Subscription> buttonEvents_;
 };
 
 }  // namespace addin

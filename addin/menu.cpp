@@ -2,6 +2,7 @@
 
 #include "addin/modCommandBarCode.h"
 #include "mail/errorTrap.h"
+#include "platform/text.h"
 
 namespace addin::menu {
 
@@ -15,6 +16,40 @@ namespace stringId {
 constexpr std::uint32_t product = 523;
 constexpr std::uint32_t brand = 525;
 }  // namespace stringId
+
+/// Bitmaps of the help button.
+namespace pictureId {
+constexpr std::uint32_t help = 602;
+constexpr std::uint32_t helpMask = 603;
+}  // namespace pictureId
+
+struct Entry {
+    /// "%" stands for the product's title.
+    const wchar_t* caption;
+    std::wstring_view tag;
+    bool beginGroup = false;
+    /// The commands without a function yet are there, but cannot be chosen.
+    bool enabled = true;
+};
+
+/// In the order of the commands.
+constexpr Entry entries[commandCount] = {
+    {L"Send Account (Preferred) List", L"Veltro.AccountList"},
+    {L"Settings", L"Veltro.Settings"},
+    {.caption = L"Check for Updates", .tag = L"Veltro.CheckUpdates", .beginGroup = true, .enabled = false},
+    {L"% Help", L"Veltro.Help"},
+    {.caption = L"Contact Support", .tag = L"Veltro.ContactSupport", .enabled = false},
+    {.caption = L"About %", .tag = L"Veltro.About", .beginGroup = true, .enabled = false},
+};
+
+Object bitmap(const Globals& globals, std::uint32_t id) {
+    const auto picture = globals.resources ? globals.resources->DLL_LoadBitmap(id) : nullptr;
+    return picture ? picture->object() : Object();
+}
+
+modCommandBarCode::ButtonPicture helpPicture(const Globals& globals) {
+    return {bitmap(globals, pictureId::help), bitmap(globals, pictureId::helpMask)};
+}
 
 std::wstring productCaption(const Globals& globals) {
     return globals.resourceOr(stringId::product, L"Veltro");
@@ -52,9 +87,17 @@ Buttons build(const Globals& globals, const outlook::Explorer& explorer, std::in
     const auto before = help ? std::optional(help.get(L"Index").toInteger()) : std::nullopt;
     const auto brand = modCommandBarCode::FindOrAddPopup(controls, brandCaption(globals), before);
     const auto product = modCommandBarCode::FindOrAddPopup(brand, productCaption(globals));
-    return {.accountList =
-                modCommandBarCode::FindOrAddButton(product, L"Send Account (Preferred) List",
-                                                   L"Veltro.AccountList." + std::to_wstring(windowKey))};
+    Buttons buttons;
+    for (const Entry& entry : entries) {
+        const modCommandBarCode::Button look{
+            .caption = text::replaceAll(entry.caption, L"%", globals.product.title),
+            .tag = std::wstring(entry.tag) + L'.' + std::to_wstring(windowKey),
+            .beginGroup = entry.beginGroup,
+            .enabled = entry.enabled};
+        buttons.push_back(
+            modCommandBarCode::FindOrAddButton(product, look, [&] { return helpPicture(globals); }));
+    }
+    return buttons;
 }
 
 void remove(const Globals& globals, const outlook::Explorer& explorer) {

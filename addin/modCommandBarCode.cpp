@@ -30,6 +30,13 @@ Object add(const Object& controls, std::int32_t type, const std::wstring& captio
     return control;
 }
 
+void decorate(const Object& button, const ButtonPicture& look) {
+    if (look.picture && look.mask) {
+        button.put(L"Picture", look.picture);
+        button.put(L"Mask", look.mask);
+    }
+}
+
 }  // namespace
 
 /// Walked through: Item takes a caption too, but fails alike for one that is missing and for any other
@@ -57,21 +64,27 @@ Popup FindOrAddPopup(const Popup& popup, const std::wstring& caption) {
                        : FindOrAddPopup(controls, caption);
 }
 
-Object FindOrAddButton(const Popup& popup, const std::wstring& caption, const std::wstring& tag,
-                       bool beginGroup) {
+Object FindOrAddButton(const Popup& popup, const Button& button,
+                       const std::function<ButtonPicture()>& helpPicture) {
     const Object controls = popup.control.get(L"Controls").toObject();
-    Object button = popup.isNew ? Object() : FindControl(controls, caption, buttonType);
-    const bool isNew = !button;
-    if (!isNew) {
-        button.put(L"Caption", caption);
+    Object control = popup.isNew ? Object() : FindControl(controls, button.caption, buttonType);
+    const bool isNew = !control;
+    if (isNew) {
+        control = add(controls, buttonType, button.caption, std::nullopt);
     } else {
-        button = add(controls, buttonType, caption, std::nullopt);
+        control.put(L"Caption", button.caption);
     }
-    button.put(L"Tag", tag);
-    if (beginGroup || !isNew) {
-        button.put(L"BeginGroup", beginGroup);
+    control.put(L"Tag", button.tag);
+    if (button.beginGroup || !isNew) {
+        control.put(L"BeginGroup", button.beginGroup);
     }
-    return button;
+    if (!button.enabled || !isNew) {
+        control.put(L"Enabled", button.enabled);
+    }
+    if (isNew && text::containsIgnoringCase(button.caption, L"HELP")) {
+        mail::skipErrors([&] { decorate(control, helpPicture()); });
+    }
+    return control;
 }
 
 }  // namespace addin::modCommandBarCode

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -29,10 +30,26 @@ Popup FindOrAddPopup(const automation::Object& controls, const std::wstring& cap
 /// The popup with this caption in a popup.
 Popup FindOrAddPopup(const Popup& popup, const std::wstring& caption);
 
-/// The button with this caption in a popup, added as a temporary one when it is missing. With `beginGroup`
-/// there is a line above it. The tag must be the button's own: Office raises the clicks of one button at all
-/// that have the same tag.
-automation::Object FindOrAddButton(const Popup& popup, const std::wstring& caption, const std::wstring& tag,
-                                   bool beginGroup = false);
+/// How a button looks, and what tells it from others.
+struct Button {
+    std::wstring caption;
+    /// The button's own: Office raises the clicks of one button at all that have the same tag.
+    std::wstring tag;
+    /// There is a line above it.
+    bool beginGroup = false;
+    /// False for a command that cannot be used.
+    bool enabled = true;
+};
+
+/// A picture and what of it is transparent, or nothing.
+struct ButtonPicture {
+    automation::Object picture;
+    automation::Object mask;
+};
+
+/// The button with this caption in a popup, added as a temporary one when it is missing. A new one whose
+/// caption contains "HELP" gets the picture, where Outlook shows one: from 2002 on.
+automation::Object FindOrAddButton(const Popup& popup, const Button& button,
+                                   const std::function<ButtonPicture()>& helpPicture);
 
 }  // namespace addin::modCommandBarCode

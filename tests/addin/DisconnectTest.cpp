@@ -9,6 +9,7 @@ namespace {
 TEST(Disconnection, DuringAQuestionLetsTheSendFinish) {
     TestWorld world({L"Confirm Email Send=Yes", L"Veltro=OK"});
     world.settings.write(L"DisplayConfirmation", L"1");
+    world.settings.write(L"ShowStartupWizard", L"False");
     addin::Connect connection(world.platform);
     connection.OnConnection(world.outlook.application(), 1, world.outlook.makeAddIn(L"Veltro.Connect"));
     world.log.meanwhile = [&] {
@@ -27,6 +28,7 @@ TEST(Disconnection, DuringAQuestionLetsTheSendFinish) {
 TEST(ReplyDuringAQuestion, IsCheckedAsWell) {
     TestWorld world({L"BCCed e-mail=No", L"frmReplyMultRecipt=cmdOK"});
     world.settings.write(L"UseOutlookSettings", L"True");
+    world.settings.write(L"ShowStartupWizard", L"False");
     addin::Connect connection(world.platform);
     connection.OnConnection(world.outlook.application(), 1, world.outlook.makeAddIn(L"Veltro.Connect"));
     const auto mailTo = [&](const wchar_t* address) {
