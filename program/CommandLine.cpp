@@ -23,6 +23,7 @@ constexpr char usageText[] =
   veltro-host reply-all MESSAGE...     ... Reply to All
   veltro-host forward MESSAGE...       ... Forward
   veltro-host list                     open the list of preferred sending accounts from the menu
+  veltro-host settings                 open the settings from the menu
   veltro-host import MESSAGE.eml...    write the messages as JSON, which the other commands read too
   veltro-host settings export FOLDER   write the settings of --settings and --set into the administrator's file
                                        Veltro_Settings.ini in that folder
@@ -38,21 +39,26 @@ constexpr char usageText[] =
   --folder FILE            keep subject and text of the settings folder's items, the list among them, in this
                            file; otherwise they live for the run
   --bcc-me                 the received message reached the user blind (reply commands)
-  --first-run              a profile on which the add-in never ran
+  --first-run              a profile on which the add-in never ran; its start shows the settings, which need an
+                           answer then
   --answer 'WHERE=WHAT'    an answer to a prompt, repeatable, used in order. WHERE is the start of a message
                            box's title, or a form's name; WHAT is Yes, No, OK or Cancel, or for a form
                            control=value and finally the button, parted by "; " (";;" is a plain ";"). In
                            place of the button {Enter} presses the default one, {Escape} closes the form,
                            and {Alt+x} presses the one with the access key x. "folder=PATH" chooses a folder
-                           where the system's browser asks for one, and "folder=" cancels. Without any
+                           where the system's browser asks for one, and "folder=" cancels. A tab strip takes
+                           the name of a page, whose controls can be used from then on; a list of several rows
+                           the numbers of those to tick or select, such as 1,3. The buttons of the settings
+                           are cmdNav(0) to cmdNav(4): Help, Cancel, Back, Next, Save. For example
+                           'frmIntroWizard=TabStripWizard=Delay Sentry; chkDelay=1; cmdNav(4)'. Without any
                            --answer, prompts are put to you when the program runs at a terminal
   --json                   one JSON object a line instead of text
   --trace                  at the end, what the add-in left undone without a word: procedures, the numbers of
                            the errors, how often
   --help, --version
 
-Exit status: 0 all sent or opened, 1 something was cancelled or could not be exported, 2 bad arguments, a file that cannot be used or
-output that cannot be written, 3 a prompt found no answer.
+Exit status: 0 all sent or opened, 1 something was cancelled or could not be exported, 2 bad arguments, a file that
+cannot be used or output that cannot be written, 3 a prompt found no answer.
 )";
 
 std::string inQuotes(std::wstring_view text) {
@@ -167,9 +173,9 @@ std::map<std::wstring, Option> makeOptions() {
 
 Command parseCommand(const std::wstring& word) {
     static const std::map<std::wstring, Command> commands{
-        {L"send", Command::Send},       {L"reply", Command::Reply}, {L"reply-all", Command::ReplyAll},
-        {L"forward", Command::Forward}, {L"list", Command::List},   {L"import", Command::Import},
-        {L"help", Command::Help},
+        {L"send", Command::Send},         {L"reply", Command::Reply}, {L"reply-all", Command::ReplyAll},
+        {L"forward", Command::Forward},   {L"list", Command::List},   {L"import", Command::Import},
+        {L"settings", Command::Settings}, {L"help", Command::Help},
     };
     const auto found = commands.find(word);
     if (found == commands.end()) {
@@ -183,10 +189,10 @@ void parseWords(CommandLine& line, const std::vector<std::wstring>& words) {
     static const std::map<std::wstring, Command> settingsCommands{{L"export", Command::ExportSettings},
                                                                   {L"import", Command::ImportSettings}};
     std::size_t taken = 1;
-    if (words.front() == L"settings") {
-        const auto found = words.size() > 1 ? settingsCommands.find(words[1]) : settingsCommands.end();
+    if (words.front() == L"settings" && words.size() > 1) {
+        const auto found = settingsCommands.find(words[1]);
         if (found == settingsCommands.end()) {
-            throw UsageError("settings needs export FOLDER or import FILE");
+            throw UsageError("settings goes alone, or with export FOLDER or import FILE");
         }
         line.command = found->second;
         taken = 2;

@@ -27,6 +27,7 @@ enum class Command {
     ReplyAll,
     Forward,
     List,
+    Settings,
     Import,
     ExportSettings,
     ImportSettings

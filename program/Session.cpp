@@ -72,7 +72,10 @@ Session::Session(const CommandLine& line, host::Outlook& outlook, Report& report
 ExitStatus Session::run(const std::vector<MessageFile>& messages) {
     reportErrors();
     if (line_.command == Command::List) {
-        return openList();
+        return press(L"Send Account (Preferred) List");
+    }
+    if (line_.command == Command::Settings) {
+        return press(L"Settings");
     }
     bool cancelled = false;
     for (const MessageFile& file : messages) {
@@ -95,17 +98,16 @@ ExitStatus Session::ended(bool cancelled) const {
     return cancelled ? ExitStatus::Cancelled : ExitStatus::Done;
 }
 
-ExitStatus Session::openList() {
-    bool opened = false;
+ExitStatus Session::press(const std::wstring& button) {
+    bool pressed = false;
     try {
-        outlook_.pressControl(outlook_.explorers().front(),
-                              {L"Tarnwell", L"Veltro", L"Send Account (Preferred) List"});
-        opened = true;
+        outlook_.pressControl(outlook_.explorers().front(), {L"Tarnwell", L"Veltro", button});
+        pressed = true;
     } catch (const automation::Error& error) {
-        report_.error(L"the menu has no list of preferred accounts: " + error.description());
+        report_.error(L"the menu's \"" + button + L"\" cannot be chosen: " + error.description());
     }
     reportErrors();
-    return ended(!opened);
+    return ended(!pressed);
 }
 
 bool Session::send(const host::Message& message) {

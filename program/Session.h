@@ -36,7 +36,8 @@ class Session {
     bool send(const host::Message& message);
     bool tell(const host::SendOutcome& outcome);
     bool answer(host::ReplyKind kind, host::Message message);
-    ExitStatus openList();
+    /// A button of the menu.
+    ExitStatus press(const std::wstring& button);
     ExitStatus ended(bool cancelled) const;
     automation::Object opened(const host::ReplyOutcome& outcome) const;
     void reportErrors();

@@ -345,9 +345,10 @@ TEST(HostAccountsInRunsTest, TheListOpensFromTheMenuOrIsSaidToBeMissing) {
     EXPECT_EQ(without.status, program::ExitStatus::Cancelled);
     ASSERT_EQ(without.events.size(), 1U);
     EXPECT_EQ(without.events[0]["event"], "error");
-    EXPECT_EQ(without.events[0]["text"],
-              "the menu has no list of preferred accounts: The operation failed. An object could not be "
-              "found.");
+    EXPECT_EQ(
+        without.events[0]["text"],
+        "the menu's \"Send Account (Preferred) List\" cannot be chosen: The operation failed. An object could "
+        "not be found.");
     int pressed = 0;
     const auto with = run(line, {}, [&pressed](host::Outlook& outlook) {
         Object control = outlook.explorers().front().get(L"CommandBars", 1).toObject();

@@ -66,7 +66,6 @@ TEST(CommandLine, SaysInOneLineWhatIsWrong) {
         {{L"send", L"a.eml", L"--folder="}, "--folder"},
         {{L"send", L"-", L"a.eml", L"-"}, "only once"},
         {{L"list", L"a.eml"}, "no message file"},
-        {{L"settings"}, "export FOLDER or import FILE"},
         {{L"settings", L"expot", L"x"}, "export FOLDER or import FILE"},
         {{L"settings", L"export"}, "one folder"},
         {{L"settings", L"export", L"a", L"b"}, "one folder"},
