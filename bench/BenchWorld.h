@@ -12,6 +12,7 @@ class BenchWorld {
     explicit BenchWorld(host::Profile profile = {}, platform::AnswerList answers = {})
         : outlook(std::move(profile)), desktop(std::move(answers), observer) {
         globals.outlook = outlook::Application(outlook.application());
+        settings.write(L"ShowStartupWizard", L"False");
     }
 
     void connect() {

@@ -2,9 +2,11 @@
 
 #include <sstream>
 
+#include "bench/BenchWorld.h"
 #include "platform/MemorySettingsStore.h"
 #include "settings/EncryptPswd.h"
 #include "settings/SettingsFileReader.h"
+#include "settings/frmIntroWizard.h"
 
 namespace {
 
@@ -57,5 +59,23 @@ void scrambling(benchmark::State& state) {
     }
 }
 BENCHMARK(scrambling)->Unit(benchmark::kMillisecond);
+
+/// With so many entries in each of its lists.
+void openingTheSettings(benchmark::State& state) {
+    BenchWorld world;
+    std::wstring addresses;
+    for (std::int64_t number = 0; number < state.range(0); ++number) {
+        addresses += L"user" + std::to_wstring(number) + L"@example.org;";
+    }
+    for (const wchar_t* list :
+         {L"SpamKeyWords", L"AttachKeyWords", L"ConfirmEmailAddrs", L"DelayedEmailAddrs", L"EmailList"}) {
+        world.settings.write(list, addresses);
+    }
+    for (auto _ : state) {
+        const settings::frmIntroWizard form(world.globals, nullptr);
+        benchmark::DoNotOptimize(form.controls().size());
+    }
+}
+BENCHMARK(openingTheSettings)->Arg(10)->Arg(10'000)->Unit(benchmark::kMicrosecond);
 
 }  // namespace

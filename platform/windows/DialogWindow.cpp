@@ -43,6 +43,18 @@ void centre(HWND dialog, HWND owner) {
     SetWindowPos(dialog, nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+/// The control of a page where the keyboard starts; null when it can nowhere.
+const forms::Control* firstField(const forms::Form& form, const forms::Frame& page) {
+    const auto takesKeys = [&page](const forms::Control* control) {
+        const forms::Kind kind = control->kind();
+        const bool isField =
+            kind != forms::Kind::Label && kind != forms::Kind::Frame && kind != forms::Kind::Picture;
+        return isField && control->isIn(page) && control->visible() && control->enabled();
+    };
+    const auto found = std::ranges::find_if(form.controls(), takesKeys);
+    return found == form.controls().end() ? nullptr : *found;
+}
+
 class Counted {
   public:
     explicit Counted(int& counter) : counter_(counter) { ++counter_; }
@@ -198,11 +210,15 @@ void DialogWindow::notify(const NMHDR& notification) {
 /// The focus may be back in the box, or with another program.
 void DialogWindow::leaveTextBox() {
     const BusyMark busy(dialog_);
+    if (const forms::Control* const focused = focusedControl()) {
+        form_.leaveFor(*focused);
+    }
+}
+
+const forms::Control* DialogWindow::focusedControl() const {
     HWND focused = GetFocus();
     const UINT_PTR id = GetParent(focused) == dialog_ ? static_cast<UINT_PTR>(GetDlgCtrlID(focused)) : 0;
-    if (notifier(id)) {
-        form_.leaveFor(*form_.controls()[id - firstControlId]);
-    }
+    return notifier(id) ? form_.controls()[id - firstControlId] : nullptr;
 }
 
 bool DialogWindow::turnPage(const MSG& key) {
@@ -218,7 +234,13 @@ bool DialogWindow::turnPage(const MSG& key) {
     const BusyMark busy(dialog_);
     auto& pages = static_cast<forms::TabStrip&>(**strip);
     const std::size_t count = pages.pages().size();
-    pages.turnTo((pages.selected() + (back ? count - 1 : 1)) % count);
+    const forms::Control* const focused = focusedControl();
+    const bool inPage = focused && focused->isIn(pages.page());
+    const bool turned = pages.turnTo((pages.selected() + (back ? count - 1 : 1)) % count);
+    const forms::Control* const first = turned && inPage ? firstField(form_, pages.page()) : nullptr;
+    if (first) {
+        focus(*first);
+    }
     return true;
 }
 

@@ -38,6 +38,8 @@ class DialogWindow final : public forms::View {
     void command(WORD id, WORD notification);
     void notify(const NMHDR& notification);
     void leaveTextBox();
+    /// Null when the focus is on none, or with another program.
+    const forms::Control* focusedControl() const;
     /// True when the key was one that turns to another page.
     bool turnPage(const MSG& key);
     /// Null for what is no control of the form, and while the notifications are answers to our own changes.
