@@ -104,6 +104,8 @@ std::shared_ptr<CommandBarControl> CommandBarControl::copy() const {
     result->onAction_ = onAction_;
     result->parameter_ = parameter_;
     result->toolTip_ = toolTip_;
+    result->picture_ = picture_;
+    result->mask_ = mask_;
     if (controls_) {
         result->controls_->copyFrom(*controls_);
     }
@@ -144,12 +146,16 @@ constinit const Members<CommandBarControl> CommandBarControl::members = {
      .get = use<&CommandBarControl::faceId_>,
      .put = set<&CommandBarControl::faceId_>,
      .has = isButton},
-    // Picture and Mask take a picture object, which nothing here shows.
+    // Picture objects, which nothing here shows.
     {.name = L"Picture",
-     .put = [](CommandBarControl&, Arguments, const Value& value) { value.toObject(); },
+     .get = use<&CommandBarControl::picture_>,
+     .put = [](CommandBarControl& control, Arguments,
+               const Value& value) { control.picture_ = value.toObject(); },
      .has = isButton},
     {.name = L"Mask",
-     .put = [](CommandBarControl&, Arguments, const Value& value) { value.toObject(); },
+     .get = use<&CommandBarControl::mask_>,
+     .put = [](CommandBarControl& control, Arguments,
+               const Value& value) { control.mask_ = value.toObject(); },
      .has = isButton},
     {.name = L"Controls", .get = use<&CommandBarControl::controls_>, .has = isPopup},
     {.name = L"Delete", .call = use<&CommandBarControl::remove>, .most = 1},

@@ -63,6 +63,8 @@ class CommandBarControl : public Automated<CommandBarControl> {
     std::wstring onAction_;
     std::wstring parameter_;
     std::wstring toolTip_;
+    automation::Object picture_;
+    automation::Object mask_;
     std::weak_ptr<CommandBarControls> owner_;
     std::shared_ptr<CommandBarControls> controls_;
     EventSource events_{0x000C0351};

@@ -149,7 +149,8 @@ void Report::formText(const platform::FormPrompt& prompt, const std::optional<pl
             const bool bracketed = control.fillable || !control.value.empty();
             line("      " + terminalLine(control.name) + ":" +
                  (control.caption.empty() ? "" : ' ' + indented(control.caption, belowName)) +
-                 (bracketed ? " [" + indented(control.value, belowName) + "]" : ""));
+                 (bracketed ? " [" + indented(control.value, belowName) + "]" : "") +
+                 (control.enabled ? "" : " (disabled)"));
         }
     }
     line("    answer: " + (answer ? indented(answerText(*answer)) : "none"));

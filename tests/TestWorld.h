@@ -19,6 +19,8 @@ class TestWorld {
         std::vector<platform::MessagePrompt> messages;
         std::vector<platform::FormPrompt> forms;
         std::vector<std::wstring> folders;
+        /// Each as "file|topic|view".
+        std::vector<std::wstring> helps;
         int beeps = 0;
         /// What happens while a message box is open.
         std::function<void()> meanwhile;
@@ -36,6 +38,10 @@ class TestWorld {
             folders.push_back(prompt.title);
         }
         void beep() override { ++beeps; }
+        void help(const std::wstring& file, const std::wstring& topic, platform::HelpView view) override {
+            helps.push_back(file.substr(file.find_last_of(L'\\') + 1) + L'|' + topic + L'|' +
+                            (view == platform::HelpView::Contents ? L"with contents" : L""));
+        }
     };
 
     explicit TestWorld(std::vector<std::wstring> answers = {}, host::Profile profile = {})

@@ -99,11 +99,12 @@ TEST(Report, NamesWhatAnAnswerCanFillIn) {
                   {L"txtEmpty", L"", L"", true, true, true},
                   {L"lstRows", L"Ann\nBo", L"", true, true, true},
                   {L"txtHidden", L"", L"x", true, false, true},
+                  {L"txtLocked", L"", L"x", false, true, true},
                   {L"cmdOK", L"OK", L"", true, true, false}}},
                 std::nullopt);
     EXPECT_EQ(output.str(),
-              "  form frmX: X\n      txtEmpty: []\n      lstRows: Ann\n          Bo []\n      cmdOK: OK\n    "
-              "answer: none\n");
+              "  form frmX: X\n      txtEmpty: []\n      lstRows: Ann\n          Bo []\n      txtLocked: [x] "
+              "(disabled)\n      cmdOK: OK\n    answer: none\n");
 }
 
 }  // namespace

@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <set>
 
+#include "platform/text.h"
 #include "tests/accounts/listTexts.h"
 #include "tests/scenarios/Bench.h"
 
@@ -99,6 +101,37 @@ std::vector<std::wstring> lastMenus(const Object& explorer) {
     auto list = captions(menuBar(explorer));
     list.erase(list.begin(), std::ranges::find(list, L"&Actions") + 1);
     return list;
+}
+
+TEST(Menu, HasItsCommandsInOrder) {
+    const struct {
+        const wchar_t* caption;
+        bool lineAbove;
+        bool enabled;
+        bool picture;
+    } expected[] = {
+        {L"Send Account (Preferred) List", false, true, false},
+        {L"Settings", false, true, false},
+        {L"Check for Updates", true, false, false},
+        {L"Veltro Help", false, true, true},
+        {L"Contact Support", false, false, false},
+        {L"About Veltro", true, false, false},
+    };
+    Bench bench;
+    const Object explorer = bench.outlook().openExplorer();
+    const Object commands = entriesOf(entriesOf(menuBar(explorer), L"Tarnwell"), L"Veltro");
+    ASSERT_EQ(commands.get(L"Count").toInteger(), static_cast<std::int32_t>(std::size(expected)));
+    std::set<std::wstring> tags;
+    for (std::int32_t index = 1; const auto& [caption, lineAbove, enabled, picture] : expected) {
+        const Object command = commands.get(L"Item", index++).toObject();
+        EXPECT_EQ(command.get(L"Caption").toText(), caption);
+        EXPECT_EQ(command.get(L"BeginGroup").toBool(), lineAbove) << text::toUtf8(caption);
+        EXPECT_EQ(command.get(L"Enabled").toBool(), enabled) << text::toUtf8(caption);
+        EXPECT_EQ(static_cast<bool>(command.get(L"Picture").toObject()), picture) << text::toUtf8(caption);
+        EXPECT_EQ(static_cast<bool>(command.get(L"Mask").toObject()), picture) << text::toUtf8(caption);
+        tags.insert(command.get(L"Tag").toText());
+    }
+    EXPECT_EQ(tags.size(), std::size(expected)) << "buttons of one tag are pressed together";
 }
 
 constexpr std::int32_t button = 1;
