@@ -101,8 +101,7 @@ void ExplorerWrap::openHelpFile(const wchar_t* procedure, const std::wstring& na
 void ExplorerWrap::gcmdTWl_Veltro_List_Click() {
     const auto report = mail::ErrorReport::usual(L"ExplorerWrap.gcmdTWl_Veltro_List_Click");
     mail::trapErrors(globals_, report, [&] {
-        const auto version = mail::outlookVersion(globals_);
-        if (version == mail::outlook2000 || version == mail::outlook2002) {
+        if (mail::outlookVersion(globals_) < mail::outlook2003) {
             globals_.platform.desktop.messageBox(
                 L"Account Sentry is only supported in Outlook 2003 and above.",
                 {platform::Buttons::Ok, platform::Icon::Information},

@@ -81,7 +81,7 @@ Object FindOrAddButton(const Popup& popup, const Button& button,
     if (!button.enabled || !isNew) {
         control.put(L"Enabled", button.enabled);
     }
-    if (isNew && text::containsIgnoringCase(button.caption, L"HELP")) {
+    if (text::containsIgnoringCase(button.caption, L"HELP")) {
         mail::skipErrors([&] { decorate(control, helpPicture()); });
     }
     return control;

@@ -47,8 +47,8 @@ struct ButtonPicture {
     automation::Object mask;
 };
 
-/// The button with this caption in a popup, added as a temporary one when it is missing. A new one whose
-/// caption contains "HELP" gets the picture, where Outlook shows one: from 2002 on.
+/// The button with this caption in a popup, added as a temporary one when it is missing. One whose caption
+/// contains "HELP" gets the picture, where Outlook shows one: from 2002 on.
 automation::Object FindOrAddButton(const Popup& popup, const Button& button,
                                    const std::function<ButtonPicture()>& helpPicture);
 

@@ -75,6 +75,8 @@ void MarkedList::markAll(bool marked) {
 void MarkedList::mark(std::size_t row, bool marked) {
     if (row < rows_.size() && turnedTo()) {
         rows_[row].marked = marked;
+    } else {
+        changed();  // The window has marked it by itself.
     }
 }
 

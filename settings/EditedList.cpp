@@ -84,8 +84,14 @@ void EditedList::cmdAdd_Click() {
     frmGetUserInput form(globals_, texts_.rules, [this](const std::wstring& entry) { return has(entry); });
     globals_.platform.desktop.showModal(form);
     if (form.entry()) {
+        // What is stored parts entries at each ";", so that several may be typed at once.
         std::vector<forms::MarkedList::Row> rows = list_.rows();
-        rows.push_back({*form.entry(), false});
+        for (const std::wstring_view part : text::split(*form.entry(), L';')) {
+            const std::wstring entry(text::trim(part));
+            if (!entry.empty() && !has(entry)) {
+                rows.push_back({entry, false});
+            }
+        }
         list_.setRows(std::move(rows));
     }
 }

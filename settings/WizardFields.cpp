@@ -1,5 +1,6 @@
 #include "settings/WizardFields.h"
 
+#include "mail/errorTrap.h"
 #include "settings/modRegKeys.h"
 
 namespace settings {
@@ -107,11 +108,22 @@ void WizardFields::add(const wchar_t* lockedField, const Setting& setting, Optio
     rows_.push_back(std::move(row));
 }
 
-template <class Setting>
-void WizardFields::add(const wchar_t* lockedField, const Setting& setting, EditedList& list) {
+void WizardFields::add(const wchar_t* lockedField, const modRegKeys::Text& setting, EditedList& list) {
     rows_.push_back({lockedField, list.controls(),
                      [this, setting, &list] { list.setText(setting.read(globals_)); },
                      [this, setting, &list] { setting.write(globals_, list.text()); }});
+}
+
+void WizardFields::add(const wchar_t* lockedField, const modRegKeys::OwnAddresses& setting,
+                       EditedList& list) {
+    const auto save = [this, setting, &list] {
+        const auto stored = mail::attempt([&] { return globals_.platform.settings.read(setting.key); });
+        if (!list.text().empty() || (stored && *stored)) {
+            setting.write(globals_, list.text());
+        }
+    };
+    rows_.push_back({lockedField, list.controls(),
+                     [this, setting, &list] { list.setText(setting.read(globals_)); }, save});
 }
 
 void WizardFields::load() const {

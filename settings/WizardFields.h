@@ -58,8 +58,9 @@ class WizardFields {
     /// With none selected nothing is written.
     template <class Setting>
     void add(const wchar_t* lockedField, const Setting& setting, Options options);
-    template <class Setting>
-    void add(const wchar_t* lockedField, const Setting& setting, EditedList& list);
+    void add(const wchar_t* lockedField, const modRegKeys::Text& setting, EditedList& list);
+    /// While none were ever stored, and none could be found either, there is nothing to write.
+    void add(const wchar_t* lockedField, const modRegKeys::OwnAddresses& setting, EditedList& list);
 
     void addReplies(ReplyStep& step);
     void addSubjects(SubjectStep& step);

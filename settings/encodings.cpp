@@ -113,7 +113,11 @@ void Text::write(const Globals& globals, std::wstring_view value) const {
 
 std::wstring OwnAddresses::read(Globals& globals) const {
     std::wstring value = storedTrimmed(globals, key);
-    return value == keyNotInReg ? mail::vtAccountsEmailAddress(globals).value_or(L"") : value;
+    if (value != keyNotInReg) {
+        return value;
+    }
+    // Without the library the user was told at the start that nothing can be read.
+    return globals.redemptionMissing ? std::wstring() : mail::vtAccountsEmailAddress(globals).value_or(L"");
 }
 
 void OwnAddresses::write(const Globals& globals, std::wstring_view value) const {

@@ -132,10 +132,11 @@ void frmIntroWizard::cmdSave_Click() {
     }
 }
 
+/// A locked box cannot be filled in, and must not keep the rest from being saved.
 bool frmIntroWizard::mayBeSaved() {
     ReplyStep& reply = steps_.reply;
     if (!reply.chkReplyAll_Any.ticked() || !reply.chkReplyInternalCheck.ticked() ||
-        !text::trim(reply.txtDomains.text()).empty()) {
+        !text::trim(reply.txtDomains.text()).empty() || !reply.txtDomains.enabled()) {
         return true;
     }
     prompts::inform(
@@ -173,10 +174,12 @@ void frmIntroWizard::chkEmailFromOutlook_Click() {
                      L"linked to your Outlook.\r\nYou will loose any changes you made to your email address "
                      L"list.\r\nDo you want to continue?",
                      {platform::Buttons::YesNo, platform::Icon::Question});
-    if (answer != platform::Answer::Yes) {
-        step.chkEmailFromOutlook.setState(0);
-    } else if (const auto addresses = mail::vtAccountsEmailAddress(globals_)) {
+    const auto addresses =
+        answer == platform::Answer::Yes ? mail::vtAccountsEmailAddress(globals_) : std::nullopt;
+    if (addresses) {
         step.lstEmailAccounts.setText(*addresses);
+    } else {
+        step.chkEmailFromOutlook.setState(0);
     }
 }
 

@@ -33,7 +33,7 @@ bool isCount(const mail::Globals& globals, forms::TextBox& box, const wchar_t* n
         return false;
     }
     const double whole = std::floor(number::parse(box.text()).value_or(0));
-    if (whole < 1) {
+    if (!(whole >= 1) || !std::isfinite(whole)) {
         return refuse(globals, box, L"Invalid " + what, wanted);
     }
     box.setText(modRegKeys::WholeNumber::shown(whole));
@@ -42,7 +42,7 @@ bool isCount(const mail::Globals& globals, forms::TextBox& box, const wchar_t* n
 
 bool isDelayTime(const mail::Globals& globals, forms::TextBox& box) {
     const double seconds = number::parse(box.text()).value_or(0);
-    if (seconds < 1) {
+    if (!(seconds >= 1)) {
         return refuse(globals, box, L"Invalid time",
                       L"Please enter a whole number greater than 0 for the delay time.");
     }

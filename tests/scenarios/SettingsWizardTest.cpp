@@ -148,6 +148,8 @@ INSTANTIATE_TEST_SUITE_P(
                 L"Number of Recipients missing", wantedNumber},
         Refused{L"TabStripWizard=Send Confirm; chkConfirmForXRecipt=1; txtXRecipients=many",
                 L"Invalid Number of Recipients", wantedNumber},
+        Refused{L"TabStripWizard=Subject Sentry; txtOldEmailsDays=1e999", L"Invalid Number of Days",
+                wantedNumber},
         Refused{L"TabStripWizard=Delay Sentry; txtDelayTime=0", L"Invalid time", wantedTime},
         Refused{L"TabStripWizard=Delay Sentry; txtDelayTime=", L"Invalid time", wantedTime},
         Refused{L"TabStripWizard=Delay Sentry; txtDelayTime=2147483648", L"Invalid time",

@@ -71,4 +71,28 @@ TEST(SavedSettings, AreWrittenInTheirOrderWhicheverWriteFails) {
     }
 }
 
+/// The addresses that a profile would give must not be overwritten because it could not be read.
+TEST(SavedSettings, LeaveOwnAddressesAbsentThatCouldNotBeFound) {
+    for (const bool told : {false, true}) {
+        TestWorld world({L"Veltro=OK"}, {.redemptionRegistered = false});
+        world.globals.redemptionMissing = told;
+        settings::frmIntroWizard form(world.globals, nullptr);
+        EXPECT_TRUE(form.find(L"cmdNav(4)")->enter({}));
+        EXPECT_EQ(world.settings.read(L"EmailList"), std::nullopt);
+        EXPECT_EQ(world.settings.read(L"UseOutlookSettings"), L"True");
+        EXPECT_EQ(world.log.messages.size(), told ? 0U : 1U);
+    }
+}
+
+/// As a settings file may bring it.
+TEST(SavedSettings, AreNotHeldUpByALockedDomain) {
+    TestWorld world;
+    world.settings.write(L"ReplyInternalCheck", L"True");
+    world.settings.write(L"LockFields", L"Donot_Warn_for_this_Domain=Yes");
+    world.settings.write(L"Password", L"x");
+    settings::frmIntroWizard form(world.globals, nullptr);
+    EXPECT_TRUE(form.find(L"cmdNav(4)")->enter({}));
+    EXPECT_EQ(world.settings.read(L"ReplyAllAny"), L"True");
+}
+
 }  // namespace
