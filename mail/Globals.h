@@ -52,6 +52,8 @@ struct Globals {
     /// While a prompt is open the user and others go on working: what was read before one is not to be
     /// relied on after it.
     std::size_t promptsShown = 0;
+    /// How many are open now.
+    std::size_t promptsOpen = 0;
     /// The mail that was the last to raise its Send. Its ItemSend comes next, unless another send comes in
     /// between.
     std::weak_ptr<OutgoingMail> outgoing;

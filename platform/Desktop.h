@@ -1,6 +1,11 @@
 #pragma once
 
+#include <chrono>
+#include <functional>
+#include <memory>
 #include <string>
+
+#include "platform/WebAddress.h"
 
 namespace forms {
 class Form;
@@ -23,7 +28,13 @@ struct MessageStyle {
 /// What the viewer of help files shows beside a topic, by the numbers of its commands.
 enum class HelpView { Topic = 0, Contents = 1 };
 
-/// What the user sees and hears. All but help is modal, on Outlook's user-interface thread.
+/// A timer that runs as long as it lives.
+class Timer {
+  public:
+    virtual ~Timer() = default;
+};
+
+/// What the user sees and hears, on Outlook's user-interface thread. What asks is modal.
 class Desktop {
   public:
     virtual ~Desktop() = default;
@@ -41,6 +52,15 @@ class Desktop {
     /// path, however long, or an empty text when the user cancels. Throws automation::Error when the chosen
     /// folder has no path.
     virtual std::wstring chooseFolder(const std::wstring& title) = 0;
+    /// Opens the page in the user's browser. Throws automation::Error when the system cannot.
+    virtual void openAddress(const WebAddress& address) = 0;
+    /// Starts the program in that file with a normal window and does not wait for it. Throws
+    /// automation::Error when the system cannot.
+    virtual void startProgram(const std::wstring& path) = 0;
+    /// Calls `due` each time that `interval` has passed, from the thread's message loop: also while a dialog
+    /// is open. `due` may destroy the timer. Throws automation::Error when the system has none left.
+    virtual std::unique_ptr<Timer> startTimer(std::chrono::milliseconds interval,
+                                              std::function<void()> due) = 0;
     /// Lets the host handle the events that wait for it; they may arrive inside this call.
     virtual void processPendingEvents() = 0;
 };

@@ -15,6 +15,9 @@ inline constexpr std::int32_t success = 0;
 inline constexpr std::int32_t fileNotFound = 2;
 inline constexpr std::int32_t noMoreItems = 259;
 inline constexpr std::uint32_t readAccess = 0x20019;
+/// With an access right: the keys as programs of that word size see them.
+inline constexpr std::uint32_t view64 = 0x0100;
+inline constexpr std::uint32_t view32 = 0x0200;
 inline constexpr std::uint32_t typeString = 1;
 /// A text with names of environment variables between percent signs.
 inline constexpr std::uint32_t typeExpandableString = 2;
@@ -39,6 +42,8 @@ class RegistryKey {
     virtual std::int32_t query(const std::wstring& name, RegistryData& data) = 0;
     /// The value at `index`, in the registry's order; noMoreItems past the last.
     virtual std::int32_t enumerate(std::uint32_t index, std::wstring& name, RegistryData& data) = 0;
+    /// The name of the key below this one at `index`; noMoreItems past the last.
+    virtual std::int32_t enumerateKey(std::uint32_t index, std::wstring& name) = 0;
     virtual std::int32_t close() = 0;
 };
 

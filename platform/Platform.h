@@ -2,6 +2,7 @@
 
 #include "platform/Clock.h"
 #include "platform/Desktop.h"
+#include "platform/Http.h"
 #include "platform/MachineRegistry.h"
 #include "platform/ResourceModule.h"
 #include "platform/SettingsStore.h"
@@ -19,6 +20,7 @@ struct Platform {
     ResourceModule& resources;
     Clock& clock;
     SystemInfo& system;
+    Http& http;
 };
 
 }  // namespace platform

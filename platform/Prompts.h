@@ -34,6 +34,8 @@ struct FormPrompt {
     std::wstring form;
     std::wstring caption;
     std::vector<ControlState> controls;
+    /// True when the form goes on without an answer: see forms::Form::waits().
+    bool waits = false;
 };
 
 /// What a user does with a form: brings controls to values, in this order, then presses a button.
@@ -94,7 +96,9 @@ class PromptObserver {
     virtual void form(const FormPrompt& prompt, const std::optional<FormAnswer>& answer) = 0;
     virtual void folder(const FolderPrompt& prompt, const std::optional<FolderAnswer>& answer) = 0;
     virtual void beep() = 0;
-    /// Nothing is to be answered, and few want to know.
+    // Nothing is to be answered, and few want to know.
+    virtual void opened(const WebAddress& /*address*/) {}
+    virtual void started(const std::wstring& /*program*/) {}
     virtual void help(const std::wstring& /*file*/, const std::wstring& /*topic*/, HelpView /*view*/) {}
 };
 

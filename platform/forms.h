@@ -299,6 +299,10 @@ class Form : public Container {
     /// Where the keyboard starts; nothing: at the first control.
     const Control* firstFocus() const { return firstFocus_; }
 
+    /// True of a form that is shown while something else is going on, which hides it at its end: it needs no
+    /// answer of the user's.
+    virtual bool waits() const { return false; }
+
     /// Ends the modal showing; the controls keep what they hold.
     void hide();
     /// The close box or Escape: presses the Cancel button, or hides a form that has none.

@@ -143,6 +143,10 @@ class Item : public Front {
     bool sent() const { return object_.get(L"Sent").toBool(); }
     std::wstring subject() const { return object_.get(L"Subject").toText(); }
     void setSubject(const std::wstring& subject) const { object_.put(L"Subject", subject); }
+    /// Of a mail.
+    void setTo(const std::wstring& names) const { object_.put(L"To", names); }
+    /// Writing raises no security prompt, unlike reading.
+    void setBody(const std::wstring& body) const { object_.put(L"Body", body); }
     automation::Date deferredDeliveryTime() const { return object_.get(L"DeferredDeliveryTime").toDate(); }
     void setDeferredDeliveryTime(automation::Date time) const { object_.put(L"DeferredDeliveryTime", time); }
     Collection<Recipient> recipients() const {
@@ -218,6 +222,10 @@ class Application : public Front {
     Explorer activeExplorer() const { return Explorer(object_.call(L"ActiveExplorer").toObject()); }
     /// Nothing when no inspector is open.
     Inspector activeInspector() const { return Inspector(object_.call(L"ActiveInspector").toObject()); }
+    Item createMail() const {
+        constexpr std::int32_t mailItem = 0;
+        return Item(object_.call(L"CreateItem", mailItem).toObject());
+    }
     /// The name space and the version stay the same while Outlook runs, so that each is asked for once.
     NameSpace mapiNameSpace() const {
         NameSpace found = nameSpace_;

@@ -122,6 +122,9 @@ void DialogRobot::attendForm(HWND dialog, const std::wstring& name) {
     }
     const FormPrompt prompt = dialogDriver::describeForm(dialog, name);
     auto answer = answers_.form(prompt);
+    if (!answer && prompt.waits) {
+        return;
+    }
     if (!answer) {
         giveUp(L"no answer for the form " + name + L" \"" + prompt.caption + L"\"");
         return;

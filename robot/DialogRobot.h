@@ -28,6 +28,7 @@ class DialogRobot {
   public:
     struct Answers {
         std::function<std::optional<platform::Answer>(const platform::MessagePrompt&)> message;
+        /// Asked again and again about a form that waits, as long as there is none.
         std::function<std::optional<platform::FormAnswer>(const platform::FormPrompt&)> form;
         /// Null where no folder browser is expected.
         std::function<std::optional<platform::FolderAnswer>(const platform::FolderPrompt&)> folder = nullptr;

@@ -226,7 +226,7 @@ FolderPrompt describeFolderBrowser(HWND dialog) {
 }
 
 FormPrompt describeForm(HWND dialog, const std::wstring& name) {
-    FormPrompt prompt{name, windowText(dialog), {}};
+    FormPrompt prompt{name, windowText(dialog), {}, isWaiting(dialog)};
     for (HWND control : controlsOf(dialog)) {
         prompt.controls.push_back(describeControl(control));
     }

@@ -7,7 +7,7 @@ namespace settings {
 platform::Answer AlertingDesktop::messageBox(const std::wstring& prompt, platform::MessageStyle style,
                                              const std::wstring& title) {
     prompts::soundAlert(globals_);
-    ++globals_.promptsShown;
+    const Open open(globals_);
     return shown_.messageBox(prompt, style, title);
 }
 

@@ -16,19 +16,40 @@ class AlertingDesktop final : public platform::Desktop {
                                 const std::wstring& title) override;
     void beep() override { shown_.beep(); }
     void showModal(forms::Form& form) override {
-        ++globals_.promptsShown;
+        const Open open(globals_);
         shown_.showModal(form);
     }
     void showHelp(const std::wstring& file, const std::wstring& topic, platform::HelpView view) override {
         shown_.showHelp(file, topic, view);
     }
     std::wstring chooseFolder(const std::wstring& title) override {
-        ++globals_.promptsShown;
+        const Open open(globals_);
         return shown_.chooseFolder(title);
+    }
+    void openAddress(const platform::WebAddress& address) override { shown_.openAddress(address); }
+    void startProgram(const std::wstring& path) override { shown_.startProgram(path); }
+    std::unique_ptr<platform::Timer> startTimer(std::chrono::milliseconds interval,
+                                                std::function<void()> due) override {
+        return shown_.startTimer(interval, std::move(due));
     }
     void processPendingEvents() override { shown_.processPendingEvents(); }
 
   private:
+    /// Counts a prompt, for as long as it is open.
+    class Open {
+      public:
+        explicit Open(mail::Globals& globals) : globals_(globals) {
+            ++globals_.promptsShown;
+            ++globals_.promptsOpen;
+        }
+        ~Open() { --globals_.promptsOpen; }
+        Open(const Open&) = delete;
+        Open& operator=(const Open&) = delete;
+
+      private:
+        mail::Globals& globals_;
+    };
+
     platform::Desktop& shown_;
     mail::Globals& globals_;
 };

@@ -21,9 +21,13 @@ class TestWorld {
         std::vector<std::wstring> folders;
         /// Each as "file|topic|view".
         std::vector<std::wstring> helps;
+        std::vector<std::wstring> openedAddresses;
+        std::vector<std::wstring> programs;
         int beeps = 0;
         /// What happens while a message box is open.
         std::function<void()> meanwhile;
+        /// What happens while a form is open, before its answer.
+        std::function<void(const platform::FormPrompt&)> shown;
         void message(const platform::MessagePrompt& prompt, std::optional<platform::Answer>) override {
             messages.push_back(prompt);
             if (meanwhile) {
@@ -32,7 +36,14 @@ class TestWorld {
         }
         void form(const platform::FormPrompt& prompt, const std::optional<platform::FormAnswer>&) override {
             forms.push_back(prompt);
+            if (shown) {
+                shown(prompt);
+            }
         }
+        void opened(const platform::WebAddress& address) override {
+            openedAddresses.push_back(address.text());
+        }
+        void started(const std::wstring& program) override { programs.push_back(program); }
         void folder(const platform::FolderPrompt& prompt,
                     const std::optional<platform::FolderAnswer>&) override {
             folders.push_back(prompt.title);

@@ -17,14 +17,14 @@ FakeRegistry::Values::iterator findValue(FakeRegistry::Values& values, const std
 
 class FakeKey : public RegistryKey {
   public:
-    explicit FakeKey(std::shared_ptr<FakeRegistry::Values> values) : values_(std::move(values)) {}
+    explicit FakeKey(std::shared_ptr<FakeRegistry::Contents> contents) : contents_(std::move(contents)) {}
 
     std::int32_t query(const std::wstring& name, RegistryData& data) override {
-        if (!values_) {
+        if (!contents_) {
             return FakeRegistry::invalidHandle;
         }
-        const auto found = findValue(*values_, name);
-        if (found == values_->end()) {
+        const auto found = findValue(contents_->values, name);
+        if (found == contents_->values.end()) {
             return registry::fileNotFound;
         }
         data = found->data;
@@ -32,29 +32,49 @@ class FakeKey : public RegistryKey {
     }
 
     std::int32_t enumerate(std::uint32_t index, std::wstring& name, RegistryData& data) override {
-        if (!values_) {
+        if (!contents_) {
             return FakeRegistry::invalidHandle;
         }
-        if (index >= values_->size()) {
+        if (index >= contents_->values.size()) {
             return registry::noMoreItems;
         }
-        name = (*values_)[index].name;
-        data = (*values_)[index].data;
-        return (*values_)[index].status;
+        const FakeRegistry::Value& value = contents_->values[index];
+        name = value.name;
+        data = value.data;
+        return value.status;
+    }
+
+    std::int32_t enumerateKey(std::uint32_t index, std::wstring& name) override {
+        if (!contents_) {
+            return FakeRegistry::invalidHandle;
+        }
+        if (index >= contents_->keys.size()) {
+            return registry::noMoreItems;
+        }
+        name = contents_->keys[index];
+        return registry::success;
     }
 
     std::int32_t close() override {
-        return std::exchange(values_, nullptr) ? registry::success : FakeRegistry::invalidHandle;
+        return std::exchange(contents_, nullptr) ? registry::success : FakeRegistry::invalidHandle;
     }
 
   private:
     /// Null once closed.
-    std::shared_ptr<FakeRegistry::Values> values_;
+    std::shared_ptr<FakeRegistry::Contents> contents_;
 };
 
 void appendUnit(std::vector<std::uint8_t>& bytes, std::uint32_t unit) {
     bytes.push_back(static_cast<std::uint8_t>(unit & 0xFF));
     bytes.push_back(static_cast<std::uint8_t>(unit >> 8));
+}
+
+/// Where a program of 32 bits finds the key.
+std::wstring narrow(RootKey root, const std::wstring& path) {
+    constexpr std::wstring_view redirected = L"SOFTWARE\\";
+    const bool moved = root == RootKey::LocalMachine &&
+                       text::equalsIgnoringCase(path.substr(0, redirected.size()), redirected);
+    return moved ? std::wstring(redirected) + L"WOW6432Node\\" + path.substr(redirected.size()) : path;
 }
 
 }  // namespace
@@ -68,21 +88,22 @@ FakeRegistry::Name FakeRegistry::nameOf(RootKey root, const std::wstring& path) 
 }
 
 void FakeRegistry::addKey(RootKey root, const std::wstring& path) {
-    Name name = nameOf(root, path);
-    for (;;) {
-        keys_.try_emplace(name, std::make_shared<Values>());
-        if (name.second.empty()) {
-            return;
-        }
-        const auto separator = name.second.rfind(L'\\');
-        name.second.resize(separator == std::wstring::npos ? 0 : separator);
+    const Name name = nameOf(root, path);
+    if (!keys_.try_emplace(name, std::make_shared<Contents>()).second || name.second.empty()) {
+        return;
     }
+    const std::wstring written = path.substr(0, name.second.size());
+    const auto separator = written.rfind(L'\\');
+    const std::wstring above = separator == std::wstring::npos ? L"" : written.substr(0, separator);
+    addKey(root, above);
+    keys_.at(nameOf(root, above))
+        ->keys.push_back(separator == std::wstring::npos ? written : written.substr(separator + 1));
 }
 
 void FakeRegistry::setValue(RootKey root, const std::wstring& path, const std::wstring& name,
                             RegistryData data) {
     addKey(root, path);
-    Values& values = *keys_.at(nameOf(root, path));
+    Values& values = keys_.at(nameOf(root, path))->values;
     const auto found = findValue(values, name);
     if (found == values.end()) {
         values.push_back({name, std::move(data), registry::success});
@@ -115,23 +136,24 @@ void FakeRegistry::failOpen(RootKey root, const std::wstring& path, std::int32_t
 
 void FakeRegistry::failValue(RootKey root, const std::wstring& path, const std::wstring& name,
                              std::int32_t status) {
-    findValue(*keys_.at(nameOf(root, path)), name)->status = status;
+    findValue(keys_.at(nameOf(root, path))->values, name)->status = status;
 }
 
 std::int32_t FakeRegistry::open(RootKey root, const std::wstring& path, std::uint32_t access,
                                 std::unique_ptr<RegistryKey>& key) {
-    const Name name = nameOf(root, path);
+    constexpr std::uint32_t views = registry::view32 | registry::view64;
+    const Name name = nameOf(root, (access & registry::view32) != 0 ? narrow(root, path) : path);
     if (const auto failure = failures_.find(name); failure != failures_.end()) {
         return failure->second;
     }
-    if (access == registry::readAccess && unlisted_.contains(name)) {
+    if ((access & ~views) == registry::readAccess && unlisted_.contains(name)) {
         return accessDenied;
     }
     const auto found = keys_.find(name);
     if (found == keys_.end() && !name.second.empty()) {
         return registry::fileNotFound;
     }
-    key = std::make_unique<FakeKey>(found == keys_.end() ? std::make_shared<Values>() : found->second);
+    key = std::make_unique<FakeKey>(found == keys_.end() ? std::make_shared<Contents>() : found->second);
     return registry::success;
 }
 

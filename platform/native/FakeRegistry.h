@@ -18,7 +18,8 @@ class FakeRegistry : public MachineRegistry {
     static constexpr std::int32_t accessDenied = 5;
     static constexpr std::int32_t invalidHandle = 6;
 
-    /// Makes the key and those above it.
+    /// Makes the key and those above it. The keys that programs of 32 bits see in place of others stand below
+    /// "SOFTWARE\\WOW6432Node", as they do on a 64-bit Windows.
     void addKey(RootKey root, const std::wstring& path);
     /// Sets a value; makes its key when there is none.
     void setValue(RootKey root, const std::wstring& path, const std::wstring& name, RegistryData data);
@@ -43,13 +44,18 @@ class FakeRegistry : public MachineRegistry {
         std::int32_t status = registry::success;
     };
     using Values = std::vector<Value>;
+    struct Contents {
+        Values values;
+        /// The names of the keys below.
+        std::vector<std::wstring> keys;
+    };
 
   private:
     using Name = std::pair<RootKey, std::wstring>;
 
     static Name nameOf(RootKey root, const std::wstring& path);
 
-    std::map<Name, std::shared_ptr<Values>> keys_;
+    std::map<Name, std::shared_ptr<Contents>> keys_;
     std::map<Name, std::int32_t> failures_;
     std::set<Name> unlisted_;
 };

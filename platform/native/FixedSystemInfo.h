@@ -15,6 +15,13 @@ class FixedSystemInfo : public SystemInfo {
 
     std::wstring addInFolder() override { return addInFolder_; }
 
+    std::optional<WindowsVersion> windowsVersion() override { return version; }
+    bool is64Bit() override { return wide; }
+
+    /// That of Windows 10, unless set.
+    std::optional<WindowsVersion> version = WindowsVersion{2, 10, 0, 19045, false};
+    bool wide = true;
+
     void debug(std::string_view line) override { debugLines_.emplace_back(line); }
     const std::vector<std::string>& debugLines() const { return debugLines_; }
 

@@ -40,7 +40,7 @@ forms::Control* findControl(const forms::Form& form, std::wstring_view name) {
 }
 
 FormPrompt describe(const forms::Form& form) {
-    FormPrompt prompt{form.name(), form.caption(), {}};
+    FormPrompt prompt{form.name(), form.caption(), {}, form.waits()};
     for (const forms::Control* control : form.controls()) {
         prompt.controls.push_back({control->name(), control->caption(), control->value(), control->enabled(),
                                    control->visible(), forms::isFillable(control->kind())});
@@ -75,6 +75,18 @@ void PromptedDesktop::showHelp(const std::wstring& file, const std::wstring& top
     }
 }
 
+void PromptedDesktop::openAddress(const WebAddress& address) {
+    if (!unanswered_) {
+        observer_.opened(address);
+    }
+}
+
+void PromptedDesktop::startProgram(const std::wstring& path) {
+    if (!unanswered_) {
+        observer_.started(path);
+    }
+}
+
 void PromptedDesktop::showModal(forms::Form& form) {
     const OpenForm window(form);
     while (window.open() && !unanswered_) {
@@ -101,6 +113,9 @@ std::wstring PromptedDesktop::chooseFolder(const std::wstring& title) {
 void PromptedDesktop::runForm(forms::Form& form) {
     const FormPrompt prompt = describe(form);
     const auto answer = ask(prompt, form);
+    if (!answer && form.waits() && events_.step()) {
+        return;
+    }
     observer_.form(prompt, answer);
     if (answer) {
         apply(*answer, form);

@@ -7,6 +7,7 @@
 #include "platform/Desktop.h"
 #include "platform/Prompts.h"
 #include "platform/forms.h"
+#include "platform/native/EventLoop.h"
 
 namespace platform::native {
 
@@ -26,8 +27,17 @@ class PromptedDesktop : public Desktop {
     void showModal(forms::Form& form) final;
     void showHelp(const std::wstring& file, const std::wstring& topic, HelpView view) final;
     std::wstring chooseFolder(const std::wstring& title) final;
+    void openAddress(const WebAddress& address) final;
+    void startProgram(const std::wstring& path) final;
+    std::unique_ptr<Timer> startTimer(std::chrono::milliseconds interval, std::function<void()> due) final {
+        return events_.startTimer(interval, std::move(due));
+    }
     /// Events of the simulated host never wait.
     void processPendingEvents() final {}
+
+    /// What is to happen on this thread later. While a form is open that waits for something else than the
+    /// user, it happens.
+    EventLoop& events() { return events_; }
 
     /// Which prompt found no answer, and why, in words for the user; nothing as long as all found one.
     const std::optional<std::wstring>& unanswered() const { return unanswered_; }
@@ -49,6 +59,7 @@ class PromptedDesktop : public Desktop {
     bool enter(forms::Form& form, const std::wstring& controlName, const std::wstring& value);
 
     PromptObserver& observer_;
+    EventLoop events_;
     std::optional<std::wstring> unanswered_;
 };
 

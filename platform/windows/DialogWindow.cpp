@@ -169,6 +169,9 @@ INT_PTR DialogWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
 
 void DialogWindow::initialise() {
     attachName(dialog_, formNameProperty, form_.name());
+    if (form_.waits()) {
+        markWaiting(dialog_);
+    }
     captionChanged();
     for (forms::Control* control : form_.controls()) {
         HWND controlWindow = GetDlgItem(dialog_, firstControlId + static_cast<int>(windows_.size()));
@@ -189,6 +192,7 @@ void DialogWindow::removeNames() {
         detachKind(controlWindow->handle());
     }
     detachName(dialog_, formNameProperty);
+    RemovePropW(dialog_, waitsProperty);
 }
 
 void DialogWindow::command(WORD id, WORD notification) {

@@ -101,6 +101,10 @@ LONG RegKey::setText(const std::wstring& name, const std::wstring& text) const {
                           static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
 }
 
+LONG RegKey::remove(const std::wstring& name) const {
+    return RegDeleteValueW(key_, name.c_str());
+}
+
 LONG RegKey::setNumber(const std::wstring& name, DWORD number) const {
     return RegSetValueExW(key_, name.c_str(), 0, REG_DWORD, reinterpret_cast<const BYTE*>(&number),
                           sizeof number);

@@ -37,6 +37,7 @@ class RegKey {
     std::optional<std::wstring> text(const std::wstring& name) const;
     std::optional<DWORD> number(const std::wstring& name) const;
     LONG setText(const std::wstring& name, const std::wstring& text) const;
+    LONG remove(const std::wstring& name) const;
     LONG setNumber(const std::wstring& name, DWORD number) const;
     /// True when the key holds neither values nor keys, or is not open.
     bool isEmpty() const;

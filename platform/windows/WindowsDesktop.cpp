@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <shellapi.h>
+
 #include "platform/windows/DialogWindow.h"
 #include "platform/windows/comErrors.h"
 #include "platform/windows/folderBrowser.h"
@@ -17,6 +19,33 @@ BOOL CALLBACK takeUsableWindow(HWND window, LPARAM result) {
     *reinterpret_cast<HWND*>(result) = window;
     return FALSE;
 }
+
+/// Throws automation::Error.
+void openByShell(const std::wstring& what) {
+    SHELLEXECUTEINFOW call{};
+    call.cbSize = sizeof call;
+    call.fMask = SEE_MASK_FLAG_NO_UI | SEE_MASK_NOASYNC;
+    call.lpVerb = L"open";
+    call.lpFile = what.c_str();
+    call.nShow = SW_SHOWNORMAL;
+    if (!ShellExecuteExW(&call)) {
+        throw errorOf(HRESULT_FROM_WIN32(GetLastError()));
+    }
+}
+
+class WindowTimer final : public Timer {
+  public:
+    WindowTimer(std::chrono::milliseconds interval, std::function<void()> due, OwnerLock owner)
+        : window_(
+              MessageWindow::timerName, [due = std::move(due)](UINT) { due(); }, std::move(owner)) {
+        if (SetTimer(window_.handle(), 1, static_cast<UINT>(interval.count()), nullptr) == 0) {
+            throw errorOf(HRESULT_FROM_WIN32(GetLastError()));
+        }
+    }
+
+  private:
+    MessageWindow window_;
+};
 
 }  // namespace
 
@@ -65,6 +94,19 @@ void WindowsDesktop::showHelp(const std::wstring& file, const std::wstring& topi
 std::wstring WindowsDesktop::chooseFolder(const std::wstring& title) {
     const ActivationContext::Scope controls(context_);
     return browseForFolder(dialogOwner(), title);
+}
+
+void WindowsDesktop::openAddress(const WebAddress& address) {
+    openByShell(address.text());
+}
+
+void WindowsDesktop::startProgram(const std::wstring& path) {
+    openByShell(path);
+}
+
+std::unique_ptr<Timer> WindowsDesktop::startTimer(std::chrono::milliseconds interval,
+                                                  std::function<void()> due) {
+    return std::make_unique<WindowTimer>(interval, std::move(due), owner_);
 }
 
 void WindowsDesktop::processPendingEvents() {

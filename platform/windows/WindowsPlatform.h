@@ -7,6 +7,7 @@
 #include "platform/windows/Exporter.h"
 #include "platform/windows/LiveObjects.h"
 #include "platform/windows/RegistrySettingsStore.h"
+#include "platform/windows/WinInetHttp.h"
 #include "platform/windows/WindowsClock.h"
 #include "platform/windows/WindowsDesktop.h"
 #include "platform/windows/WindowsRegistry.h"
@@ -32,13 +33,15 @@ class WindowsPlatform {
   private:
     std::shared_ptr<Exporter> exporter_;
     ComAutomation automation_;
-    WindowsDesktop desktop_;
+    OwnerLock owner_ = [this] { return exporter_->owner(); };
+    WindowsDesktop desktop_{owner_};
     RegistrySettingsStore settings_;
     WindowsRegistry registry_;
     WindowsResources resources_;
     WindowsClock clock_;
     WindowsSystemInfo system_;
-    Platform platform_{automation_, desktop_, settings_, registry_, resources_, clock_, system_};
+    WinInetHttp http_{owner_};
+    Platform platform_{automation_, desktop_, settings_, registry_, resources_, clock_, system_, http_};
 };
 
 }  // namespace platform::windows

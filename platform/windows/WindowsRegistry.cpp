@@ -18,6 +18,9 @@ class OpenKey final : public RegistryKey {
     std::int32_t enumerate(std::uint32_t index, std::wstring& name, RegistryData& data) override {
         return key_.enumerateValue(index, name, data);
     }
+    std::int32_t enumerateKey(std::uint32_t index, std::wstring& name) override {
+        return key_.enumerateKey(index, name);
+    }
     std::int32_t close() override { return key_.close(); }
 
   private:

@@ -10,6 +10,8 @@ class WindowsSystemInfo final : public SystemInfo {
     static constexpr char debugPrefix[] = "Veltro: ";
 
     std::wstring addInFolder() override;
+    std::optional<WindowsVersion> windowsVersion() override;
+    bool is64Bit() override;
     void debug(std::string_view line) override;
 };
 

@@ -7,6 +7,9 @@ namespace {
 /// The longest text that an atom can have.
 constexpr int longestName = 255;
 
+/// What a property holds that only needs to be there.
+const HANDLE mark = reinterpret_cast<HANDLE>(static_cast<ULONG_PTR>(1));
+
 ATOM atomOf(HANDLE property) {
     return static_cast<ATOM>(reinterpret_cast<ULONG_PTR>(property));
 }
@@ -43,7 +46,7 @@ void detachKind(HWND window) {
 
 BusyMark::BusyMark(HWND dialog) : dialog_(isBusy(dialog) ? nullptr : dialog) {
     if (dialog_) {
-        SetPropW(dialog_, busyProperty, reinterpret_cast<HANDLE>(static_cast<ULONG_PTR>(1)));
+        SetPropW(dialog_, busyProperty, mark);
     }
 }
 
@@ -57,8 +60,16 @@ bool isBusy(HWND dialog) {
     return GetPropW(dialog, busyProperty) != nullptr;
 }
 
+void markWaiting(HWND dialog) {
+    SetPropW(dialog, waitsProperty, mark);
+}
+
+bool isWaiting(HWND dialog) {
+    return GetPropW(dialog, waitsProperty) != nullptr;
+}
+
 void markFolderBrowser(HWND dialog) {
-    SetPropW(dialog, folderBrowserProperty, reinterpret_cast<HANDLE>(static_cast<ULONG_PTR>(1)));
+    SetPropW(dialog, folderBrowserProperty, mark);
 }
 
 bool isFolderBrowser(HWND dialog) {

@@ -23,6 +23,9 @@ inline constexpr wchar_t controlKindProperty[] = L"Veltro.Kind";
 /// dialog that the handler has shown is just closing.
 inline constexpr wchar_t busyProperty[] = L"Veltro.Busy";
 
+/// On the dialog of a form that waits for something else than the user.
+inline constexpr wchar_t waitsProperty[] = L"Veltro.Waits";
+
 /// On the system's folder browser while the add-in shows it.
 inline constexpr wchar_t folderBrowserProperty[] = L"Veltro.FolderBrowser";
 
@@ -50,6 +53,8 @@ class BusyMark {
 };
 bool isBusy(HWND dialog);
 
+void markWaiting(HWND dialog);
+bool isWaiting(HWND dialog);
 void markFolderBrowser(HWND dialog);
 bool isFolderBrowser(HWND dialog);
 

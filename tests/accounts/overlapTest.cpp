@@ -67,17 +67,17 @@ class OverlapWorld : public AccountsWorld, private platform::PromptObserver {
         }
         return platform::AnswerList(std::move(parsedAnswers));
     }
-    void opened(const std::wstring& prompt) {
+    void shown(const std::wstring& prompt) {
         if (action_ && prompt == prompt_) {
             std::exchange(action_, nullptr)();
         }
     }
     void message(const platform::MessagePrompt& prompt, std::optional<platform::Answer>) override {
         texts.push_back(prompt.text);
-        opened(prompt.title);
+        shown(prompt.title);
     }
     void form(const platform::FormPrompt& prompt, const std::optional<platform::FormAnswer>&) override {
-        opened(prompt.form);
+        shown(prompt.form);
     }
     void folder(const platform::FolderPrompt&, const std::optional<platform::FolderAnswer>&) override {}
     void beep() override {}
@@ -86,8 +86,8 @@ class OverlapWorld : public AccountsWorld, private platform::PromptObserver {
     std::function<void()> action_;
     platform::native::ScriptedDesktop screen_;
     settings::AlertingDesktop desktop_{screen_, here};
-    platform::Platform platform_{outlook.automation(), desktop_, settings,    registry,
-                                 ports.resources,      clock,    ports.system};
+    platform::Platform platform_{outlook.automation(), desktop_, settings,     registry,
+                                 ports.resources,      clock,    ports.system, ports.web};
 
   public:
     mail::Globals here{platform_};

@@ -15,8 +15,9 @@ inline constexpr automation::Date noonOfAnOrdinaryDay{45427.5};
 /// How a scenario finds the machine and the user.
 struct Given {
     host::Profile profile{};
-    /// The user's settings. Unless given here the wizard has been shown ("ShowStartupWizard" is "False") and
-    /// unknown addresses are not offered for the list of preferred accounts ("MsgAddAddress" is "1").
+    /// The user's settings. Unless given here the wizard has been shown ("ShowStartupWizard" is "False"),
+    /// unknown addresses are not offered for the list of preferred accounts ("MsgAddAddress" is "1"), and
+    /// nothing looks for newer versions ("LastCheckUpdateDate" is "DoNotCheck").
     std::map<std::wstring, std::wstring> settings{};
     /// Values of the machine-wide preset key; none leaves the key away.
     std::map<std::wstring, std::wstring> presets{};
@@ -42,6 +43,12 @@ class AddInWorld {
     virtual void disconnect(int removeMode) = 0;
     virtual std::optional<std::wstring> setting(const std::wstring& key) = 0;
     virtual void set(const std::wstring& key, const std::wstring& value) = 0;
+    /// Lets everything happen that waits: the timers are due now, and the answers of servers are waited for.
+    virtual void settle() = 0;
+    /// Has one of the add-in's timers be due now; false when none runs.
+    virtual bool fireTimer() = 0;
+    /// The local time from now on.
+    virtual void setNow(automation::Date now) = 0;
     /// Which prompt found no answer; nothing when all did.
     virtual std::optional<std::wstring> unanswered() = 0;
     /// Host objects that the add-in still holds; meaningful once it is disconnected.

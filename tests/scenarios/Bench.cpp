@@ -21,6 +21,7 @@ platform::AnswerList parsed(const std::vector<std::wstring>& answers) {
 Given withUsualSettings(Given setup) {
     setup.settings.emplace(L"ShowStartupWizard", L"False");
     setup.settings.emplace(L"MsgAddAddress", L"1");
+    setup.settings.emplace(L"LastCheckUpdateDate", L"DoNotCheck");
     return setup;
 }
 

@@ -30,11 +30,16 @@ class PromptLog : public platform::PromptObserver {
     void form(const platform::FormPrompt& prompt, const std::optional<platform::FormAnswer>& answer) override;
     void folder(const platform::FolderPrompt& prompt, const std::optional<platform::FolderAnswer>&) override;
     void beep() override { beeped_ = true; }
+    void opened(const platform::WebAddress& address) override { opened_.push_back(address.text()); }
+    void started(const std::wstring& program) override { opened_.push_back(program); }
 
     const std::vector<Prompt>& prompts() const { return prompts_; }
+    /// Addresses and programs.
+    const std::vector<std::wstring>& opened() const { return opened_; }
 
   private:
     std::vector<Prompt> prompts_;
+    std::vector<std::wstring> opened_;
     /// Since the last prompt.
     bool beeped_ = false;
 };
@@ -59,6 +64,8 @@ class Bench {
     host::SendOutcome send(const host::Message& message);
 
     const std::vector<PromptLog::Prompt>& prompts() const { return log_.prompts(); }
+    /// What the add-in has opened or started, in order.
+    const std::vector<std::wstring>& opened() const { return log_.opened(); }
     /// Titles and form names, in order.
     std::vector<std::wstring> promptNames() const;
 

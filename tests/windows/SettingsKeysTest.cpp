@@ -39,7 +39,8 @@ class SettingsKeysTest : public AnsweredDialogs {
                              world.platform().registry,
                              world.platform().resources,
                              world.platform().clock,
-                             world.platform().system};
+                             world.platform().system,
+                             world.platform().http};
     mail::Globals globals{ports};
     Keyboard keyboard;
 };

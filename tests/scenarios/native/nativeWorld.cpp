@@ -1,6 +1,7 @@
 #include <filesystem>
 
 #include "addin/Connect.h"
+#include "platform/native/CurlHttp.h"
 #include "platform/native/MemoryPorts.h"
 #include "platform/native/ScriptedDesktop.h"
 #include "platform/native/SystemClock.h"
@@ -41,10 +42,12 @@ class NativeWorld : public AddInWorld {
           desktop_(std::move(answers), observer),
           clock_(setup.now),
           folder_(setup.settingsFile ? std::make_unique<AddInFolder>(*setup.settingsFile) : nullptr),
+          http_(desktop_.events()),
           ports_(objects_, desktop_, clock_, nullptr,
                  folder_                 ? folder_->path()
                  : setup.resourceLibrary ? programFolder()
-                                         : L"\\nowhere") {
+                                         : L"\\nowhere",
+                 &http_) {
         for (const auto& [key, value] : setup.settings) {
             ports_.settings.write(key, value);
         }
@@ -70,6 +73,9 @@ class NativeWorld : public AddInWorld {
     void set(const std::wstring& key, const std::wstring& value) override {
         ports_.settings.write(key, value);
     }
+    void settle() override { desktop_.events().settle(); }
+    bool fireTimer() override { return desktop_.events().fireTimer(); }
+    void setNow(automation::Date now) override { clock_.set(now); }
     std::optional<std::wstring> unanswered() override { return desktop_.unanswered(); }
     std::size_t heldObjects() override { return objects_.count(); }
     std::vector<std::string> debugLines() override { return ports_.system.debugLines(); }
@@ -80,6 +86,7 @@ class NativeWorld : public AddInWorld {
     platform::native::ScriptedDesktop desktop_;
     platform::native::SetClock clock_;
     std::unique_ptr<AddInFolder> folder_;
+    platform::native::CurlHttp http_;
     platform::native::MemoryPorts ports_;
     addin::Connect connection_{ports_.platform};
 };

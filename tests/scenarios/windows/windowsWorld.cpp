@@ -13,8 +13,9 @@
 #include "platform/windows/ownModule.h"
 #include "program/windows/DebugListener.h"
 #include "robot/DialogRobot.h"
+#include "robot/importTable.h"
+#include "robot/messageWindows.h"
 #include "tests/scenarios/AddInWorld.h"
-#include "tests/scenarios/windows/StoppedClock.h"
 
 namespace {
 
@@ -109,6 +110,7 @@ class WindowsWorld : public AddInWorld {
     WindowsWorld(host::Outlook& outlook, const Given& given, platform::AnswerList answers,
                  platform::PromptObserver& observer)
         : now_(given.now),
+          observer_(observer),
           resources_(!given.resourceLibrary),
           presets_(given.presets),
           settingsFile_(given.settingsFile),
@@ -124,8 +126,10 @@ class WindowsWorld : public AddInWorld {
                       },
                   .form =
                       [this, &observer](const platform::FormPrompt& prompt) {
-                          return report(prompt, answers_.take(prompt), observer,
-                                        &platform::PromptObserver::form);
+                          auto answer = answers_.take(prompt);
+                          return !answer && prompt.waits ? answer
+                                                         : report(prompt, std::move(answer), observer,
+                                                                  &platform::PromptObserver::form);
                       },
                   .folder =
                       [this, &observer](const platform::FolderPrompt& prompt) {
@@ -141,7 +145,8 @@ class WindowsWorld : public AddInWorld {
         try {
             addIn_.emplace(L"Veltro.Connect");
             keepLoaded();
-            stopClockOfAddIn(now_);
+            robot::stopClockOfAddIn(now_);
+            robot::catchOpening([this](const std::wstring& what) { opened(what); });
             addIn_->connect(exporter_->exportObject(outlook_.application()).get(), ConnectMode::Startup,
                             exporter_->exportObject(outlook_.makeAddIn(L"Veltro.Connect")).get());
             addIn_->startupComplete();
@@ -161,12 +166,24 @@ class WindowsWorld : public AddInWorld {
 
     std::optional<std::wstring> setting(const std::wstring& key) override { return settings_.read(key); }
     void set(const std::wstring& key, const std::wstring& value) override { settings_.write(key, value); }
+    void settle() override { robot::settleAddIn(); }
+    bool fireTimer() override { return robot::fireTimer(); }
+    void setNow(automation::Date now) override { robot::stopClockOfAddIn(now); }
     std::optional<std::wstring> unanswered() override { return robot_.unanswered(); }
     std::size_t heldObjects() override { return exporter_->liveAdapters() - shownBefore_; }
     std::vector<std::string> debugLines() override { return debugger_.lines(); }
 
   private:
+    void opened(const std::wstring& what) {
+        if (const auto address = platform::WebAddress::parse(what)) {
+            observer_.opened(*address);
+        } else {
+            observer_.started(what);
+        }
+    }
+
     automation::Date now_;
+    platform::PromptObserver& observer_;
     Apartment apartment_;
     HiddenResources resources_;
     Presets presets_;

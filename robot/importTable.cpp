@@ -1,18 +1,38 @@
-#include "tests/scenarios/windows/StoppedClock.h"
-
-#include <windows.h>
+#include "robot/importTable.h"
 
 #include <oleauto.h>
+#include <shellapi.h>
 
 #include <cstring>
 #include <stdexcept>
+#include <string>
+#include <utility>
+
+namespace robot {
 
 namespace {
 
 SYSTEMTIME stoppedAt{};
+int daysAhead = 0;
+std::function<void(const std::wstring&)> tellOpened;
 
 void WINAPI giveStoppedTime(LPSYSTEMTIME time) {
     *time = stoppedAt;
+}
+
+void WINAPI giveLaterTime(LPSYSTEMTIME time) {
+    double days = 0;
+    GetLocalTime(time);
+    SystemTimeToVariantTime(time, &days);
+    VariantTimeToSystemTime(days + daysAhead, time);
+}
+
+BOOL WINAPI tellOfOpening(SHELLEXECUTEINFOW* call) {
+    if (!tellOpened) {
+        return ShellExecuteExW(call);
+    }
+    tellOpened(call->lpFile);
+    return TRUE;
 }
 
 template <class T>
@@ -43,17 +63,34 @@ ULONG_PTR* importedFunction(HMODULE module, const char* name) {
     throw std::runtime_error(std::string("Veltro.dll does not import ") + name);
 }
 
-}  // namespace
-
-void stopClockOfAddIn(automation::Date time) {
-    VariantTimeToSystemTime(time.days, &stoppedAt);
+template <class Function>
+void replaceImport(const char* name, Function* replacement) {
     const HMODULE addIn = GetModuleHandleW(L"Veltro.dll");
     if (!addIn) {
         throw std::runtime_error("Veltro.dll is not loaded");
     }
-    ULONG_PTR* const place = importedFunction(addIn, "GetLocalTime");
+    ULONG_PTR* const place = importedFunction(addIn, name);
     DWORD before = 0;
     VirtualProtect(place, sizeof *place, PAGE_READWRITE, &before);
-    *place = reinterpret_cast<ULONG_PTR>(&giveStoppedTime);
+    *place = reinterpret_cast<ULONG_PTR>(replacement);
     VirtualProtect(place, sizeof *place, before, &before);
 }
+
+}  // namespace
+
+void stopClockOfAddIn(automation::Date time) {
+    VariantTimeToSystemTime(time.days, &stoppedAt);
+    replaceImport("GetLocalTime", &giveStoppedTime);
+}
+
+void moveClockOfAddIn(int days) {
+    daysAhead = days;
+    replaceImport("GetLocalTime", &giveLaterTime);
+}
+
+void catchOpening(std::function<void(const std::wstring&)> opened) {
+    tellOpened = std::move(opened);
+    replaceImport("ShellExecuteExW", &tellOfOpening);
+}
+
+}  // namespace robot

@@ -1,0 +1,118 @@
+#include "platform/windows/WebTransfer.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace platform::windows {
+
+namespace {
+
+constexpr DWORD longestWait =
+    std::chrono::duration_cast<std::chrono::milliseconds>(Http::longestWait).count();
+
+/// Nothing when the server did not send such a header.
+std::optional<DWORD> numberHeader(HINTERNET request, DWORD header) {
+    DWORD number = 0;
+    DWORD size = sizeof number;
+    return HttpQueryInfoW(request, header | HTTP_QUERY_FLAG_NUMBER, &number, &size, nullptr)
+               ? std::optional(number)
+               : std::nullopt;
+}
+
+/// Where the server sends its visitor; nothing when that is nowhere to go.
+std::optional<WebAddress> redirectionOf(HINTERNET request, const WebAddress& from) {
+    wchar_t location[WebAddress::longest + 1];
+    DWORD size = sizeof location;
+    wchar_t target[WebAddress::longest + 1];
+    DWORD length = WebAddress::longest + 1;
+    return HttpQueryInfoW(request, HTTP_QUERY_LOCATION, location, &size, nullptr) &&
+                   InternetCombineUrlW(from.text().c_str(), location, target, &length, ICU_BROWSER_MODE)
+               ? WebAddress::parse(target)
+               : std::nullopt;
+}
+
+bool isRedirection(DWORD status) {
+    constexpr DWORD redirections[] = {301, 302, 303, 307, 308};
+    return std::ranges::find(redirections, status) != std::end(redirections);
+}
+
+}  // namespace
+
+Http::Answer WebTransfer::run() {
+    started_ = GetTickCount();
+    Http::Answer answer = fetch();
+    const std::lock_guard lock(mutex_);
+    internet_ = InternetHandle();
+    return answer;
+}
+
+void WebTransfer::abandon() {
+    InternetHandle closing;
+    const std::lock_guard lock(mutex_);
+    abandoned_ = true;
+    closing = std::move(internet_);
+}
+
+DWORD WebTransfer::timeLeft() const {
+    const DWORD passed = GetTickCount() - started_;
+    return passed < longestWait ? longestWait - passed : 0;
+}
+
+HINTERNET WebTransfer::open() {
+    const std::lock_guard lock(mutex_);
+    if (!abandoned_) {
+        internet_ =
+            InternetHandle(InternetOpenW(L"Veltro", INTERNET_OPEN_TYPE_PRECONFIG, nullptr, nullptr, 0));
+    }
+    return internet_.get();
+}
+
+InternetHandle WebTransfer::request(HINTERNET internet, const WebAddress& address) const {
+    DWORD left = timeLeft();
+    if (left == 0) {
+        return InternetHandle();
+    }
+    for (const DWORD option :
+         {INTERNET_OPTION_CONNECT_TIMEOUT, INTERNET_OPTION_SEND_TIMEOUT, INTERNET_OPTION_RECEIVE_TIMEOUT}) {
+        InternetSetOptionW(internet, option, &left, sizeof left);
+    }
+    constexpr DWORD flags = INTERNET_FLAG_RELOAD | INTERNET_FLAG_NO_CACHE_WRITE |
+                            INTERNET_FLAG_PRAGMA_NOCACHE | INTERNET_FLAG_NO_COOKIES | INTERNET_FLAG_NO_UI |
+                            INTERNET_FLAG_NO_AUTH | INTERNET_FLAG_NO_AUTO_REDIRECT;
+    return InternetHandle(InternetOpenUrlW(internet, address.text().c_str(), nullptr, 0, flags, 0));
+}
+
+Http::Answer WebTransfer::fetch() {
+    HINTERNET internet = open();
+    std::optional<WebAddress> next = address_;
+    for (int hop = 0; internet && next && hop <= Http::mostRedirections; ++hop) {
+        const InternetHandle page = request(internet, *next);
+        const auto status = page ? numberHeader(page.get(), HTTP_QUERY_STATUS_CODE) : std::nullopt;
+        if (status == HTTP_STATUS_OK) {
+            return read(page.get());
+        }
+        next = status && isRedirection(*status) ? redirectionOf(page.get(), *next) : std::nullopt;
+    }
+    return std::nullopt;
+}
+
+Http::Answer WebTransfer::read(HINTERNET request) const {
+    const auto promised = numberHeader(request, HTTP_QUERY_CONTENT_LENGTH);
+    std::string body;
+    char piece[16384];
+    while (timeLeft() > 0) {
+        DWORD count = 0;
+        if (!InternetReadFile(request, piece, sizeof piece, &count) ||
+            count > Http::longestBody - body.size()) {
+            return std::nullopt;
+        }
+        if (count == 0) {
+            // A connection that broke ends like one that was closed.
+            return promised && *promised != body.size() ? Http::Answer() : Http::Answer(std::move(body));
+        }
+        body.append(piece, count);
+    }
+    return std::nullopt;
+}
+
+}  // namespace platform::windows
