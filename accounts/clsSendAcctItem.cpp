@@ -18,8 +18,6 @@ using mail::Globals;
 using mail::skipErrors;
 using platform::Icon;
 
-constexpr std::int32_t mailItem = 0;
-
 bool holdsList(const Globals& globals, const outlook::Item& item) {
     return skipErrors([&] { AccountRows(redemption::SafeItem(globals.platform.automation, item).body()); });
 }
@@ -47,7 +45,7 @@ outlook::Item moved(const outlook::Item& draft, const outlook::Folder& folder) {
 /// A new item with an empty list, in the folder.
 outlook::Item newItem(Globals& globals, const outlook::Folder& folder) {
     const bool googleApps = mail::GoogleAppConnected(globals);
-    const outlook::Item draft(globals.outlook.object().call(L"CreateItem", mailItem).toObject());
+    const outlook::Item draft = globals.outlook.createMail();
     try {
         draft.setSubject(listFolder::listSubject);
         const redemption::SafeItem safe(globals.platform.automation, draft);

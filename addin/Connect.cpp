@@ -13,6 +13,7 @@
 #include "platform/files.h"
 #include "settings/modLoadSettings.h"
 #include "settings/modRegKeys.h"
+#include "update/basAutoUpdate.h"
 
 namespace addin {
 
@@ -73,6 +74,7 @@ void Connect::OnConnection(const automation::Object& application, int /*connectM
         settingsWizard::welcome(globals_);
     }
     refreshEmailList();
+    updateCheck_ = update::basAutoUpdate::StartDailyCheck(globals_);
 }
 
 void Connect::lookForLibrary() {
@@ -102,10 +104,10 @@ void Connect::readProductTexts() {
     mail::ProductTexts& product = globals_.product;
     product.aboutText = globals_.resourceOr(
         stringId::aboutText, L"Veltro stops mistakes before an e-mail leaves Microsoft Outlook.");
-    product.webSite = globals_.resourceOr(stringId::webSite, L"http://www.corvane.example");
+    product.webSite = globals_.resourceOr(stringId::webSite, L"https://www.corvane.example");
     product.supportAddress = globals_.resourceOr(stringId::supportAddress, L"support@corvane.example");
     product.downloadPage = globals_.resourceOr(stringId::downloadPage,
-                                               L"http://www.corvane.example/veltro/download_process.asp");
+                                               L"https://www.corvane.example/veltro/download_process.asp");
     product.title = globals_.resourceOr(stringId::productTitle, L"Veltro");
     product.helpFile = platform::joinPath(globals_.platform.system.addInFolder(), L"Veltro.chm");
 }
@@ -209,6 +211,7 @@ void Connect::OnDisconnection(int removeMode) {
     colInspEvents_.end();
     colInsp_ = {};
     globals_.resources.reset();
+    updateCheck_.reset();
     addInInst_ = {};
     application_ = {};
 }

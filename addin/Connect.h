@@ -10,6 +10,7 @@
 #include "platform/outlook.h"
 #include "settings/AlertingDesktop.h"
 #include "settings/SettingsFileReader.h"
+#include "update/frmCheckingUpdatesTimer.h"
 
 namespace addin {
 
@@ -22,7 +23,7 @@ class Connect {
         : trace_(ports.system),
           desktop_(ports.desktop, globals_),
           platform_{ports.automation, desktop_,    ports.settings, ports.registry,
-                    ports.resources,  ports.clock, ports.system},
+                    ports.resources,  ports.clock, ports.system,   ports.http},
           globals_(platform_),
           wrappers_(globals_) {}
 
@@ -71,6 +72,7 @@ class Connect {
     outlook::Application application_;
     automation::Object addInInst_;
     std::shared_ptr<OutAddIn> outAddIn_;
+    std::shared_ptr<update::frmCheckingUpdatesTimer> updateCheck_;
     bool libraryLookedFor_ = false;
     bool toldOfLibrary_ = false;
 

@@ -9,6 +9,9 @@
 #include "mail/errorTrap.h"
 #include "platform/files.h"
 #include "settings/prompts.h"
+#include "support/frmAbout.h"
+#include "support/supportEmail.h"
+#include "update/basAutoUpdate.h"
 
 namespace addin {
 
@@ -65,15 +68,36 @@ void ExplorerWrap::clicked(menu::Command command) {
             gcmdTWL_Veltro_Help_Click();
             break;
         case menu::Command::CheckUpdates:
+            gcmdTWL_Veltro_CheckUpdate_Click();
+            break;
         case menu::Command::ContactSupport:
+            gcmdTWL_Veltro_ContactSupport_Click();
+            break;
         case menu::Command::About:
-            break;  // Without a function yet.
+            gcmdTWl_Veltro_About_Click();
+            break;
     }
 }
 
 void ExplorerWrap::gcmdTWL_Veltro_Settings_Click() {
     mail::trapErrors(globals_, mail::ErrorReport::usual(L"ExplorerWrap.gcmdTWL_Veltro_Settings_Click"),
                      [&] { settingsWizard::open(globals_); });
+}
+
+void ExplorerWrap::gcmdTWL_Veltro_CheckUpdate_Click() {
+    mail::trapErrors(globals_, mail::ErrorReport::usual(L"ExplorerWrap.gcmdTWL_Veltro_CheckUpdate_Click"),
+                     [&] { update::basAutoUpdate::CheckForUpdates(globals_); });
+}
+
+void ExplorerWrap::gcmdTWL_Veltro_ContactSupport_Click() {
+    support::ComposeSupportEmail(globals_);
+}
+
+void ExplorerWrap::gcmdTWl_Veltro_About_Click() {
+    mail::trapErrors(globals_, mail::ErrorReport::usual(L"ExplorerWrap.gcmdTWl_Veltro_About_Click"), [&] {
+        support::frmAbout form(globals_);
+        globals_.platform.desktop.showModal(form);
+    });
 }
 
 void ExplorerWrap::gcmdTWL_Veltro_Help_Click() {

@@ -64,6 +64,9 @@ class ExplorerWrap : public std::enable_shared_from_this<ExplorerWrap> {
     void clicked(menu::Command command);
     void gcmdTWl_Veltro_List_Click();
     void gcmdTWL_Veltro_Settings_Click();
+    void gcmdTWL_Veltro_CheckUpdate_Click();
+    void gcmdTWL_Veltro_ContactSupport_Click();
+    void gcmdTWl_Veltro_About_Click();
     void gcmdTWL_Veltro_Help_Click();
     void openHelpFile(const wchar_t* procedure, const std::wstring& name);
     bool showsOutbox() const;

@@ -28,18 +28,16 @@ struct Entry {
     const wchar_t* caption;
     std::wstring_view tag;
     bool beginGroup = false;
-    /// The commands without a function yet are there, but cannot be chosen.
-    bool enabled = true;
 };
 
 /// In the order of the commands.
 constexpr Entry entries[commandCount] = {
     {L"Send Account (Preferred) List", L"Veltro.AccountList"},
     {L"Settings", L"Veltro.Settings"},
-    {.caption = L"Check for Updates", .tag = L"Veltro.CheckUpdates", .beginGroup = true, .enabled = false},
+    {L"Check for Updates", L"Veltro.CheckUpdates", true},
     {L"% Help", L"Veltro.Help"},
-    {.caption = L"Contact Support", .tag = L"Veltro.ContactSupport", .enabled = false},
-    {.caption = L"About %", .tag = L"Veltro.About", .beginGroup = true, .enabled = false},
+    {L"Contact Support", L"Veltro.ContactSupport"},
+    {L"About %", L"Veltro.About", true},
 };
 
 Object bitmap(const Globals& globals, std::uint32_t id) {
@@ -92,8 +90,7 @@ Buttons build(const Globals& globals, const outlook::Explorer& explorer, std::in
         const modCommandBarCode::Button look{
             .caption = text::replaceAll(entry.caption, L"%", globals.product.title),
             .tag = std::wstring(entry.tag) + L'.' + std::to_wstring(windowKey),
-            .beginGroup = entry.beginGroup,
-            .enabled = entry.enabled};
+            .beginGroup = entry.beginGroup};
         buttons.push_back(
             modCommandBarCode::FindOrAddButton(product, look, [&] { return helpPicture(globals); }));
     }

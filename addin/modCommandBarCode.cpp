@@ -78,9 +78,6 @@ Object FindOrAddButton(const Popup& popup, const Button& button,
     if (button.beginGroup || !isNew) {
         control.put(L"BeginGroup", button.beginGroup);
     }
-    if (!button.enabled || !isNew) {
-        control.put(L"Enabled", button.enabled);
-    }
     if (text::containsIgnoringCase(button.caption, L"HELP")) {
         mail::skipErrors([&] { decorate(control, helpPicture()); });
     }

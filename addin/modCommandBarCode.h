@@ -37,8 +37,6 @@ struct Button {
     std::wstring tag;
     /// There is a line above it.
     bool beginGroup = false;
-    /// False for a command that cannot be used.
-    bool enabled = true;
 };
 
 /// A picture and what of it is transparent, or nothing.

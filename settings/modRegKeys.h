@@ -113,6 +113,25 @@ inline constexpr Plain LockFields{L"LockFields"};
 /// The password of the lock, scrambled; empty: nothing is locked.
 inline constexpr Plain Password{L"Password"};
 
+// The check for a newer version
+
+/// Check for a newer version now and then: `1`.
+inline constexpr Plain blnAutomaticUpdate{L"blnAutomaticUpdate"};
+/// The days between two automatic checks.
+inline constexpr Plain intNumDayUpdate{L"intNumDayUpdate"};
+/// Keep quiet about the version of `strVersionNotNotify`: `1`.
+inline constexpr Plain blnNotNotify{L"blnNotNotify"};
+/// The version that the user wants to hear no more of.
+inline constexpr Plain strVersionNotNotify{L"strVersionNotNotify", L"False"};
+/// The day of the last check that the user asked for; `DoNotCheck`: never check unasked.
+inline constexpr Plain LastCheckUpdateDate{L"LastCheckUpdateDate"};
+/// Whether the user has said so in the dialog: `1`.
+inline constexpr Plain DoNotCheck{L"DoNotCheck"};
+/// The day of the last automatic check.
+inline constexpr Plain dtmLastUpdateDate{L"dtmLastUpdateDate"};
+/// `ProgrammerInitialised` once this schedule has its first values.
+inline constexpr Plain strRegistryInitialise{L"strRegistryInitialise"};
+
 // What Veltro notes for itself
 
 /// The machine-wide preset that was last applied.
@@ -129,21 +148,6 @@ inline constexpr Plain IntroEmailCreated{L"IntroEmailCreated"};
 
 /// Whether the tutorial is offered.
 inline constexpr Plain Tutorial{L"Tutorial"};
-/// The day of the last look for a newer version.
-inline constexpr Plain LastCheckUpdateDate{L"LastCheckUpdateDate"};
-/// Whether to look for newer versions.
-inline constexpr Plain blnAutomaticUpdate{L"blnAutomaticUpdate"};
-/// The days between two looks.
-inline constexpr Plain intNumDayUpdate{L"intNumDayUpdate"};
-/// The day of the last look that nobody asked for.
-inline constexpr Plain dtmLastUpdateDate{L"dtmLastUpdateDate"};
-/// Whether to keep quiet about a newer version.
-inline constexpr Plain blnNotNotify{L"blnNotNotify"};
-/// The version to keep quiet about.
-inline constexpr Plain strVersionNotNotify{L"strVersionNotNotify", L"False"};
-/// Whether the settings of the looks have been made.
-inline constexpr Plain strRegistryInitialise{L"strRegistryInitialise"};
-
 // clang-format on
 
 /// All of them, for whoever goes through the settings.
@@ -190,6 +194,7 @@ inline constexpr std::tuple all{ReplyMultiple,
                                 VT_Settings_FilePath,
                                 PreSetupID,
                                 LastCheckUpdateDate,
+                                DoNotCheck,
                                 blnAutomaticUpdate,
                                 intNumDayUpdate,
                                 dtmLastUpdateDate,

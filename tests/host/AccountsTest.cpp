@@ -296,7 +296,8 @@ Run run(const program::CommandLine& line, const std::vector<program::MessageFile
     program::Report report(output, program::Report::Format::JsonLines);
     host::Outlook outlook(line.profile());
     const auto token = prepare(outlook);
-    program::Session session(line, outlook, report, [] { return false; });
+    program::Session session(
+        line, outlook, report, [] { return false; }, [] {});
     Run result{.status = session.run(messages)};
     session.quit();
     std::istringstream lines(output.str());

@@ -58,7 +58,8 @@ Run run(const std::vector<std::wstring>& words, const std::vector<program::Messa
                                       onItemSend(arguments);
                                   }
                               });
-    program::Session session(line, outlook, report, [unanswered] { return unanswered && *unanswered; });
+    program::Session session(
+        line, outlook, report, [unanswered] { return unanswered && *unanswered; }, [] {});
     const auto status = session.run(messages);
     session.quit();
     return {status, lines(output)};
@@ -135,7 +136,8 @@ TEST(Session, EndsEachSendWithItsOutcomeWhateverHappens) {
         const auto send = automation::subscribe(host.application(), outlook::events::application, act);
         const auto open = automation::subscribe(host.application().get(L"Inspectors").toObject(),
                                                 outlook::events::inspectors, act);
-        program::Session session(line, host, report, [] { return false; });
+        program::Session session(
+            line, host, report, [] { return false; }, [] {});
         session.run({{L"a.eml", mailTo(L"ann@example.com", L"One")}});
         session.quit();
         const auto events = lines(output);
