@@ -13,6 +13,7 @@ class BenchWorld {
         : outlook(std::move(profile)), desktop(std::move(answers), observer) {
         globals.outlook = outlook::Application(outlook.application());
         settings.write(L"ShowStartupWizard", L"False");
+        settings.write(L"LastCheckUpdateDate", L"DoNotCheck");
     }
 
     void connect() {

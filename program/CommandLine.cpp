@@ -24,6 +24,10 @@ constexpr char usageText[] =
   veltro-host forward MESSAGE...       ... Forward
   veltro-host list                     open the list of preferred sending accounts from the menu
   veltro-host settings                 open the settings from the menu
+  veltro-host update                   check for a newer version from the menu
+  veltro-host support                  prepare an e-mail to the support from the menu
+  veltro-host about                    open the about box from the menu
+  veltro-host start                    start Outlook, let it sit until nothing is left to do, and end it
   veltro-host import MESSAGE.eml...    write the messages as JSON, which the other commands read too
   veltro-host settings export FOLDER   write the settings of --settings and --set into the administrator's file
                                        Veltro_Settings.ini in that folder
@@ -38,6 +42,8 @@ constexpr char usageText[] =
                            that --folder has kept
   --folder FILE            keep subject and text of the settings folder's items, the list among them, in this
                            file; otherwise they live for the run
+  --service ADDRESS|Off    the update service that the machine's registry names
+  --days-later N           today is so many days later
   --bcc-me                 the received message reached the user blind (reply commands)
   --first-run              a profile on which the add-in never ran; its start shows the settings, which need an
                            answer then
@@ -138,6 +144,16 @@ void addAnswer(CommandLine& line, const std::wstring& value) {
     }
 }
 
+void setDaysLater(CommandLine& line, const std::wstring& value) {
+    constexpr std::size_t mostDigits = 5;
+    const bool isNumber = !value.empty() && value.size() <= mostDigits &&
+                          value.find_first_not_of(L"0123456789") == std::wstring::npos;
+    if (!isNumber) {
+        throw UsageError("--days-later needs a number of days, not " + inQuotes(value));
+    }
+    line.daysLater = std::stoi(value);
+}
+
 struct Option {
     bool takesValue = true;
     std::function<void(CommandLine&, const std::wstring&)> apply;
@@ -160,6 +176,8 @@ std::map<std::wstring, Option> makeOptions() {
         {L"--folder",
          {true, [](CommandLine& line,
                    const std::wstring& value) { line.folderFile = keptFile("--folder", value); }}},
+        {L"--service", {true, [](CommandLine& line, const std::wstring& value) { line.service = value; }}},
+        {L"--days-later", {true, setDaysLater}},
         {L"--answer", {true, addAnswer}},
         {L"--bcc-me", {false, [](CommandLine& line, const std::wstring&) { line.bccMe = true; }}},
         {L"--first-run", {false, [](CommandLine& line, const std::wstring&) { line.firstRun = true; }}},
@@ -173,9 +191,10 @@ std::map<std::wstring, Option> makeOptions() {
 
 Command parseCommand(const std::wstring& word) {
     static const std::map<std::wstring, Command> commands{
-        {L"send", Command::Send},         {L"reply", Command::Reply}, {L"reply-all", Command::ReplyAll},
-        {L"forward", Command::Forward},   {L"list", Command::List},   {L"import", Command::Import},
-        {L"settings", Command::Settings}, {L"help", Command::Help},
+        {L"send", Command::Send},         {L"reply", Command::Reply},   {L"reply-all", Command::ReplyAll},
+        {L"forward", Command::Forward},   {L"list", Command::List},     {L"import", Command::Import},
+        {L"settings", Command::Settings}, {L"update", Command::Update}, {L"support", Command::Support},
+        {L"about", Command::About},       {L"start", Command::Start},   {L"help", Command::Help},
     };
     const auto found = commands.find(word);
     if (found == commands.end()) {
@@ -231,6 +250,10 @@ void checkTogether(const CommandLine& line) {
     }
     if (line.command == Command::List && !line.files.empty()) {
         throw UsageError("list takes no message file");
+    }
+    const Command alone[] = {Command::Update, Command::Support, Command::About, Command::Start};
+    if (std::ranges::count(alone, line.command) > 0 && !line.files.empty()) {
+        throw UsageError("the command goes without " + inQuotes(line.files.front()));
     }
     if (line.command == Command::ExportSettings && line.files.size() != 1) {
         throw UsageError("settings export needs one folder");

@@ -28,6 +28,10 @@ enum class Command {
     Forward,
     List,
     Settings,
+    Update,
+    Support,
+    About,
+    Start,
     Import,
     ExportSettings,
     ImportSettings
@@ -49,6 +53,10 @@ struct CommandLine {
     std::vector<platform::PromptAnswer> answers;
     /// What is odd about the arguments but can be followed; a line each.
     std::vector<std::string> warnings;
+    /// What the machine's registry says of the update service.
+    std::optional<std::wstring> service;
+    /// How far the clock of Outlook and the add-in is ahead.
+    int daysLater = 0;
     bool bccMe = false;
     bool firstRun = false;
     bool json = false;

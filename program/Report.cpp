@@ -193,6 +193,40 @@ void Report::help(const std::wstring& file, const std::wstring& topic, platform:
     }
 }
 
+void Report::opened(const platform::WebAddress& address) {
+    if (!json()) {
+        line("  opened: " + terminalLine(address.text()));
+        return;
+    }
+    Json told = event("opened");
+    told["address"] = plainUtf8(address.text());
+    line(jsonText(told));
+}
+
+void Report::started(const std::wstring& program) {
+    if (!json()) {
+        line("  started: " + terminalLine(program));
+        return;
+    }
+    Json told = event("started");
+    told["program"] = plainUtf8(program);
+    line(jsonText(told));
+}
+
+void Report::prepared(const host::ItemView& mail) {
+    const auto to = addressesOf(mail, 0);
+    if (!json()) {
+        line("  mail opened: \"" + terminalLine(mail.subject) + "\" to " + joined(to));
+        line("      " + indented(mail.body));
+        return;
+    }
+    Json told = event("mail");
+    told["subject"] = plainUtf8(mail.subject);
+    told["to"] = toJson(to);
+    told["body"] = plainUtf8(mail.body);
+    line(jsonText(told));
+}
+
 void Report::begin(const std::wstring& file) {
     file_ = file;
     if (!json()) {

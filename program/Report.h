@@ -26,6 +26,9 @@ class Report : public platform::PromptObserver {
     void beep() override;
     void help(const std::wstring& file, const std::wstring& topic, platform::HelpView view) override;
 
+    void opened(const platform::WebAddress& address) override;
+    void started(const std::wstring& program) override;
+
     /// The next message's turn: what follows happens to this file, which every event names.
     void begin(const std::wstring& file);
     /// No message's turn any more.
@@ -36,6 +39,8 @@ class Report : public platform::PromptObserver {
     void cancelled(const host::ItemView& mail);
     void reply(host::ReplyKind kind, const host::ItemView& mail);
     void replyCancelled();
+    /// A mail that the add-in has prepared and shown.
+    void prepared(const host::ItemView& mail);
     void error(const std::wstring& text);
     /// What the add-in left undone, each entry once with how often it came.
     void skipped(const std::vector<std::string>& entries);

@@ -59,8 +59,12 @@ void prepareSettings(const CommandLine& line, platform::SettingsStore& settings)
 }
 
 Session::Session(const CommandLine& line, host::Outlook& outlook, Report& report,
-                 std::function<bool()> promptUnanswered)
-    : line_(line), outlook_(outlook), report_(report), promptUnanswered_(std::move(promptUnanswered)) {
+                 std::function<bool()> promptUnanswered, std::function<void()> settle)
+    : line_(line),
+      outlook_(outlook),
+      report_(report),
+      promptUnanswered_(std::move(promptUnanswered)),
+      settle_(std::move(settle)) {
     veto_ = automation::subscribe(outlook_.application(), outlook::events::application,
                                   [this](std::int32_t event, std::span<automation::Value> arguments) {
                                       if (event == itemSend && arguments.size() == 2 && promptUnanswered_()) {
@@ -71,11 +75,8 @@ Session::Session(const CommandLine& line, host::Outlook& outlook, Report& report
 
 ExitStatus Session::run(const std::vector<MessageFile>& messages) {
     reportErrors();
-    if (line_.command == Command::List) {
-        return press(L"Send Account (Preferred) List");
-    }
-    if (line_.command == Command::Settings) {
-        return press(L"Settings");
+    if (const auto status = runMenu()) {
+        return *status;
     }
     bool cancelled = false;
     for (const MessageFile& file : messages) {
@@ -89,6 +90,39 @@ ExitStatus Session::run(const std::vector<MessageFile>& messages) {
     }
     report_.end();
     return ended(cancelled);
+}
+
+std::optional<ExitStatus> Session::runMenu() {
+    switch (line_.command) {
+        case Command::List:
+            return press(L"Send Account (Preferred) List");
+        case Command::Settings:
+            return press(L"Settings");
+        case Command::Update:
+            return press(L"Check for Updates");
+        case Command::About:
+            return press(L"About Veltro");
+        case Command::Support:
+            return support();
+        case Command::Start:
+            settle_();
+            reportErrors();
+            return ended(false);
+        default:
+            return std::nullopt;
+    }
+}
+
+ExitStatus Session::support() {
+    const std::size_t before = outlook_.inspectors().size();
+    const ExitStatus status = press(L"Contact Support");
+    const auto inspectors = outlook_.inspectors();
+    if (inspectors.size() <= before) {
+        report_.error(L"no e-mail was prepared");
+        return ExitStatus::Cancelled;
+    }
+    report_.prepared(outlook_.view(outlook_.itemOf(inspectors.back())));
+    return status;
 }
 
 ExitStatus Session::ended(bool cancelled) const {

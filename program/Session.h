@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "host/Outlook.h"
@@ -23,8 +24,10 @@ class Session {
   public:
     /// `promptUnanswered` tells whether a prompt has found no answer. Made after the add-in is connected, so
     /// that the last word on a send is the session's.
+    ///
+    /// `settle` lets what waits in the add-in happen, until there is nothing more.
     Session(const CommandLine& line, host::Outlook& outlook, Report& report,
-            std::function<bool()> promptUnanswered);
+            std::function<bool()> promptUnanswered, std::function<void()> settle);
 
     /// Carries out the command of the command line; `messages` are those of its files.
     ExitStatus run(const std::vector<MessageFile>& messages);
@@ -36,6 +39,9 @@ class Session {
     bool send(const host::Message& message);
     bool tell(const host::SendOutcome& outcome);
     bool answer(host::ReplyKind kind, host::Message message);
+    /// What does without messages; nothing for the commands that take them.
+    std::optional<ExitStatus> runMenu();
+    ExitStatus support();
     /// A button of the menu.
     ExitStatus press(const std::wstring& button);
     ExitStatus ended(bool cancelled) const;
@@ -46,6 +52,7 @@ class Session {
     host::Outlook& outlook_;
     Report& report_;
     std::function<bool()> promptUnanswered_;
+    std::function<void()> settle_;
     automation::Subscription veto_;
     std::size_t errorsReported_ = 0;
 };

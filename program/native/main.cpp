@@ -13,6 +13,7 @@
 #include <string>
 
 #include "addin/Connect.h"
+#include "platform/native/CurlHttp.h"
 #include "platform/native/MemoryPorts.h"
 #include "platform/native/ScriptedDesktop.h"
 #include "platform/native/SystemClock.h"
@@ -71,7 +72,7 @@ ExitStatus use(const CommandLine& line, const Messages& messages, program::Repor
     const auto folderLock = program::holdSettingsFolder(line, [&line] {
         program::complain("waiting for another run that uses " + text::toUtf8(*line.folderFile));
     });
-    platform::native::SystemClock clock;
+    platform::native::SystemClock clock(line.daysLater);
     host::Outlook outlook(program::prepareProfile(line), [&clock] { return clock.now(); });
     // A file that cannot be written is told of before anything is sent.
     program::keepSettingsFolder(line, outlook);
@@ -79,8 +80,13 @@ ExitStatus use(const CommandLine& line, const Messages& messages, program::Repor
     if (line.settingsFile) {
         store.emplace(program::pathOf(*line.settingsFile));
     }
+    platform::native::CurlHttp http(desktop.events());
     platform::native::MemoryPorts ports(outlook.automation(), desktop, clock, store ? &*store : nullptr,
-                                        programFolder());
+                                        programFolder(), &http);
+    if (line.service) {
+        ports.registry.setText(platform::RootKey::LocalMachine, L"SOFTWARE\\Corvane\\Veltro",
+                               L"UpdateService", *line.service);
+    }
     program::prepareSettings(line, ports.platform.settings);
     addin::Connect connect(ports.platform);
     try {
@@ -90,7 +96,7 @@ ExitStatus use(const CommandLine& line, const Messages& messages, program::Repor
         report.error(L"OnConnection: " + error.description());
     }
     const auto unanswered = [&desktop] { return desktop.unanswered().has_value(); };
-    program::Session session(line, outlook, report, unanswered);
+    program::Session session(line, outlook, report, unanswered, [&desktop] { desktop.events().settle(); });
     const ExitStatus status = session.run(messages);
     session.quit();
     connect.OnDisconnection(hostShutdown);

@@ -8,16 +8,17 @@ using platform::windows::ConnectMode;
 using platform::windows::RemoveMode;
 
 AddIns::AddIns(const std::vector<RegisteredAddIn>& registered, host::Outlook& outlook,
-               platform::windows::Exporter& exporter, Report& report)
+               platform::windows::Exporter& exporter, Report& report, const std::function<void()>& loaded)
     : report_(report) {
     for (const RegisteredAddIn& addIn : registered) {
         try {
-            auto loaded = std::make_unique<LoadedAddIn>(addIn.progId);
+            auto made = std::make_unique<LoadedAddIn>(addIn.progId);
+            loaded();
             const auto instance = outlook.makeAddIn(addIn.progId, addIn.description);
-            loaded->connect(exporter.exportObject(outlook.application()).get(), ConnectMode::Startup,
-                            exporter.exportObject(instance).get());
-            loaded->startupComplete();
-            loaded_.push_back(std::move(loaded));
+            made->connect(exporter.exportObject(outlook.application()).get(), ConnectMode::Startup,
+                          exporter.exportObject(instance).get());
+            made->startupComplete();
+            loaded_.push_back(std::move(made));
         } catch (const automation::Error& error) {
             report_.error(addIn.progId + L": " + error.description());
         }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -11,11 +12,12 @@
 namespace program::windows {
 
 /// The machine's registered add-ins, connected to a simulated Outlook as Outlook connects them. What an
-/// add-in fails at is reported and not raised: Outlook goes on without it.
+/// add-in fails at is reported and not raised: Outlook goes on without it. `loaded` is called when one is in
+/// memory and not yet connected.
 class AddIns {
   public:
     AddIns(const std::vector<host::windows::RegisteredAddIn>& registered, host::Outlook& outlook,
-           platform::windows::Exporter& exporter, Report& report);
+           platform::windows::Exporter& exporter, Report& report, const std::function<void()>& loaded);
     AddIns(const AddIns&) = delete;
     AddIns& operator=(const AddIns&) = delete;
 

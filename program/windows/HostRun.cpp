@@ -17,9 +17,12 @@ HostRun::HostRun(const CommandLine& line)
       folderLock_(holdSettingsFolder(
           line,
           [&line] { complain("waiting for another run that uses " + text::toUtf8(*line.folderFile)); })),
-      outlook_(prepareProfile(line), [this] { return clock_.now(); }),
+      outlook_(prepareProfile(line), [this] { return now(); }),
       exporter_(platform::windows::Exporter::make(liveObjects_)),
       server_(outlook_, exporter_) {
+    if (line.service) {
+        service_.emplace(*line.service);
+    }
     platform::windows::RegistrySettingsStore settings;
     if (line.settingsFile) {
         settingsFile_.emplace(pathOf(*line.settingsFile));
@@ -31,11 +34,11 @@ HostRun::HostRun(const CommandLine& line)
     keepState();
 }
 
-void HostRun::connect(Report& report) {
+void HostRun::connect(Report& report, const std::function<void()>& loaded) {
     if (registered_.empty()) {
         throw std::runtime_error("no add-in is registered with Outlook on this machine");
     }
-    addIns_ = std::make_unique<AddIns>(registered_, outlook_, *exporter_, report);
+    addIns_ = std::make_unique<AddIns>(registered_, outlook_, *exporter_, report, loaded);
     if (!addIns_->any()) {
         throw std::runtime_error("no add-in could be loaded");
     }

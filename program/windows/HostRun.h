@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -12,6 +13,7 @@
 #include "program/Report.h"
 #include "program/files.h"
 #include "program/windows/AddIns.h"
+#include "program/windows/UpdateService.h"
 
 namespace program::windows {
 
@@ -25,9 +27,10 @@ class HostRun {
     HostRun& operator=(const HostRun&) = delete;
 
     host::Outlook& outlook() { return outlook_; }
-    automation::Date now() { return clock_.now(); }
+    automation::Date now() { return {clock_.now().days + line_.daysLater}; }
     /// Connects the add-ins; they may prompt. Throws std::runtime_error when none can be loaded.
-    void connect(Report& report);
+    /// `loaded` is called before an add-in is connected, when it is in memory.
+    void connect(Report& report, const std::function<void()>& loaded);
     void disconnect();
     /// Writes the settings and the items of the settings folder back to the files that the command line
     /// names.
@@ -43,6 +46,7 @@ class HostRun {
     platform::windows::LiveObjects liveObjects_;
     std::shared_ptr<platform::windows::Exporter> exporter_;
     host::windows::OutlookServer server_;
+    std::optional<UpdateService> service_;
     host::windows::PrivateUser user_;
     std::unique_ptr<AddIns> addIns_;
 };

@@ -24,6 +24,8 @@
 #include "program/windows/HostRun.h"
 #include "program/windows/sampleMail.h"
 #include "robot/DialogRobot.h"
+#include "robot/importTable.h"
+#include "robot/messageWindows.h"
 
 namespace {
 
@@ -76,7 +78,9 @@ robot::DialogRobot::Answers scripted(platform::AnswerList& answers, program::Rep
             [&](const platform::FormPrompt& prompt) {
                 Sleep(pauseBeforeAnswer());
                 const auto answer = answers.take(prompt);
-                report.form(prompt, answer);
+                if (answer || !prompt.waits) {
+                    report.form(prompt, answer);
+                }
                 return answer;
             },
             [&](const platform::FolderPrompt& prompt) {
@@ -85,6 +89,14 @@ robot::DialogRobot::Answers scripted(platform::AnswerList& answers, program::Rep
                 report.folder(prompt, answer);
                 return answer;
             }};
+}
+
+void tellOpened(program::Report& report, const std::wstring& what) {
+    if (const auto address = platform::WebAddress::parse(what)) {
+        report.opened(*address);
+    } else {
+        report.started(what);
+    }
 }
 
 ExitStatus runCommand(const CommandLine& line) {
@@ -106,8 +118,15 @@ ExitStatus runCommand(const CommandLine& line) {
     if (line.trace) {
         trace.emplace();
     }
-    host.connect(report);
-    program::Session session(line, host.outlook(), report, unanswered);
+    host.connect(report, [&] {
+        if (line.daysLater != 0) {
+            robot::moveClockOfAddIn(line.daysLater);
+        }
+        if (!person) {
+            robot::catchOpening([&report](const std::wstring& what) { tellOpened(report, what); });
+        }
+    });
+    program::Session session(line, host.outlook(), report, unanswered, &robot::settleAddIn);
     const ExitStatus status = session.run(read.messages);
     session.quit();
     host.disconnect();
@@ -134,12 +153,14 @@ ExitStatus runWindow(const CommandLine& line) {
          program::windows::sampleMail(line.accounts.front().address, host.now())) {
         host.outlook().receive(message);
     }
-    host.connect(report);
+    host.connect(report, [] {});
     {
         const host::windows::MainWindow window(host.outlook());
         host::windows::runMessageLoop();
     }
-    program::Session(line, host.outlook(), report, [] { return false; }).quit();
+    program::Session(
+        line, host.outlook(), report, [] { return false; }, [] {})
+        .quit();
     host.disconnect();
     host.keepState();
     return ExitStatus::Done;
