@@ -45,6 +45,8 @@ def unknown_texts(page, texts):
 
     def known(part, alone):
         part = plain(part)
+        if not part:
+            return True
         wordings = {part, part.removesuffix(" - Veltro"), part.replace("Veltro", "%"), part.removeprefix("Veltro ")}
         long = not alone or len(part) >= SENTENCE
         return bool(wordings & whole) or (long and any(wording in everything for wording in wordings))
