@@ -43,30 +43,29 @@ LIST = """<!DOCTYPE HTML PUBLIC "-//IETF//DTD HTML//EN">
 """
 
 
-def entry(name, *topics):
-    """A line of the contents or the index; `topics` are titles and paths. Without topics: a chapter."""
-    parameters = [("Name", name)]
-    for title, path in topics:
-        # The contents have the one title as their name.
-        parameters += ([("Name", title)] if len(topics) > 1 or title != name else []) + [("Local", path)]
+def entry(*parameters):
+    """A line of the contents or the index."""
     inner = "".join(f'<param name="{key}" value="{escape(value)}">' for key, value in parameters)
     return f'<li><object type="text/sitemap">{inner}</object>'
+
+
+def topic(page):
+    return ("Name", page.title), ("Local", page.path)
 
 
 def contents(help, book):
     lines = ["<ul>"]
     for chapter, paths in book.chapters:
-        pages = [help.pages[path] for path in paths]
-        lines += [entry(chapter), "<ul>", *(entry(page.title, (page.title, page.path)) for page in pages), "</ul>"]
+        lines += [entry(("Name", chapter)), "<ul>", *(entry(*topic(help.pages[path])) for path in paths), "</ul>"]
     return LIST.format(lines="\n".join(lines + ["</ul>"]))
 
 
 def index(help, book):
-    words = {}
+    topics = {}
     for page in help.pages_of(book):
         for word in page.keywords:
-            words.setdefault(word, []).append((page.title, page.path))
-    lines = [entry(word, *words[word]) for word in sorted(words, key=str.lower)]
+            topics.setdefault(word, []).extend(topic(page))
+    lines = [entry(("Name", word), *topics[word]) for word in sorted(topics, key=str.lower)]
     return LIST.format(lines="\n".join(["<ul>", *lines, "</ul>"]))
 
 

@@ -4,6 +4,9 @@ import posixpath
 from html import escape
 from urllib.parse import quote
 
+# The web page that is opened first.
+START = "index.htm"
+
 PAGE = """<!DOCTYPE html>
 <html lang="en">
 <head>
@@ -37,15 +40,22 @@ def whole(page, book, mark, contents=""):
     )
 
 
-def contents(help, book, at=None):
-    """The book's contents as lists of links, for a page at the path `at`; its own entry is no link."""
-    folder = posixpath.dirname(at or "")
+def link(title, path, at):
+    """To `path`, from the page at the path `at`."""
+    target = quote(posixpath.relpath(path, posixpath.dirname(at) or "."))
+    return escape(title) if path == at else f'<a href="{target}">{escape(title)}</a>'
+
+
+def contents(help, book, at):
+    """The contents for the page at the path `at`: the pages of its own chapter, and the other chapters' first. The
+    start page has all."""
     lines = ['<div class="contents">']
+    if at != START:
+        lines.append(f"<h2>{link('All topics', START, at)}</h2>")
     for chapter, paths in book.chapters:
-        lines.append(f"<h2>{escape(chapter)}</h2>\n<ul>")
-        for path in paths:
-            title = escape(help.pages[path].title)
-            link = quote(posixpath.relpath(path, folder or "."))
-            lines.append(f"<li>{title}</li>" if path == at else f'<li><a href="{link}">{title}</a></li>')
-        lines.append("</ul>")
+        if at in paths or at == START:
+            pages = [f"<li>{link(help.pages[path].title, path, at)}</li>" for path in paths]
+            lines += [f"<h2>{escape(chapter)}</h2>", "<ul>", *pages, "</ul>"]
+        else:
+            lines.append(f"<h2>{link(chapter, paths[0], at)}</h2>")
     return "\n".join(lines) + "\n</div>\n"

@@ -7,6 +7,7 @@ import allsettings
 import checks
 import chm
 import pages
+import web
 
 PAGE = '<title>{0}</title>\n<meta name="keywords" content="{0}; sending">\n<p>{1}</p>\n'
 GOOD = {
@@ -33,6 +34,8 @@ BAD = [
     ("help/two.htm", PAGE.format("Two", '<i id="end">a@place.test</i>'), "may not exist: a@place.test"),
     ("help/two.htm", PAGE.format("Two", '<b id="end">Store</b>'), "the product shows no such text: Store"),
     ("help/two.htm", PAGE.format("Two", '<b id="end">Send it</b>'), "the product shows no such text: Send it"),
+    ("help/two.htm", PAGE.format("Two", '<i id="end">End</i><p>'), "<p> is not closed"),
+    ("help/two.htm", PAGE.format("Two", '<img id="end" src="pictures/x.png">'), "no alt text: pictures/x.png"),
     ("help/two.htm", '<i id="end">bare</i>', "no title"),
     ("help/two.htm", '<title>Two</title><i id="end">bare</i>', "no keywords"),
     ("help/three.htm", PAGE.format("Three", ""), "three.htm: in no contents"),
@@ -79,6 +82,23 @@ def book_results():
             yield "Veltro.chm", chm.faults_of(made, files, book)
 
 
+def web_results():
+    """A folder of web pages, before it is written, written, and spoiled."""
+    with tempfile.TemporaryDirectory() as folder:
+        root = Path(folder)
+        put(root, GOOD)
+        files = web.files_of(pages.Help(root / "help"), b"the mark")
+        made = root / "web"
+        yield "A b/one.htm", web.behind(made, files)
+        web.write(made, files)
+        yield "", web.behind(made, files)
+        put(made, {"two.htm": "other", "three.htm": "left over"})
+        yield "two.htm", web.behind(made, files)
+        yield "three.htm", web.behind(made, files)
+        web.write(made, files)
+        yield "", web.behind(made, files)
+
+
 def table_result():
     made = allsettings.html("**A & B**\n\n| Name | For |\n|---|---|\n| `x` | `a;b` < 1 |\n")
     wanted = (
@@ -91,7 +111,7 @@ def table_result():
 def run():
     results = [("", source_faults({})), table_result()]
     results += [(expected, source_faults({name: text})) for name, text, expected in BAD]
-    results += book_results()
+    results += [*book_results(), *web_results()]
     wrong = [
         f"expected {expected or 'no fault'}: {faults}"
         for expected, faults in results

@@ -3,13 +3,12 @@
 import render
 
 MARK = "veltro.svg"
-START = "index.htm"
 
 
 class Start:
-    """The page that a browser is given first: the contents."""
+    """The start page, which is nothing but the contents."""
 
-    path, title = START, "Contents"
+    path, title = render.START, "All topics"
 
     def __init__(self, contents):
         self.contents = contents
@@ -21,9 +20,9 @@ class Start:
 def files_of(help, mark):
     """All files of docs/help, as bytes by path."""
     book = next(book for book in help.books if book.name == "Veltro")
-    pages = {page.path: render.whole(page, book, MARK, render.contents(help, book, page.path)) for page in help.pages_of(book)}
-    pages[START] = render.whole(Start(render.contents(help, book)), book, MARK)
-    files = {path: text.encode("ascii") for path, text in pages.items()}
+    pages = [(page, render.contents(help, book, page.path)) for page in help.pages_of(book)]
+    pages.append((Start(render.contents(help, book, render.START)), ""))
+    files = {page.path: render.whole(page, book, MARK, contents).encode("ascii") for page, contents in pages}
     files |= {picture: (help.folder / picture).read_bytes() for picture in help.pictures_of(book)}
     return files | {"style.css": (help.folder / "style.css").read_bytes(), MARK: mark}
 
