@@ -298,6 +298,17 @@ TEST_F(ServerTest, ReadsTheResourceLibrary) {
     EXPECT_EQ(resources.wrap(platform::PictureKind::Icon, icon, picture), 0);
     EXPECT_TRUE(picture);
     EXPECT_EQ(library->pictureHandle(platform::PictureKind::Bitmap, 9999), 0U);
+    const struct {
+        std::uint32_t id;
+        std::pair<LONG, LONG> size;
+    } bitmaps[] = {{602, {16, 16}}, {603, {16, 16}}, {604, {560, 150}}, {605, {48, 48}}, {606, {420, 64}}};
+    for (const auto& [id, size] : bitmaps) {
+        const auto handle = library->pictureHandle(platform::PictureKind::Bitmap, id);
+        BITMAP shown{};
+        GetObjectW(reinterpret_cast<HGDIOBJ>(handle), sizeof shown, &shown);
+        EXPECT_EQ(std::pair(shown.bmWidth, shown.bmHeight), size) << id;
+        resources.release(handle);
+    }
 
     EXPECT_FALSE(resources.load(path + L".missing", error));
     EXPECT_NE(error, 0U);

@@ -10,8 +10,8 @@ set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 if(WIN32)
     set(VELTRO_WORLD windows)
     enable_language(RC)
-    # Resource scripts name their files from the root, as sources do.
-    set(CMAKE_RC_FLAGS "${CMAKE_RC_FLAGS} -I \"${CMAKE_SOURCE_DIR}\"")
+    # Resource scripts name their files from the root, as sources do, and drawn pictures as pictures/<file>.
+    set(CMAKE_RC_FLAGS "${CMAKE_RC_FLAGS} -I \"${CMAKE_SOURCE_DIR}\" -I \"${CMAKE_BINARY_DIR}/generated\"")
 else()
     set(VELTRO_WORLD native)
 endif()
