@@ -1,7 +1,5 @@
 #include "settings/CopyMsgToInbox.h"
 
-#include <filesystem>
-
 #include "mail/MapiSession.h"
 #include "mail/errorTrap.h"
 #include "platform/files.h"
@@ -31,9 +29,7 @@ void CopyMsgToInbox(const mail::Globals& globals) {
     }
     const std::wstring file =
         platform::joinPath(globals.platform.system.addInFolder(), L"Introducing_Veltro.msg");
-    std::error_code error;
-    if (std::filesystem::exists(platform::filePath(file), error) &&
-        mail::skipErrors([&] { receive(globals, file); })) {
+    if (mail::skipErrors([&] { receive(globals, file); })) {
         note(created);
     }
 }

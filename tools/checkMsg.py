@@ -9,6 +9,7 @@ Prints a line for each fault and ends with status 1 when there are any.
 
 import email
 import email.policy
+import os
 import struct
 import subprocess
 import sys
@@ -34,7 +35,8 @@ def shown(mail):
 
 def output_of(*command):
     """What a program writes. Raises ValueError when it fails or complains."""
-    done = subprocess.run(command, capture_output=True, check=False)
+    # In a plain locale: Perl complains of one that is not installed.
+    done = subprocess.run(command, capture_output=True, check=False, env=os.environ | {"LC_ALL": "C"})
     if done.returncode or done.stderr:
         raise ValueError(f"{command[0]}: {done.stderr.decode(errors='replace').strip() or done.returncode}")
     return done.stdout
