@@ -4,8 +4,11 @@
 #include "host/Core.h"
 #include "host/Folder.h"
 #include "host/Item.h"
+#include "host/MsgFile.h"
 #include "host/NameSpace.h"
 #include "host/RdoAccounts.h"
+#include "host/RdoFolder.h"
+#include "host/RdoMessage.h"
 #include "host/SafeItem.h"
 
 namespace host {
@@ -22,6 +25,20 @@ Value messageFromId(RdoSession& session, Arguments arguments) {
         raise::objectNotFound();
     }
     return session.core().makeObject<SafeItem>(SafeItem::Kind::Rdo, item);
+}
+
+Value messageFromFile(RdoSession& session, Arguments arguments) {
+    session.checkLoggedOn();
+    return session.core().makeObject<RdoMessage>(readMsgFile(arguments.text(0)));
+}
+
+Value defaultFolderOf(RdoSession& session, Arguments arguments) {
+    session.checkLoggedOn();
+    const auto folder = session.core().mailbox().defaultFolder(arguments[0].toInteger());
+    if (!folder) {
+        raise::objectNotFound();
+    }
+    return session.core().makeObject<RdoFolder>(folder);
 }
 
 Object storesOf(RdoSession& session) {
@@ -65,6 +82,8 @@ constinit const Members<RdoSession> RdoSession::members = {
     {.name = L"Logoff", .call = use<&RdoSession::logOff>},
     {.name = L"Stores", .id = 6, .get = use<storesOf>},
     {.name = L"GetMessageFromID", .id = 9, .call = messageFromId, .least = 1, .most = 3},
+    {.name = L"GetDefaultFolder", .call = defaultFolderOf, .least = 1, .most = 1},
+    {.name = L"GetMessageFromMsgFile", .id = 20, .call = messageFromFile, .least = 1, .most = 1},
     {.name = L"CurrentUser", .id = 13, .get = use<currentUserOf>},
     {.name = L"Accounts", .id = 19, .get = accountsOf},
 };

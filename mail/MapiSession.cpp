@@ -28,15 +28,19 @@ std::wstring Session::currentUserType() const {
     return object_.get(L"CurrentUser").toObject().get(L"Type").toText();
 }
 
-void Session::receiveFile(const std::wstring& path) const {
+void Session::receiveFile(const std::wstring& path, automation::Date now) const {
     const automation::Object message = object_.call(L"GetMessageFromMsgFile", path).toObject();
     const automation::Object inbox = object_.call(L"GetDefaultFolder", outlook::folderId::inbox).toObject();
     const automation::Object copy = inbox.get(L"Items").toObject().call(L"Add", L"IPM.Note").toObject();
     // Before the first save alone a message can be marked as one that was sent.
     copy.put(L"Sent", true);
     message.call(L"CopyTo", copy);
+    // The copy may have brought the file's own.
     copy.put(L"MessageClass", L"IPM.Note");
     copy.put(L"UnRead", true);
+    // Without times it would stand below all mails of the Inbox.
+    copy.put(L"SentOn", now);
+    copy.put(L"ReceivedTime", now);
     copy.call(L"Save");
 }
 

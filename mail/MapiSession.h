@@ -48,8 +48,9 @@ class Session : public outlook::Front {
     /// none.
     Account account(const std::wstring& name) const;
     std::wstring currentUserType() const;
-    /// Puts a copy of the message in a .msg file into the Inbox, as a mail that was received and not read.
-    void receiveFile(const std::wstring& path) const;
+    /// Puts a copy of the message in a .msg file into the Inbox, as a mail that was received now and not
+    /// read.
+    void receiveFile(const std::wstring& path, automation::Date now) const;
     automation::Object message(const std::wstring& entryId) const {
         return object_.call(L"GetMessageFromID", entryId).toObject();
     }

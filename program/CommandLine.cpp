@@ -46,7 +46,7 @@ constexpr char usageText[] =
   --days-later N           today is so many days later
   --bcc-me                 the received message reached the user blind (reply commands)
   --first-run              a profile on which the add-in never ran; its start shows the settings, which need an
-                           answer then
+                           answer then, and brings an e-mail that introduces it
   --answer 'WHERE=WHAT'    an answer to a prompt, repeatable, used in order. WHERE is the start of a message
                            box's title, or a form's name; WHAT is Yes, No, OK or Cancel, or for a form
                            control=value and finally the button, parted by "; " (";;" is a plain ";"). In

@@ -242,6 +242,16 @@ void Report::unreadable(const std::wstring& file, const std::string& why) {
     }
 }
 
+void Report::received(const host::ItemView& mail) {
+    if (!json()) {
+        line("  received: \"" + terminalLine(mail.subject) + '"');
+        return;
+    }
+    Json told = event("received");
+    told["subject"] = plainUtf8(mail.subject);
+    line(jsonText(told));
+}
+
 void Report::sent(const host::ItemView& mail) {
     outcome("sent", mail);
 }

@@ -35,6 +35,8 @@ class Report : public platform::PromptObserver {
     void end() { file_.reset(); }
     /// A file that has no turn because it cannot be read; events only.
     void unreadable(const std::wstring& file, const std::string& why);
+    /// A mail that has come into the Inbox of itself.
+    void received(const host::ItemView& mail);
     void sent(const host::ItemView& mail);
     void cancelled(const host::ItemView& mail);
     void reply(host::ReplyKind kind, const host::ItemView& mail);

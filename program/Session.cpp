@@ -75,6 +75,9 @@ Session::Session(const CommandLine& line, host::Outlook& outlook, Report& report
 
 ExitStatus Session::run(const std::vector<MessageFile>& messages) {
     reportErrors();
+    for (const automation::Object& item : outlook_.itemsIn(L"Inbox")) {
+        report_.received(outlook_.view(item));
+    }
     if (const auto status = runMenu()) {
         return *status;
     }

@@ -1,7 +1,5 @@
 #include "settings/CopyMsgToInbox.h"
 
-#include <filesystem>
-
 #include "mail/MapiSession.h"
 #include "mail/errorTrap.h"
 #include "platform/files.h"
@@ -16,21 +14,24 @@ constexpr wchar_t created[] = L"CREATED";
 void receive(const mail::Globals& globals, const std::wstring& file) {
     const redemption::Session session(globals);
     session.logonIfNeeded();
-    session.receiveFile(file);
+    session.receiveFile(file, globals.platform.clock.now());
 }
 
 }  // namespace
 
 void CopyMsgToInbox(const mail::Globals& globals) {
-    if (modRegKeys::IntroEmailCreated.read(globals) == created) {
+    const auto note = [&globals](const wchar_t* outcome) {
+        return mail::skipErrors([&] { modRegKeys::IntroEmailCreated.write(globals, outcome); });
+    };
+    // Where nothing can be noted each start would bring the e-mail once more.
+    if (modRegKeys::IntroEmailCreated.read(globals) == created || !note(L"NOTCREATED")) {
         return;
     }
     const std::wstring file =
         platform::joinPath(globals.platform.system.addInFolder(), L"Introducing_Veltro.msg");
-    std::error_code error;
-    const bool done = std::filesystem::exists(platform::filePath(file), error) &&
-                      mail::skipErrors([&] { receive(globals, file); });
-    mail::skipErrors([&] { modRegKeys::IntroEmailCreated.write(globals, done ? created : L"NOTCREATED"); });
+    if (mail::skipErrors([&] { receive(globals, file); })) {
+        note(created);
+    }
 }
 
 }  // namespace settings

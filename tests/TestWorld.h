@@ -57,7 +57,8 @@ class TestWorld {
 
     explicit TestWorld(std::vector<std::wstring> answers = {}, host::Profile profile = {})
         : TestWorld(nullptr, std::move(answers), std::move(profile)) {}
-    explicit TestWorld(platform::SettingsStore& store) : TestWorld(&store, {}, {}) {}
+    explicit TestWorld(platform::SettingsStore& store, std::wstring addInFolder = L".")
+        : TestWorld(&store, {}, {}, std::move(addInFolder)) {}
 
     Log log;
     host::Outlook outlook;
@@ -70,10 +71,11 @@ class TestWorld {
     mail::Globals globals{platform};
 
   private:
-    TestWorld(platform::SettingsStore* store, std::vector<std::wstring> answers, host::Profile profile)
+    TestWorld(platform::SettingsStore* store, std::vector<std::wstring> answers, host::Profile profile,
+              std::wstring addInFolder = L".")
         : outlook(std::move(profile)),
           desktop(parsed(answers), log),
-          ports(outlook.automation(), desktop, clock, store) {
+          ports(outlook.automation(), desktop, clock, store, std::move(addInFolder)) {
         globals.outlook = outlook::Application(outlook.application());
     }
 

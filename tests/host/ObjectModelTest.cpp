@@ -83,6 +83,9 @@ std::map<std::wstring, Object> everyObject(host::Outlook& outlook) {
     all[L"RdoOrder"] = all[L"RdoAccounts"].call(L"GetOrder", 2).toObject();
     all[L"RdoAccount"] = all[L"RdoOrder"].get(L"Item", 1).toObject();
     all[L"RdoMail"] = all[L"Rdo"].call(L"GetMessageFromID", all[L"Item"].get(L"EntryID")).toObject();
+    all[L"RdoFolder"] = all[L"Rdo"].call(L"GetDefaultFolder", 6).toObject();
+    all[L"RdoItems"] = all[L"RdoFolder"].get(L"Items").toObject();
+    all[L"RdoNew"] = all[L"RdoItems"].call(L"Add", L"IPM.Note").toObject();
     all[L"Utils"] = outlook.automation().createObject(L"vtRedemption.vtMAPIUtils");
     return all;
 }
@@ -115,6 +118,7 @@ constexpr const wchar_t* memberNames[] = {L"Account",
                                           L"CommandBars",
                                           L"Connect",
                                           L"Controls",
+                                          L"CopyTo",
                                           L"Count",
                                           L"CreateItem",
                                           L"CurrentFolder",
@@ -146,6 +150,7 @@ constexpr const wchar_t* memberNames[] = {L"Account",
                                           L"GetInspector",
                                           L"GetItemFromID",
                                           L"GetMessageFromID",
+                                          L"GetMessageFromMsgFile",
                                           L"GetNamespace",
                                           L"GetOrder",
                                           L"Guid",
@@ -196,6 +201,7 @@ constexpr const wchar_t* memberNames[] = {L"Account",
                                           L"SenderName",
                                           L"SendUsingAccount",
                                           L"Sent",
+                                          L"SentOn",
                                           L"SentOnBehalfOfName",
                                           L"Session",
                                           L"SmtpAddress",
@@ -368,7 +374,9 @@ TEST(HostObjectModelTest, DispatchIdsAreOutlooks) {
         {L"vtSafeMailItem",
          L"Item 12245934 Fields 12245937 Sender 12245930 Body 37120 HTMLBody 62468 Recipients 63508 "
          L"Attachments 63509"},
-        {L"Rdo", L"LoggedOn 2 MAPIOBJECT 3 Logon 4 Stores 6 GetMessageFromID 9 CurrentUser 13 Accounts 19"},
+        {L"Rdo",
+         L"LoggedOn 2 MAPIOBJECT 3 Logon 4 Stores 6 GetMessageFromID 9 CurrentUser 13 Accounts 19 "
+         L"GetMessageFromMsgFile 20"},
         {L"RdoAccount", L"Name 4 ID 6 Stamp 7 Fields 13"},
         {L"Word", L"Run 445 AddIns 22 Templates 67"},
         {L"WordAddIns", L"Item 0 Count 1 Add 2"},

@@ -19,6 +19,7 @@ std::string everything(Report::Format format) {
     mail.recipients = {{.address = {.name = hostile, .address = hostile}}};
     report.beep();
     report.help(hostile, hostile, platform::HelpView::Contents);
+    report.received(mail);
     report.begin(hostile);
     report.message({hostile, hostile, {}}, platform::Answer::Ok);
     report.form({L"frmX", hostile, {{L"txtX", hostile, hostile, true, true, true}}},
@@ -58,6 +59,7 @@ TEST(Report, NamesTheFileInEveryEvent) {
     }
     EXPECT_EQ(named, (std::vector<std::pair<std::string, bool>>{{"beep", false},
                                                                 {"help", false},
+                                                                {"received", false},
                                                                 {"message", true},
                                                                 {"form", true},
                                                                 {"folder", true},

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <map>
 #include <memory>
 #include <optional>
@@ -30,7 +31,13 @@ struct Given {
     bool connected = true;
     /// The bytes of an administrator's settings file beside the add-in.
     std::optional<std::string> settingsFile{};
+    /// The bytes that take the place of the introduction e-mail's file beside the add-in; empty: it is
+    /// missing.
+    std::optional<std::string> introduction{};
 };
+
+/// Where the add-in lies, with its own files beside it.
+std::filesystem::path addInFolder();
 
 /// The add-in beside one simulated Outlook, in the world for which the tests are built: natively linked in,
 /// on Windows the registered Veltro.dll behind COM with its real dialogs.

@@ -3,8 +3,9 @@
 include(VeltroResources)
 
 set(VELTRO_MESSAGE_SOURCES
-    host/LocalTime.cpp program/MessageJson.cpp program/json.cpp program/native/HtmlText.cpp
-    program/native/ImportMessage.cpp program/native/MailText.cpp program/native/MessageParts.cpp)
+    host/CompoundFile.cpp host/LocalTime.cpp host/MsgFile.cpp program/MessageJson.cpp program/json.cpp
+    program/native/HtmlText.cpp program/native/ImportMessage.cpp program/native/MailText.cpp
+    program/native/MessageParts.cpp)
 
 # nlohmann-json is headers only and serves both worlds. A cross compiler must see it alone: the rest of
 # /usr/include belongs to another system.

@@ -128,6 +128,20 @@ TEST_F(Program, WarnsAndInforms) {
     EXPECT_TRUE(version.output.starts_with("veltro-host 1.")) << version.output;
 }
 
+TEST_F(Program, TellsOfTheMailThatAFirstStartBrings) {
+    const std::string arguments =
+        "settings --first-run --answer 'frmIntroWizard=cmdNav(1)' --answer 'frmIntroWizard=cmdNav(1)'";
+    const auto text = run(arguments);
+    EXPECT_EQ(text.status, 0) << text.errors;
+    EXPECT_NE(text.output.find("\n  received: \"Introducing Veltro\"\n  form frmIntroWizard: "),
+              std::string::npos)
+        << text.output;
+    const auto json = run(arguments + " --json");
+    EXPECT_NE(json.output.find(R"({"event":"received","file":null,"subject":"Introducing Veltro"})"),
+              std::string::npos)
+        << json.output;
+}
+
 TEST_F(Program, CarriesSettingsByAnAdministratorsFile) {
     const auto saved = run("settings export . --set SettingsID=7 --set AttachKeyWords=budget");
     EXPECT_EQ(saved.status, 0) << saved.errors;

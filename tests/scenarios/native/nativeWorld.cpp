@@ -12,24 +12,28 @@
 
 namespace {
 
-/// The folder that holds this program and, beside it, the resource library.
-std::wstring programFolder() {
-    return text::fromUtf8(std::filesystem::read_symlink("/proc/self/exe").parent_path().string());
-}
-
 /// A folder of this world's own for the add-in: other tests run beside this one.
 class AddInFolder {
   public:
-    explicit AddInFolder(const std::string& settingsFile) {
-        folder_.write("Veltro_Settings.ini", settingsFile);
-        for (const wchar_t* name : {L"Resource.dll", L"Tags.txt"}) {
-            std::filesystem::create_symlink(std::filesystem::path(programFolder()) / name,
-                                            folder_.file(text::toUtf8(name)));
+    explicit AddInFolder(const Given& setup) {
+        if (setup.settingsFile) {
+            folder_.write("Veltro_Settings.ini", *setup.settingsFile);
         }
+        take("Tags.txt", std::nullopt);
+        take("Resource.dll", setup.resourceLibrary ? std::nullopt : std::optional(""));
+        take("Introducing_Veltro.msg", setup.introduction);
     }
     std::wstring path() const { return folder_.file(".").wstring(); }
 
   private:
+    void take(const char* name, const std::optional<std::string>& bytes) {
+        if (!bytes) {
+            std::filesystem::create_symlink(addInFolder() / name, folder_.file(name));
+        } else if (!bytes->empty()) {
+            folder_.write(name, *bytes);
+        }
+    }
+
     TemporaryFolder folder_;
 };
 
@@ -41,13 +45,9 @@ class NativeWorld : public AddInWorld {
           objects_(outlook.automation()),
           desktop_(std::move(answers), observer),
           clock_(setup.now),
-          folder_(setup.settingsFile ? std::make_unique<AddInFolder>(*setup.settingsFile) : nullptr),
+          folder_(setup),
           http_(desktop_.events()),
-          ports_(objects_, desktop_, clock_, nullptr,
-                 folder_                 ? folder_->path()
-                 : setup.resourceLibrary ? programFolder()
-                                         : L"\\nowhere",
-                 &http_) {
+          ports_(objects_, desktop_, clock_, nullptr, folder_.path(), &http_) {
         for (const auto& [key, value] : setup.settings) {
             ports_.settings.write(key, value);
         }
@@ -85,13 +85,17 @@ class NativeWorld : public AddInWorld {
     CountedObjects objects_;
     platform::native::ScriptedDesktop desktop_;
     platform::native::SetClock clock_;
-    std::unique_ptr<AddInFolder> folder_;
+    AddInFolder folder_;
     platform::native::CurlHttp http_;
     platform::native::MemoryPorts ports_;
     addin::Connect connection_{ports_.platform};
 };
 
 }  // namespace
+
+std::filesystem::path addInFolder() {
+    return std::filesystem::read_symlink("/proc/self/exe").parent_path();
+}
 
 std::unique_ptr<AddInWorld> makeAddInWorld(host::Outlook& outlook, const Given& setup,
                                            platform::AnswerList answers, platform::PromptObserver& observer) {

@@ -50,43 +50,33 @@ class Presets {
     static constexpr const wchar_t* path = L"SOFTWARE\\Corvane\\Veltro";
 };
 
-/// Takes Resource.dll away from beside the add-in while a scenario runs.
-class HiddenResources {
+/// Other bytes in a file beside the add-in while a scenario runs, or no such file when they are empty.
+/// Without bytes it stays as it is.
+class FileBesideAddIn {
   public:
-    explicit HiddenResources(bool hide) : hidden_(hide) { move(L"Resource.dll", L"Resource.away"); }
-    ~HiddenResources() { move(L"Resource.away", L"Resource.dll"); }
-    HiddenResources(const HiddenResources&) = delete;
-    HiddenResources& operator=(const HiddenResources&) = delete;
-
-  private:
-    void move(const wchar_t* from, const wchar_t* to) const {
-        if (hidden_) {
-            const auto folder = std::filesystem::path(modulePath(nullptr)).parent_path();
-            std::filesystem::rename(folder / from, folder / to);
+    FileBesideAddIn(const wchar_t* name, const std::optional<std::string>& bytes)
+        : file_(addInFolder() / name), away_(file_.wstring() + L".away"), replaced_(bytes.has_value()) {
+        if (replaced_ && std::filesystem::exists(file_)) {
+            std::filesystem::rename(file_, away_);
         }
-    }
-
-    bool hidden_;
-};
-
-/// An administrator's settings file beside the add-in while a scenario runs.
-class SettingsFile {
-  public:
-    explicit SettingsFile(const std::optional<std::string>& bytes) {
-        if (bytes) {
+        if (replaced_ && !bytes->empty()) {
             std::ofstream(file_, std::ios::binary) << *bytes;
         }
     }
-    ~SettingsFile() {
-        std::error_code ignored;
-        std::filesystem::remove(file_, ignored);
+    ~FileBesideAddIn() {
+        if (replaced_) {
+            std::error_code notThere;
+            std::filesystem::remove(file_, notThere);
+            std::filesystem::rename(away_, file_, notThere);
+        }
     }
-    SettingsFile(const SettingsFile&) = delete;
-    SettingsFile& operator=(const SettingsFile&) = delete;
+    FileBesideAddIn(const FileBesideAddIn&) = delete;
+    FileBesideAddIn& operator=(const FileBesideAddIn&) = delete;
 
   private:
-    std::filesystem::path file_ =
-        std::filesystem::path(modulePath(nullptr)).parent_path() / L"Veltro_Settings.ini";
+    std::filesystem::path file_;
+    std::filesystem::path away_;
+    bool replaced_;
 };
 
 /// Keeps the add-in's DLL in memory till the end of the tests. Each time that it is unloaded, the compiler's
@@ -111,9 +101,10 @@ class WindowsWorld : public AddInWorld {
                  platform::PromptObserver& observer)
         : now_(given.now),
           observer_(observer),
-          resources_(!given.resourceLibrary),
+          resources_(L"Resource.dll", given.resourceLibrary ? std::nullopt : std::optional("")),
+          introduction_(L"Introducing_Veltro.msg", given.introduction),
+          settingsFile_(L"Veltro_Settings.ini", given.settingsFile),
           presets_(given.presets),
-          settingsFile_(given.settingsFile),
           outlook_(outlook),
           exporter_(Exporter::make(liveObjects_)),
           server_(outlook, exporter_),
@@ -185,9 +176,10 @@ class WindowsWorld : public AddInWorld {
     automation::Date now_;
     platform::PromptObserver& observer_;
     Apartment apartment_;
-    HiddenResources resources_;
+    FileBesideAddIn resources_;
+    FileBesideAddIn introduction_;
+    FileBesideAddIn settingsFile_;
     Presets presets_;
-    SettingsFile settingsFile_;
     host::Outlook& outlook_;
     LiveObjects liveObjects_;
     std::shared_ptr<Exporter> exporter_;
@@ -202,6 +194,10 @@ class WindowsWorld : public AddInWorld {
 };
 
 }  // namespace
+
+std::filesystem::path addInFolder() {
+    return std::filesystem::path(modulePath(nullptr)).parent_path();
+}
 
 std::unique_ptr<AddInWorld> makeAddInWorld(host::Outlook& outlook, const Given& given,
                                            platform::AnswerList answers, platform::PromptObserver& observer) {
