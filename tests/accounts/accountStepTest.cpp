@@ -45,6 +45,8 @@ TEST(AccountStep, LeavesAMailToNobodyAlone) {
     nobody.to.clear();
     EXPECT_FALSE(sendThrough(world, unresolved).cancelled);
     EXPECT_FALSE(sendThrough(world, nobody).cancelled);
+    EXPECT_FALSE(sendThrough(world, mailTo(L"")).cancelled);
+    EXPECT_TRUE(world.log.forms.empty());
     EXPECT_TRUE(world.log.messages.empty());
 }
 
