@@ -69,7 +69,6 @@ bool clsSendAcct::Edit() {
 }
 
 bool clsSendAcct::Update() {
-    ErrorReport.clear();
     strEmailAddress = std::wstring(text::trim(strEmailAddress));
     strAccount = std::wstring(text::trim(strAccount));
     if (strEmailAddress.empty()) {
@@ -107,7 +106,6 @@ bool clsSendAcct::store(const AccountEntry& entry) {
 }
 
 bool clsSendAcct::Delete() {
-    ErrorReport.clear();
     return hasCurrentRow() ? change(ListChange::removal(*list_)) : fail(L"No active record to delete");
 }
 

@@ -114,7 +114,6 @@ bool frmEmailAddressEdit::isOnList() const {
 }
 
 bool frmEmailAddressEdit::save() {
-    list_.ErrorReport.clear();
     if (mode_ == Mode::Add) {
         list_.AddNew();
     } else {

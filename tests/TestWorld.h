@@ -28,8 +28,12 @@ class TestWorld {
         std::function<void()> meanwhile;
         /// What happens while a form is open, before its answer.
         std::function<void(const platform::FormPrompt&)> shown;
+        /// A form, a help topic, or the message box or folder browser whose text starts so: the
+        /// desktop fails to show it once.
+        std::wstring failing;
         void message(const platform::MessagePrompt& prompt, std::optional<platform::Answer>) override {
             messages.push_back(prompt);
+            show(prompt.text);
             if (meanwhile) {
                 meanwhile();
             }
@@ -39,6 +43,7 @@ class TestWorld {
             if (shown) {
                 shown(prompt);
             }
+            show(prompt.form);
         }
         void opened(const platform::WebAddress& address) override {
             openedAddresses.push_back(address.text());
@@ -47,11 +52,21 @@ class TestWorld {
         void folder(const platform::FolderPrompt& prompt,
                     const std::optional<platform::FolderAnswer>&) override {
             folders.push_back(prompt.title);
+            show(prompt.title);
         }
         void beep() override { ++beeps; }
         void help(const std::wstring& file, const std::wstring& topic, platform::HelpView view) override {
             helps.push_back(file.substr(file.find_last_of(L'\\') + 1) + L'|' + topic + L'|' +
                             (view == platform::HelpView::Contents ? L"with contents" : L""));
+            show(topic);
+        }
+
+      private:
+        void show(const std::wstring& what) {
+            if (!failing.empty() && what.starts_with(failing)) {
+                failing.clear();
+                throw automation::Error(76, L"Path not found");
+            }
         }
     };
 

@@ -36,8 +36,8 @@ const Entries bobAtHome{{L"bob@example.org", L"Home"}};
 const Entries bobGone{{L"bob@example.org", L"Gone"}};
 const Entries ann{{L"ann@example.org", L"Home"}};
 
-/// Outlook will refuse such a mail itself.
-TEST(AccountStep, LeavesAMailToNobodyAlone) {
+/// Outlook will refuse a mail to nobody itself, and an address that cannot be told cannot be listed.
+TEST(AccountStep, LeavesAMailToNobodyKnownAlone) {
     AccountsWorld world(bobAtHome);
     host::Message unresolved = mailTo(L"bob@example.org");
     unresolved.to[0].resolvable = false;
@@ -45,6 +45,10 @@ TEST(AccountStep, LeavesAMailToNobodyAlone) {
     nobody.to.clear();
     EXPECT_FALSE(sendThrough(world, unresolved).cancelled);
     EXPECT_FALSE(sendThrough(world, nobody).cancelled);
+    host::Message unknown = mailTo(L"/o=x/cn=hidden");
+    unknown.to[0].type = L"EX";
+    EXPECT_FALSE(sendThrough(world, unknown).cancelled);
+    EXPECT_TRUE(world.log.forms.empty());
     EXPECT_TRUE(world.log.messages.empty());
 }
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <functional>
 
+#include "accounts/listBody.h"
 #include "tests/accounts/AccountsWorld.h"
 
 namespace {
@@ -242,6 +243,10 @@ TEST(StoredList, SaysWhyItCannotBeChanged) {
     }
     EXPECT_TRUE(world.add(std::wstring(255, L'a'), L"Work"));
     EXPECT_TRUE(world.list.ErrorReport.empty());
+    EXPECT_FALSE(world.add(L"", L"Work"));
+    world.list.AbsolutePosition(1);
+    EXPECT_TRUE(world.list.Edit());
+    EXPECT_TRUE(world.list.ErrorReport.empty());
 }
 
 TEST(StoredList, FindsExactlyWhatItHolds) {
@@ -307,7 +312,7 @@ TEST(StoredList, IsNotSavedAsWhatCannotBeReadAgain) {
 }
 
 TEST(ListFolder, IsMissedWhenTheListIsToBeSaved) {
-    AccountsWorld world(twoEntries, {L"Error: ProjectListMailSave - Veltro=OK"});
+    AccountsWorld world(twoEntries, std::vector<std::wstring>(2, L"Error: ProjectListMailSave - Veltro=OK"));
     world.list.GetDefaultFolder().remove();
     EXPECT_FALSE(world.add(L"cy@example.org", L"Work"));
     ASSERT_EQ(world.log.messages.size(), 1U);
@@ -315,6 +320,17 @@ TEST(ListFolder, IsMissedWhenTheListIsToBeSaved) {
     EXPECT_EQ(world.log.messages[0].style.icon, platform::Icon::Critical);
     EXPECT_EQ(world.log.messages[0].text, L"Unable to find mail item that is used to save e-mail addresses");
     EXPECT_EQ(world.list.ErrorReport, L"The list could not be saved. It is as it was before.");
+    EXPECT_FALSE(
+        world.list.EmailAddressMailSave(accounts::AccountRows(accounts::emptyList).rowset(), L"the folder"));
+}
+
+TEST(ListBody, IsTheSameWhereItsRowsAre) {
+    const std::wstring body = listText(twoEntries);
+    EXPECT_TRUE(accounts::listBody::holdSameList(body, text::replaceAll(body, L"\t<z:row", L"<z:row")));
+    EXPECT_TRUE(accounts::listBody::holdSameList(L"note", L"note"));
+    for (const std::wstring& other : {listText(Entries{twoEntries[0]}), std::wstring(L"note")}) {
+        EXPECT_FALSE(accounts::listBody::holdSameList(body, other));
+    }
 }
 
 TEST(ListFolder, IsMissedOnceItWasKnown) {

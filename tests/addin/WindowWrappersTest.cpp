@@ -155,6 +155,42 @@ TEST(WindowWrappers, AreLetGoWithWindowsThatDoNotTell) {
     wrappers.release();
 }
 
+/// Opening one takes two looks at the others, so that it costs the same however many have been abandoned.
+TEST(WindowWrappers, AreLetGoTwoAtATime) {
+    TestWorld world;
+    addin::WindowWrappers wrappers(world.globals);
+    const auto add = [&] {
+        const auto item = world.outlook.store(L"Drafts", {});
+        wrappers.AddInsp(outlook::Inspector(item.get(L"GetInspector").toObject()), outlook::Item(item),
+                         outlook::itemClass::mail);
+        return item;
+    };
+    const std::vector items{add(), add(), add(), add(), add()};
+    for (const auto& item : items) {
+        world.outlook.deleteItem(item);
+    }
+    for (const std::size_t left : {4U, 3U, 3U, 4U}) {
+        add();
+        EXPECT_EQ(wrappers.inspectors().count(), left);
+    }
+    wrappers.release();
+}
+
+TEST(WindowWrappers, ReportWhereTheirClosingFailed) {
+    TestWorld world({L"Veltro=OK", L"Veltro=OK"});
+    const auto fail = [](const auto&) { throw automation::Error(1, L"Unexpected Error in KillInsp"); };
+    const auto wrapper = std::make_shared<addin::clsInspWrap>(
+        world.globals, addin::clsInspWrap::Keeper{[](const auto&) {}, fail, fail});
+    const auto inspector = world.outlook.openNewMail({});
+    wrapper->setInspector(outlook::Inspector(inspector));
+    wrapper->setMailItem(outlook::Item(world.outlook.itemOf(inspector)));
+    world.outlook.closeInspector(inspector);
+    ASSERT_EQ(world.log.messages.size(), 2U);
+    for (const platform::MessagePrompt& message : world.log.messages) {
+        EXPECT_EQ(message.text, L"clsInspWrap.Close - Error 1: Unexpected Error in KillInsp");
+    }
+}
+
 /// The mail of a window that was closing is moved away, and the window says no more.
 TEST(WindowWrappers, AreLetGoWithWindowsThatVanishWhileTheyClose) {
     TestWorld world;

@@ -38,6 +38,10 @@ TEST(SignatureDialog, StaysOpenUntilWhatIsTickedIsFilledIn) {
     ASSERT_EQ(world.log.messages.size(), 2U);
     EXPECT_EQ(world.log.messages[0].text,
               L"No text entered.\r\n\r\nPlease enter the text you want attachment sentry to ignore.");
+    EXPECT_EQ(
+        world.log.messages[1].text,
+        L"Attachment name is missing.\r\n\r\nPlease enter the name of the attachment you want attachment "
+        L"sentry to ignore.");
     EXPECT_EQ(world.log.messages[1].style.icon, platform::Icon::Information);
     EXPECT_EQ(world.settings.read(L"IgnoreText"), std::nullopt);
 }

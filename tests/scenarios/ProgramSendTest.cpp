@@ -107,6 +107,27 @@ TEST(ProgramsSend, AsksInWordWhileAnotherKindOfWindowIsInFront) {
     EXPECT_EQ(macros, Names{L"vtEmptySubjectCheckWord"});
 }
 
+/// From Outlook 2007 on every editor is Word's, inside of Outlook's own window.
+TEST(ProgramsSend, AsksInWordUpToOutlook2003) {
+    for (const auto& [version, inWord] : {std::pair{L"11.0.0.5510", true}, {L"12.0.0.4518", false}}) {
+        Given setup;
+        if (!inWord) {
+            setup.answers = {L"frmNoSubject=cmdCancel"};
+        }
+        setup.profile.version = version;
+        setup.profile.editor = host::Editor::Word;
+        Bench bench(setup);
+        bool macro = false;
+        bench.outlook().onWordMacro([&](const std::wstring&, std::span<const automation::Value>) {
+            macro = true;
+            return automation::Value();
+        });
+        bench.send(plainMail(L""));
+        EXPECT_EQ(macro, inWord) << version;
+        EXPECT_EQ(bench.prompts().size(), inWord ? 0U : 1U);
+    }
+}
+
 /// A window whose editor cannot be told is taken for one of Outlook's own.
 TEST(ProgramsSend, IsCheckedWhenItsEditorCannotBeTold) {
     Given setup{.answers = {L"frmNoSubject=cmdCancel", L"frmNoSubject=cmdCancel"}};

@@ -109,6 +109,12 @@ TEST(ReplyAllList, DropsWhomTheUserUnticks) {
     EXPECT_TRUE(bench.outlook().fieldsOf(L"Drafts").empty()) << "the user's views offer the add-in's mark";
     const auto& form = bench.prompts().at(0);
     EXPECT_EQ(form.text, L"Reply to All - Veltro");
+    EXPECT_EQ(form.control(L"lblLine1").caption,
+              L"Reply to All was clicked! Do you want to do a Reply to All to this e-mail?");
+    EXPECT_EQ(form.control(L"lblAbove").caption,
+              L"You can change the recipients for the e-mail using the list below.");
+    EXPECT_TRUE(form.control(L"lblAbove").visible);
+    EXPECT_FALSE(form.control(L"lblBelow").visible);
     EXPECT_EQ(form.control(L"lstRecipients").caption,
               L"Bob (bob@example.com)\nExchange Carl Jones (carl@example.com)\nMe (ME@example.org)");
     EXPECT_EQ(form.control(L"lstRecipients").value, L"1,2,3");

@@ -137,6 +137,16 @@ TEST(ClosedAnswer, LeavesNothingBehind) {
     }
 }
 
+/// The subject checks have been over it.
+TEST(RefusedRecipients, LeaveThePlainReplyItsCleanedSubject) {
+    Bench bench({.settings = {{L"AutoRemoveSpamWords", L"1"}}, .answers = {L"frmReplyMultRecipt=cmdCancel"}});
+    host::Message mail = mailTo({bob, me});
+    mail.subject = L"SPAM-LOW: Budget";
+    const auto outcome = bench.outlook().reply(selected(bench, mail));
+    ASSERT_EQ(outcome.newInspectors.size(), 1U);
+    EXPECT_EQ(bench.outlook().view(bench.outlook().itemOf(outcome.newInspectors[0])).subject, L"RE: Budget");
+}
+
 /// Two persons may have one name; Outlook's own list tells them apart by their addresses.
 TEST(UntickedRecipient, IsNotTakenForANamesake) {
     const host::Address otherBob{.name = L"Bob", .address = L"bob@example.net"};

@@ -194,6 +194,7 @@ TEST(Settings, ArePagedBackAndForth) {
     for (std::size_t time = 0; time < std::size(expected); ++time) {
         EXPECT_EQ(opened.shown(time, L"TabStripWizard").value, expected[time].page);
         EXPECT_EQ(opened.shown(time, L"lblTabTitle").caption, expected[time].heading);
+        EXPECT_FALSE(opened.shown(time, L"lblChecks").visible) << "the first page is for the first start";
         EXPECT_EQ(opened.shown(time, L"cmdNav(2)").enabled, expected[time].back);
         EXPECT_EQ(opened.shown(time, L"cmdNav(3)").enabled, expected[time].next);
         for (const auto& other : expected) {
@@ -210,6 +211,7 @@ TEST(Settings, WelcomeANewUserOnce) {
     EXPECT_TRUE(bench.connect());
     ASSERT_EQ(bench.prompts().size(), 1U);
     EXPECT_EQ(bench.prompts().at(0).control(L"TabStripWizard").value, L"Intro");
+    EXPECT_TRUE(bench.prompts().at(0).control(L"lblChecks").visible);
     EXPECT_TRUE(bench.prompts().at(0).control(L"imgIntro").visible);
     EXPECT_EQ(bench.world().setting(L"ShowStartupWizard"), L"False");
     openSettings(bench);
@@ -343,6 +345,11 @@ TEST(Settings, TakeTheAddressesOfTheProfileWhenTheUserAgrees) {
         Opened opened({L"frmIntroWizard=TabStripWizard=My Email Accounts; chkEmailFromOutlook=1; cmdNav(4)",
                        std::wstring(L"Confirm action - Veltro=") + (agrees ? L"Yes" : L"No")},
                       {{L"UseOutlookSettings", L"False"}, {L"EmailList", L"old@x.org"}});
+        EXPECT_EQ(
+            opened.bench.prompts().at(1).text,
+            L"This action will reset your email address list to the corresponding email accounts linked "
+            L"to your Outlook.\r\nYou will loose any changes you made to your email address list.\r\nDo "
+            L"you want to continue?");
         EXPECT_EQ(opened.setting(L"UseOutlookSettings"), agrees ? L"True" : L"False");
         EXPECT_EQ(opened.setting(L"EmailList"), agrees ? L"me@example.org" : L"old@x.org");
     }
@@ -354,6 +361,11 @@ TEST(Settings, LeadToTheSettingsOfTheAttachmentCheck) {
                    L"frmIntroWizard=TabStripWizard=Subject Sentry; lblOlderEmailLink",
                    L"Replying to older emails - Veltro=OK", cancel});
     EXPECT_EQ(opened.setting(L"IgnoreAttachValue"), L"me.vcf");
+    EXPECT_EQ(
+        opened.bench.prompts().at(3).text,
+        L"An old e-mail is often answered only to reach the same people again, about something new. Its "
+        L"subject then says the wrong thing.\r\n\r\nVeltro shows you the subject of such an answer, so "
+        L"that you can change it or leave it as it is.");
 }
 
 TEST(Settings, SayWhichOutlooksHaveNoPreferredAccounts) {

@@ -186,6 +186,26 @@ TEST(MailInTwoMainWindows, IsCheckedWhenTheWindowInFrontCannotBeTold) {
     EXPECT_GE(failures, 4U) << "each of the windows asks";
 }
 
+/// The window in front shows something else, and whether it does cannot be told.
+TEST(MailInMainWindowsBehind, IsCheckedWhenTheMailInFrontCannotBeTold) {
+    Bench bench({.answers = answers(toBobToo, 2)});
+    bench.outlook().openExplorer();
+    const auto windows = bench.outlook().explorers();
+    const Object item = receiveFromAnn(bench);
+    bench.outlook().select(windows[0], {bench.outlook().receive(plainMail())});
+    bench.outlook().select(windows[1], {item});
+    bench.outlook().activate(windows[0]);
+    bench.outlook().meter()->record(true);
+    item.call(L"ReplyAll");
+    const Names calls = bench.outlook().meter()->log();
+    const auto asked = std::ranges::find(calls, L"Application.ActiveExplorer");
+    ASSERT_LT(asked + 1, calls.end());
+    EXPECT_EQ(asked[1], L"MailItem.EntryID");
+    bench.outlook().failCall(static_cast<std::size_t>(asked - calls.begin()) + 2);
+    item.call(L"ReplyAll");
+    EXPECT_EQ(bench.prompts().size(), 2U);
+}
+
 /// A window that was open before the add-in came has nobody but the main window to watch its mail.
 TEST(MailInAWindowFromBefore, IsCheckedByTheMainWindow) {
     Bench bench({.answers = answers(toBobToo), .connected = false});

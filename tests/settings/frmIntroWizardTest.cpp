@@ -95,4 +95,75 @@ TEST(SavedSettings, AreNotHeldUpByALockedDomain) {
     EXPECT_EQ(world.settings.read(L"ReplyAllAny"), L"True");
 }
 
+/// What the pages say, apart from what is asked on them.
+TEST(SettingsPages, ExplainThemselves) {
+    const struct {
+        const wchar_t* caption;
+        const wchar_t* heading;
+        const wchar_t* explanation;
+        /// A label on it.
+        const wchar_t* label;
+        const wchar_t* labelCaption;
+    } pages[] = {
+        {L"Intro", L"Welcome to Veltro - Outgoing Email Protection for Outlook",
+         L"Veltro looks over each e-mail before it leaves and asks where something looks wrong. Nothing else "
+         L"about sending changes.",
+         L"lblChecks",
+         L"On the next pages you choose what it looks for: replies to too many people, missing subjects and "
+         L"attachments, the wrong sending account, e-mails that should be confirmed or wait a little before "
+         L"they leave.\r\n\r\nThe settings are a good start as they are. Press Next to see them, or Save to "
+         L"keep them. You find them again in Outlook's menu under Tarnwell, Veltro, Settings."},
+        {L"Reply Sentry", L"REPLY SENTRY SETTINGS",
+         L"Reply Sentry: Keeps an answer from reaching more people than you meant, and from showing that you "
+         L"were a blind copy recipient.",
+         L"lblDomains", L"Several &domains are parted by \";\"."},
+        {L"Subject Sentry", L"SUBJECT SENTRY SETTINGS",
+         L"Subject Sentry: Your e-mails leave with a subject that is there, clean and fits.", L"lblSpamWords",
+         L"SPAM &marks:"},
+        {L"Attachment Sentry", L"ATTACHMENT SENTRY SETTINGS",
+         L"Attachment Sentry: Reminds you of the file when your e-mail speaks of an attachment and has none.",
+         L"lblKeywords", L"&Keywords:"},
+        {L"Account Sentry", L"ACCOUNT SENTRY SETTINGS",
+         L"Account Sentry: Each e-mail leaves from the account that its recipient knows you by.",
+         L"lblAgStatus", L"Account Sentry is only supported in Outlook 2003 and above"},
+        {L"Send Confirm", L"SEND CONFIRM SETTINGS",
+         L"Send-Confirm: Avoid accidentally sending incomplete or inappropriate emails. Displays a  message "
+         L"to get confirmation before sending emails to all or selected people.",
+         L"lblConfirmEmailAddresses", L"&E-mail addresses:"},
+        {L"Delay Sentry", L"DELAY SENTRY SETTINGS",
+         L"Delay Sentry: Holds your e-mails back for a moment, in which you can still take them out of the "
+         L"Outbox.",
+         L"lblDelayToEAddr", L"&E-mail addresses:"},
+        {L"My Email Accounts", L"MY EMAIL ACCOUNTS",
+         L"My Email Accounts: The addresses by which Veltro knows you among the recipients of an e-mail.",
+         L"lblEmailAccounts", L"My &e-mail addresses:"}};
+    TestWorld world;
+    settings::frmIntroWizard form(world.globals, nullptr);
+    for (std::size_t number = 0; const auto& page : pages) {
+        const std::wstring index = L"(" + std::to_wstring(number++) + L")";
+        EXPECT_EQ(form.find(L"TabStripWizard")->value(), page.caption);
+        EXPECT_EQ(form.find(L"lblTabTitle")->caption(), page.heading);
+        EXPECT_EQ(form.find(L"fraStep" + index)->caption(), page.caption);
+        EXPECT_EQ(form.find(L"lblStep" + index)->caption(), page.explanation);
+        EXPECT_EQ(form.find(page.label)->caption(), page.labelCaption);
+        form.find(L"cmdNav(3)")->enter({});
+    }
+}
+
+TEST(SettingsPages, CaptionWhatIsDoneOnThem) {
+    TestWorld world;
+    settings::frmIntroWizard form(world.globals, nullptr);
+    const std::pair<const wchar_t*, const wchar_t*> captions[] = {
+        {L"cmdAdd_Spam", L"&Add..."},
+        {L"cmdDelete_Spam", L"&Delete"},
+        {L"cmdReset_Spam", L"&Reset"},
+        {L"chkPromptReplyOlderEmails",
+         L"Prompt me to change Subject if I am replying to an email that is older than:"},
+        {L"chkConfirmForXRecipt", L"Display message if more than "},
+        {L"chkNotifyDelay", L"Get confirmation before delaying (untick to automatically delay all emails)"}};
+    for (const auto& [control, caption] : captions) {
+        EXPECT_EQ(form.find(control)->caption(), caption);
+    }
+}
+
 }  // namespace
