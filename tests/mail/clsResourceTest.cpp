@@ -24,7 +24,8 @@ struct Resources {
 
     TemporaryFolder folder;
     std::wstring library =
-        write("Resource.dll", "0=Zero\n515=Theirs\nbitmap 1\nicon 2\ncursor 3\ndata TEXT 7=abc\n");
+        write("Resource.dll",
+              "0=Zero\n1=One\n515=Theirs\nbitmap 1\nicon 2\ncursor 3\ndata TEXT 7=abc\ndata TEXT 1=d\n");
     std::wstring own = write("own", "0=Zero\n515=Ours\nbitmap 11\nicon 12\ncursor 13\ndata TEXT 7=xyz\n");
     platform::native::FileResources module{own};
     clsResource resource{module};
@@ -38,6 +39,8 @@ TEST(Resource, GivesTextsAndDataOfTheLibraryAndOfTheAddIn) {
     EXPECT_EQ(given.resource.DLL_LoadString(515), L"Theirs");
     EXPECT_EQ(given.resource.DLL_LoadString(515, 1), L"T");
     EXPECT_EQ(given.resource.DLL_LoadString(0), L"");
+    EXPECT_EQ(given.resource.DLL_LoadString(1), L"One");
+    EXPECT_EQ(given.resource.DLL_LoadData(1, L"TEXT"), Bytes{'d'});
     EXPECT_EQ(given.resource.stringOr(515, L"Veltro"), L"Theirs");
     EXPECT_EQ(given.resource.stringOr(516, L"Veltro"), L"Veltro");
     EXPECT_EQ(given.resource.DLL_LoadData(7, L"TEXT"), (Bytes{'a', 'b', 'c'}));
