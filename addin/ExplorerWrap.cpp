@@ -102,8 +102,8 @@ void ExplorerWrap::gcmdTWl_Veltro_About_Click() {
 
 void ExplorerWrap::gcmdTWL_Veltro_Help_Click() {
     mail::trapErrors(globals_, mail::ErrorReport::usual(L"ExplorerWrap.gcmdTWL_Veltro_Help_Click"), [&] {
-        globals_.platform.desktop.showHelp(globals_.product.helpFile, L"Getting%20Started/Introduction.htm",
-                                           platform::HelpView::Contents);
+        prompts::showHelp(globals_, globals_.product.helpFile, L"Getting%20Started/Introduction.htm",
+                          platform::HelpView::Contents);
     });
 }
 
@@ -117,8 +117,8 @@ void ExplorerWrap::gmnuHelp_Click() {
 
 void ExplorerWrap::openHelpFile(const wchar_t* procedure, const std::wstring& name) {
     mail::trapErrors(globals_, mail::ErrorReport::usual(procedure), [&] {
-        globals_.platform.desktop.showHelp(platform::joinPath(globals_.platform.system.addInFolder(), name),
-                                           {}, platform::HelpView::Topic);
+        prompts::showHelp(globals_, platform::joinPath(globals_.platform.system.addInFolder(), name), {},
+                          platform::HelpView::Topic);
     });
 }
 

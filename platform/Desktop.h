@@ -25,6 +25,15 @@ struct MessageStyle {
     Icon icon = Icon::None;
 };
 
+/// What came of showing a help file.
+enum class HelpOutcome {
+    Shown,
+    /// There is no such file.
+    Missing,
+    /// It lies on a network drive, from where Windows shows frames without text.
+    OnNetwork
+};
+
 /// What the viewer of help files shows beside a topic, by the numbers of its commands.
 enum class HelpView { Topic = 0, Contents = 1 };
 
@@ -46,8 +55,8 @@ class Desktop {
     /// Shows the form until it hides itself.
     virtual void showModal(forms::Form& form) = 0;
     /// Opens the help file at the topic, a path inside of it, or at its default topic when that is empty.
-    /// Throws automation::Error when the file cannot be shown.
-    virtual void showHelp(const std::wstring& file, const std::wstring& topic, HelpView view) = 0;
+    /// Throws automation::Error when the viewer cannot show it.
+    virtual HelpOutcome showHelp(const std::wstring& file, const std::wstring& topic, HelpView view) = 0;
     /// The system's folder browser over Outlook's window; `title` tells what the folder is for. The folder's
     /// path, however long, or an empty text when the user cancels. Throws automation::Error when the chosen
     /// folder has no path.

@@ -19,8 +19,9 @@ class AlertingDesktop final : public platform::Desktop {
         const Open open(globals_);
         shown_.showModal(form);
     }
-    void showHelp(const std::wstring& file, const std::wstring& topic, platform::HelpView view) override {
-        shown_.showHelp(file, topic, view);
+    platform::HelpOutcome showHelp(const std::wstring& file, const std::wstring& topic,
+                                   platform::HelpView view) override {
+        return shown_.showHelp(file, topic, view);
     }
     std::wstring chooseFolder(const std::wstring& title) override {
         const Open open(globals_);

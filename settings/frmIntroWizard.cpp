@@ -121,8 +121,8 @@ void frmIntroWizard::pageChanged() {
 }
 
 void frmIntroWizard::cmdHelp_Click() {
-    globals_.platform.desktop.showHelp(globals_.product.helpFile, L"Using_Veltro/vt_settings.htm",
-                                       platform::HelpView::Topic);
+    prompts::showHelp(globals_, globals_.product.helpFile, L"Using_Veltro/vt_settings.htm",
+                      platform::HelpView::Topic);
 }
 
 void frmIntroWizard::cmdSave_Click() {

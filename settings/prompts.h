@@ -22,6 +22,11 @@ void soundAlert(const mail::Globals& globals);
 /// Sounds the alert and shows the dialog until it is answered.
 void show(const mail::Globals& globals, forms::Form& form);
 
+/// Opens a help file of the product's, by its full path, at the topic, or at its default topic when that is
+/// empty. Where there is nothing to see the user is told why. Throws automation::Error when the viewer fails.
+void showHelp(const mail::Globals& globals, const std::wstring& file, const std::wstring& topic,
+              platform::HelpView view);
+
 /// "<caption> - <product title>".
 std::wstring titled(const mail::Globals& globals, const std::wstring& caption);
 

@@ -36,12 +36,12 @@ void fill(forms::Picture& place, const mail::Globals& globals, std::uint32_t id)
 }  // namespace
 
 frmAbout::frmAbout(mail::Globals& globals)
-    : Form(L"frmAbout", L"About " + globals.product.title, 240, 160),
+    : Form(L"frmAbout", L"About " + globals.product.title, 280, 168),
       globals_(globals),
       // As the caption of a label marks access keys.
-      lblTitle(*this, L"lblTitle", {52, 60, 178, 12}, text::replaceAll(globals.product.title, L"&", L"&&"),
+      lblTitle(*this, L"lblTitle", {52, 50, 218, 12}, text::replaceAll(globals.product.title, L"&", L"&&"),
                forms::Label::Look::Heading),
-      lblHomePage(*this, L"lblHomePage", {52, 119, 178, 10}, globals.product.webSite) {
+      lblHomePage(*this, L"lblHomePage", {52, 128, 218, 10}, globals.product.webSite) {
     lblVersion.setCaption(versionLine());
     lblAbout.setCaption(globals.product.aboutText);
     fill(imgLogo, globals, pictureId::logo);

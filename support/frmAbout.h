@@ -15,14 +15,14 @@ class frmAbout : public forms::Form {
 
     mail::Globals& globals_;
 
-    forms::Picture imgAboutScreen{*this, L"imgAboutScreen", {0, 0, 240, 50}, forms::Picture::Image::Given};
-    forms::Picture imgLogo{*this, L"imgLogo", {10, 60, 32, 30}, forms::Picture::Image::Given};
+    forms::Picture imgAboutScreen{*this, L"imgAboutScreen", {0, 0, 280, 40}, forms::Picture::Image::Given};
+    forms::Picture imgLogo{*this, L"imgLogo", {10, 50, 32, 30}, forms::Picture::Image::Given};
     forms::Label lblTitle;
-    forms::Label lblVersion{*this, L"lblVersion", {52, 74, 178, 9}};
-    forms::Label lblAbout{*this, L"lblAbout", {52, 88, 178, 27}};
+    forms::Label lblVersion{*this, L"lblVersion", {52, 64, 218, 9}};
+    forms::Label lblAbout{*this, L"lblAbout", {52, 78, 218, 46}};
     forms::Link lblHomePage;
-    forms::Button cmdSysInfo{*this, L"cmdSysInfo", {98, 139, 82, 14}, L"&System Information..."};
-    forms::Button cmdOK{*this, L"cmdOK", {184, 139, 50, 14}, L"OK", forms::Button::Role::Default};
+    forms::Button cmdSysInfo{*this, L"cmdSysInfo", {134, 147, 82, 14}, L"&System Information..."};
+    forms::Button cmdOK{*this, L"cmdOK", {220, 147, 50, 14}, L"OK", forms::Button::Role::Default};
 };
 
 }  // namespace support

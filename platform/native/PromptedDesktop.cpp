@@ -69,10 +69,11 @@ void PromptedDesktop::beep() {
     }
 }
 
-void PromptedDesktop::showHelp(const std::wstring& file, const std::wstring& topic, HelpView view) {
-    if (!unanswered_) {
+HelpOutcome PromptedDesktop::showHelp(const std::wstring& file, const std::wstring& topic, HelpView view) {
+    if (!unanswered_ && helpOutcome == HelpOutcome::Shown) {
         observer_.help(file, topic, view);
     }
+    return helpOutcome;
 }
 
 void PromptedDesktop::openAddress(const WebAddress& address) {

@@ -25,7 +25,7 @@ class PromptedDesktop : public Desktop {
     Answer messageBox(const std::wstring& prompt, MessageStyle style, const std::wstring& title) final;
     void beep() final;
     void showModal(forms::Form& form) final;
-    void showHelp(const std::wstring& file, const std::wstring& topic, HelpView view) final;
+    HelpOutcome showHelp(const std::wstring& file, const std::wstring& topic, HelpView view) final;
     std::wstring chooseFolder(const std::wstring& title) final;
     void openAddress(const WebAddress& address) final;
     void startProgram(const std::wstring& path) final;
@@ -34,6 +34,9 @@ class PromptedDesktop : public Desktop {
     }
     /// Events of the simulated host never wait.
     void processPendingEvents() final {}
+
+    /// What showing help comes to; no help file is looked at.
+    HelpOutcome helpOutcome = HelpOutcome::Shown;
 
     /// What is to happen on this thread later. While a form is open that waits for something else than the
     /// user, it happens.

@@ -38,11 +38,6 @@ HelpViewer::HtmlHelp HelpViewer::htmlHelp() {
 }
 
 void HelpViewer::show(const std::wstring& address, HelpView view) {
-    const std::wstring file = address.substr(0, address.find(L"::"));
-    const DWORD attributes = GetFileAttributesW(file.c_str());
-    if (attributes == INVALID_FILE_ATTRIBUTES) {  // The viewer would show an error page of its own.
-        throw errorOf(HRESULT_FROM_WIN32(GetLastError()));
-    }
     if (!htmlHelp()(nullptr, address.c_str(), static_cast<UINT>(view), 0)) {
         throw errorOf(HRESULT_FROM_WIN32(ERROR_FILE_INVALID));
     }

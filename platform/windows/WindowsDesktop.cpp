@@ -20,6 +20,11 @@ BOOL CALLBACK takeUsableWindow(HWND window, LPARAM result) {
     return FALSE;
 }
 
+bool isOnNetwork(const std::wstring& file) {
+    return file.starts_with(L"\\\\") ||
+           GetDriveTypeW(file.substr(0, file.find(L'\\') + 1).c_str()) == DRIVE_REMOTE;
+}
+
 /// Throws automation::Error.
 void openByShell(const std::wstring& what) {
     SHELLEXECUTEINFOW call{};
@@ -87,8 +92,15 @@ void WindowsDesktop::showModal(forms::Form& form) {
     DialogWindow(form).run(dialogOwner());
 }
 
-void WindowsDesktop::showHelp(const std::wstring& file, const std::wstring& topic, HelpView view) {
+HelpOutcome WindowsDesktop::showHelp(const std::wstring& file, const std::wstring& topic, HelpView view) {
+    if (GetFileAttributesW(file.c_str()) == INVALID_FILE_ATTRIBUTES) {
+        return HelpOutcome::Missing;
+    }
+    if (isOnNetwork(file)) {
+        return HelpOutcome::OnNetwork;
+    }
     help_.show(topic.empty() ? file : file + L"::/" + topic, view);
+    return HelpOutcome::Shown;
 }
 
 std::wstring WindowsDesktop::chooseFolder(const std::wstring& title) {

@@ -17,7 +17,7 @@ class WindowsDesktop final : public Desktop {
     Answer messageBox(const std::wstring& prompt, MessageStyle style, const std::wstring& title) override;
     void beep() override;
     void showModal(forms::Form& form) override;
-    void showHelp(const std::wstring& file, const std::wstring& topic, HelpView view) override;
+    HelpOutcome showHelp(const std::wstring& file, const std::wstring& topic, HelpView view) override;
     std::wstring chooseFolder(const std::wstring& title) override;
     void openAddress(const WebAddress& address) override;
     void startProgram(const std::wstring& path) override;

@@ -28,4 +28,21 @@ TEST(Help, IsOpenedAtItsTopic) {
     connection.OnDisconnection(0);
 }
 
+TEST(Help, SaysWhyThereIsNothingToSee) {
+    const std::pair<platform::HelpOutcome, const wchar_t*> cases[] = {
+        {platform::HelpOutcome::Missing,
+         L"The help file Veltro.chm is missing from the folder where Veltro is installed."},
+        {platform::HelpOutcome::OnNetwork,
+         L"Windows does not show the help file Veltro.chm, because Veltro is installed on a network drive."}};
+    for (const auto& [outcome, said] : cases) {
+        TestWorld world({L"Help - Veltro=OK", L"frmIntroWizard=cmdNav(1)"});
+        world.desktop.helpOutcome = outcome;
+        world.globals.product.helpFile = L"x\\Veltro.chm";
+        settings::frmIntroWizard form(world.globals, nullptr);
+        form.find(L"cmdNav(0)")->enter({});
+        ASSERT_EQ(world.log.messages.size(), 1U);
+        EXPECT_EQ(world.log.messages.front().text, said);
+    }
+}
+
 }  // namespace

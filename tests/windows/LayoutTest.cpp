@@ -19,6 +19,7 @@
 #include "checks/frmRemoveSpam.h"
 #include "checks/frmReplyMultRecipt.h"
 #include "checks/frmSigDisclaimer.h"
+#include "platform/files.h"
 #include "platform/text.h"
 #include "platform/windows/WindowsPlatform.h"
 #include "settings/frmGetUserInput.h"
@@ -26,9 +27,15 @@
 #include "settings/frmLockFields.h"
 #include "settings/frmUnlockFields.h"
 #include "settings/wizardLists.h"
+#include "support/frmAbout.h"
 #include "tests/windows/AnsweredDialogs.h"
 #include "tests/windows/layoutFaults.h"
 #include "tests/windows/windowPicture.h"
+#include "update/frmCheckUpdate.h"
+#include "update/frmConfirmCheckUpdate.h"
+#include "update/frmDownload.h"
+#include "update/frmNoDownload.h"
+#include "update/newVersion.h"
 
 namespace {
 
@@ -100,7 +107,47 @@ std::unique_ptr<forms::Form> settingsPage(Globals& globals, const wchar_t* page)
     return form;
 }
 
+constexpr wchar_t message[] = L"It is faster, and kinder to those who write in haste.";
+
+/// The check for updates with its result, and one link that cannot be opened.
+std::unique_ptr<forms::Form> updateResult(Globals& globals) {
+    auto form = std::make_unique<update::frmConfirmCheckUpdate>(globals);
+    dynamic_cast<forms::Label&>(*form->find(L"lblStatus"))
+        .setCaption(
+            L"The update service could not be reached. Please check your connection to the internet and "
+            L"try again.");
+    update::newVersion::show(dynamic_cast<forms::TextBox&>(*form->find(L"txtMessage")), message);
+    for (const wchar_t* shown : {L"lblDownload", L"lblUpgradePolicyText", L"lblFeatures"}) {
+        form->find(shown)->setVisible(true);
+    }
+    return form;
+}
+
 const Example examples[] = {
+    {"frmConfirmCheckUpdate",
+     [](Globals& globals) { return std::make_unique<update::frmConfirmCheckUpdate>(globals); }},
+    {"frmConfirmCheckUpdate_Result", updateResult},
+    {"frmCheckUpdate", [](Globals& globals) { return std::make_unique<update::frmCheckUpdate>(globals); }},
+    {"frmDownload",
+     [](Globals& globals) {
+         return std::make_unique<update::frmDownload>(
+             globals, L"1.4294967295.4294967295", message,
+             *platform::WebAddress::parse(L"https://www.corvane.example"));
+     }},
+    {"frmNoDownload",
+     [](Globals& globals) {
+         return std::make_unique<update::frmNoDownload>(globals, L"1.4294967295.4294967295", message,
+                                                        L"file:///C:/Windows/System32/calc.exe");
+     }},
+    {"frmAbout",
+     [](Globals& globals) {
+         globals.resources = std::make_unique<mail::clsResource>(globals.platform.resources);
+         globals.resources->setLibraryFilePath(
+             platform::joinPath(globals.platform.system.addInFolder(), L"Resource.dll"));
+         globals.product.aboutText = globals.resourceOr(524, L"");
+         globals.product.webSite = globals.resourceOr(511, L"");
+         return std::make_unique<support::frmAbout>(globals);
+     }},
     {"frmIntroWizard_0", [](Globals& globals) { return settingsPage(globals, L"Intro"); }},
     {"frmIntroWizard_1", [](Globals& globals) { return settingsPage(globals, L"Reply Sentry"); }},
     {"frmIntroWizard_2", [](Globals& globals) { return settingsPage(globals, L"Subject Sentry"); }},

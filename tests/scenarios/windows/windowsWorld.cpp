@@ -159,7 +159,10 @@ class WindowsWorld : public AddInWorld {
     void set(const std::wstring& key, const std::wstring& value) override { settings_.write(key, value); }
     void settle() override { robot::settleAddIn(); }
     bool fireTimer() override { return robot::fireTimer(); }
-    void setNow(automation::Date now) override { robot::stopClockOfAddIn(now); }
+    void setNow(automation::Date now) override {
+        now_ = now;
+        robot::stopClockOfAddIn(now);
+    }
     std::optional<std::wstring> unanswered() override { return robot_.unanswered(); }
     std::size_t heldObjects() override { return exporter_->liveAdapters() - shownBefore_; }
     std::vector<std::string> debugLines() override { return debugger_.lines(); }
