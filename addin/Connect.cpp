@@ -193,6 +193,9 @@ bool Connect::TutorialScreen() const {
 }
 
 void Connect::OnDisconnection(int removeMode) {
+    if (updateCheck_) {  // Letting go of Outlook lets timers in.
+        updateCheck_->Stop();
+    }
     globals_.sendAccounts.reset();
     if (removeMode == userRemoved) {
         wrappers_.RemoveExplMenu();

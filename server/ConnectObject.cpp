@@ -46,8 +46,18 @@ platform::windows::Variant argument(const DISPPARAMS& parameters, UINT index, VA
 
 }  // namespace
 
-/// A connected add-in and its ports.
+/// Keeps the DLL loaded, as an object that COM holds does.
+class Held {
+  public:
+    Held() { liveObjects().add(); }
+    Held(const Held&) = delete;
+    Held& operator=(const Held&) = delete;
+    ~Held() { liveObjects().remove(); }
+};
+
+/// A connected add-in and its ports. May outlive its ConnectObject, while a handler of its waits in a dialog.
 struct ConnectObject::Session {
+    Held held;
     platform::windows::WindowsPlatform world{liveObjects()};
     addin::Connect addIn{world.platform()};
 };

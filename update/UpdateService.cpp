@@ -18,13 +18,18 @@ UpdateService UpdateService::ofMachine(const mail::Globals& globals) {
                                               machineKey, serviceValue);
     const std::wstring* const given = std::get_if<std::wstring>(&value);
     UpdateService service;
-    service.off_ = given && text::equalsTrimmed(*given, L"Off");
+    // A number was hardly meant to be an address.
+    service.off_ =
+        std::holds_alternative<std::uint32_t>(value) || (given && text::equalsTrimmed(*given, L"Off"));
     std::wstring_view address = given ? *given : globals.product.webSite;
     address = text::trim(address);
     if (address.ends_with(L'/')) {
         address.remove_suffix(1);
     }
-    service.address_ = platform::WebAddress::parse(address);
+    // The question has a query of its own.
+    if (address.find_first_of(L"?#") == std::wstring_view::npos) {
+        service.address_ = platform::WebAddress::parse(address);
+    }
     return service;
 }
 

@@ -57,7 +57,7 @@ bool clsAutoUpdate::CheckDue() const {
         return true;
     }
     const auto stored = number::parse(modRegKeys::intNumDayUpdate.read(globals_));
-    const double interval = stored && *stored >= 1 ? std::floor(*stored) : usualInterval;
+    const double interval = stored ? std::floor(*stored) : usualInterval;
     return std::floor(globals_.platform.clock.now().days) - std::floor(last->days) >= interval;
 }
 
@@ -90,8 +90,8 @@ void clsAutoUpdate::AutomaticUpdate() {
         modRegKeys::dtmLastUpdateDate.write(globals_, today());
         UpdateAvailable([this](const std::wstring& version) {
             request_.reset();
-            if (!version.empty() && version != modWebTalk::noNetConnection && wanted(version)) {
-                offerWhenQuiet(version);
+            if (!version.empty() && version != modWebTalk::noNetConnection) {
+                mail::skipErrors([&] { offerWhenQuiet(version); });
             }
         });
     });
@@ -104,9 +104,11 @@ bool clsAutoUpdate::wanted(const std::wstring& version) const {
 
 /// A question must not come over another: the user may be about to send a mail.
 void clsAutoUpdate::offerWhenQuiet(const std::wstring& version) {
-    if (globals_.promptsOpen == 0 && globals_.outlook) {
+    if (globals_.promptsOpen == 0) {
         waiting_.reset();
-        offer(version);
+        if (globals_.outlook && wanted(version)) {  // Without a window there is nobody to ask.
+            offer(version);
+        }
     } else if (!waiting_) {
         waiting_ = globals_.platform.desktop.startTimer(waitForQuiet, [this, version] {
             const auto kept = shared_from_this();

@@ -12,11 +12,8 @@ class frmCheckUpdate : public forms::Form {
     explicit frmCheckUpdate(const mail::Globals& globals);
 
     bool waits() const override { return true; }
-    bool cancelled() const { return cancelled_; }
 
   private:
-    bool cancelled_ = false;
-
     forms::Label lblChecking{*this, L"lblChecking", {7, 9, 206, 18}};
     forms::Button cmdCancel{*this, L"cmdCancel", {163, 32, 50, 14}, L"Cancel", forms::Button::Role::Cancel};
 };

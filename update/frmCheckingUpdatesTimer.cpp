@@ -16,6 +16,11 @@ void frmCheckingUpdatesTimer::Start() {
     });
 }
 
+void frmCheckingUpdatesTimer::Stop() {
+    tmrCheck_.reset();
+    update_.reset();
+}
+
 void frmCheckingUpdatesTimer::tmrCheck_Timer() {
     tmrCheck_.reset();
     update_ = std::make_shared<clsAutoUpdate>(globals_);

@@ -16,6 +16,8 @@ class frmCheckingUpdatesTimer : public std::enable_shared_from_this<frmCheckingU
 
     /// Throws automation::Error when the system has no timer to give.
     void Start();
+    /// Nothing is asked or offered any more.
+    void Stop();
 
   private:
     void tmrCheck_Timer();

@@ -4,6 +4,7 @@
 
 #include "mail/errorTrap.h"
 #include "mail/product.h"
+#include "platform/text.h"
 #include "settings/modRegKeys.h"
 #include "update/frmCheckUpdate.h"
 #include "update/modWebTalk.h"
@@ -17,9 +18,10 @@ namespace {
 constexpr wchar_t doNotCheck[] = L"DoNotCheck";
 
 std::wstring question(const mail::Globals& globals) {
-    return globals.product.title +
-           L" asks its maker's web site whether there is a newer version. You have version " +
-           shownVersion(mail::product::versionText) + L"; nothing else about you or your e-mails is sent.";
+    return globals.product.title + L" sends its name and its version, " +
+           shownVersion(mail::product::versionText) +
+           L", to the update service and learns whether there is a newer one. Nothing else about you or your "
+           L"e-mails is sent.";
 }
 
 }  // namespace
@@ -60,7 +62,8 @@ frmConfirmCheckUpdate::frmConfirmCheckUpdate(mail::Globals& globals)
 }
 
 bool frmConfirmCheckUpdate::automaticIsOff() const {
-    return modRegKeys::LastCheckUpdateDate.read(globals_) == doNotCheck;
+    return text::trim(modRegKeys::LastCheckUpdateDate.read(globals_)) == doNotCheck ||
+           modRegKeys::blnAutomaticUpdate.read(globals_) != L"1";
 }
 
 void frmConfirmCheckUpdate::cmdCheck_Click() {
@@ -82,12 +85,12 @@ std::optional<std::wstring> frmConfirmCheckUpdate::ask() {
         result = version;
         waiting.hide();
     });
-    mail::skipErrors([&] {
-        if (!result) {
-            globals_.platform.desktop.showModal(waiting);
-        }
-    });
-    update_->abandon();  // What it would tell of its answer is going.
+    // What it would tell of its answer goes with this call.
+    const std::unique_ptr<clsAutoUpdate, void (*)(clsAutoUpdate*)> atEnd(
+        update_.get(), [](clsAutoUpdate* update) { update->abandon(); });
+    if (!result) {
+        globals_.platform.desktop.showModal(waiting);
+    }
     return result;
 }
 
@@ -96,11 +99,11 @@ void frmConfirmCheckUpdate::showResult(const std::wstring& version) {
     setCaption(globals_.product.title + L" Update Status");
     if (version == modWebTalk::noNetConnection) {
         lblStatus.setCaption(
-            L"The update service could not be reached. Please check your connection to the internet and try "
-            L"again.");
+            L"The update service could not be reached, or did not answer as it should. Please try again later, and "
+            L"check your connection to the internet.");
     } else if (!version.empty()) {
         lblStatus.setCaption(newVersion::announcement(globals_, version));
-    } else if (answer.version.empty()) {
+    } else if (!answer.understood) {
         lblStatus.setCaption(L"The update service gave an answer that " + globals_.product.title +
                              L" does not understand. Please try again later.");
     } else {
@@ -117,8 +120,11 @@ void frmConfirmCheckUpdate::storeChoice(bool checked) const {
     modRegKeys::DoNotCheck.write(globals_, off ? L"1" : L"0");
     if (off) {
         modRegKeys::LastCheckUpdateDate.write(globals_, doNotCheck);
-    } else if (checked || automaticIsOff()) {
+        return;
+    }
+    if (checked || automaticIsOff()) {
         modRegKeys::LastCheckUpdateDate.write(globals_, update_->today());
+        modRegKeys::blnAutomaticUpdate.write(globals_, L"1");
     }
 }
 

@@ -18,6 +18,7 @@ frmDownload::frmDownload(mail::Globals& globals, const std::wstring& version, co
     lblMessage.setCaption(newVersion::announcement(globals, version) + std::wstring(text::lineBreak) +
                           L"Would you like to go to the download page.");
     newVersion::show(txtMessage, message);
+    cmdNo.setFocus();  // Nobody has asked for this dialog; what is being typed must not answer it.
     cmdYes.onClick = [this] { cmdYes_Click(); };
     cmdNo.onClick = [this] {
         storeChoice();

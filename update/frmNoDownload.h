@@ -20,7 +20,7 @@ class frmNoDownload : public forms::Form {
     forms::Label lblLink{*this,
                          L"lblLink",
                          {36, 30, 217, 18},
-                         L"The update service names a download page that Veltro does not open:"};
+                         L"The update service names a download page that cannot be opened from here:"};
     forms::TextBox txtLink{*this, L"txtLink", {36, 50, 217, 13}};
     forms::TextBox txtMessage{*this, L"txtMessage", {36, 68, 217, 44}, forms::TextBox::Lines::Many};
     forms::Button cmdOK{*this, L"cmdOK", {203, 119, 50, 14}, L"OK", forms::Button::Role::Default};

@@ -1,9 +1,11 @@
 #include "update/updateAnswer.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstdint>
 #include <system_error>
+#include <utility>
 
 #include "platform/text.h"
 
@@ -21,7 +23,11 @@ std::size_t findIgnoringCase(std::wstring_view text, std::wstring_view part) {
 using Parts = std::array<std::uint32_t, 3>;
 
 std::optional<std::uint32_t> partOf(std::wstring_view text) {
-    const std::string digits = text::toUtf8(text);
+    constexpr std::size_t mostDigits = 10;
+    const std::string digits = text::toUtf8(text.substr(0, mostDigits + 1));
+    if (digits.size() > mostDigits) {
+        return std::nullopt;
+    }
     std::uint32_t number = 0;
     const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
     return error == std::errc() && end == digits.data() + digits.size() ? std::optional(number)
@@ -47,27 +53,41 @@ std::optional<Parts> partsOf(std::wstring_view version) {
     return parts;
 }
 
-/// The text without what would not be seen, or would make other text look different; the line breaks stay
-/// where they are wanted, one of them for every kind.
-std::wstring visible(std::wstring_view text, bool lines, std::size_t longest) {
-    std::wstring shown;
-    for (const wchar_t character : text::trim(text)) {
-        const auto code = static_cast<std::uint32_t>(character);
-        const bool isControl = code < 0x20 || (code >= 0x7F && code < 0xA0);
-        const bool isMark = (code >= 0x200B && code <= 0x200F) || (code >= 0x202A && code <= 0x202E) ||
-                            (code >= 0x2066 && code <= 0x2069) || code == 0xFEFF;
-        if (lines && character == L'\n') {
-            shown += text::lineBreak;
-        } else if (character == L'\t') {
-            shown += L' ';
-        } else if (!isControl && !isMark) {
-            shown += character;
-        }
-        if (shown.size() >= longest) {
-            return shown + L"...";
-        }
+/// Without the blanks and line breaks around it.
+std::wstring_view bare(std::wstring_view text) {
+    constexpr std::wstring_view blank = L" \t\r\n";
+    const auto first = text.find_first_not_of(blank);
+    return first == std::wstring_view::npos ? std::wstring_view()
+                                            : text.substr(first, text.find_last_not_of(blank) + 1 - first);
+}
+
+/// Takes no place, or makes the text around it look different.
+bool isInvisible(std::uint32_t code) {
+    constexpr std::pair<std::uint32_t, std::uint32_t> ranges[] = {
+        {0x00, 0x1F},     {0x7F, 0x9F},     {0xAD, 0xAD},     {0x61C, 0x61C},   {0x180E, 0x180E},
+        {0x200B, 0x200F}, {0x2028, 0x202E}, {0x2060, 0x206F}, {0xFEFF, 0xFEFF},
+    };
+    return std::ranges::any_of(
+        ranges, [code](const auto& range) { return code >= range.first && code <= range.second; });
+}
+
+/// One line, as far as it can be seen; what cannot leaves a mark.
+std::wstring visibleLine(std::wstring_view text, std::size_t longest) {
+    std::wstring shown(text.substr(0, longest));
+    for (wchar_t& character : shown) {
+        character = isInvisible(static_cast<std::uint32_t>(character)) ? L'?' : character;
     }
-    return shown;
+    return text.size() > longest ? shown + L"..." : shown;
+}
+
+std::wstring visibleLines(std::wstring_view text, std::size_t longest) {
+    std::wstring lines = text::replaceAll(text.substr(0, longest), text::lineBreak, L"\n");
+    std::ranges::replace(lines, L'\r', L'\n');
+    std::ranges::replace(lines, L'\t', L' ');
+    std::erase_if(lines, [](wchar_t character) {
+        return character != L'\n' && isInvisible(static_cast<std::uint32_t>(character));
+    });
+    return text::replaceAll(lines, L"\n", text::lineBreak) + (text.size() > longest ? L"..." : L"");
 }
 
 }  // namespace
@@ -106,17 +126,19 @@ bool isNewer(std::wstring_view offered, std::wstring_view installed) {
 }
 
 Link Link::of(std::wstring_view given) {
-    return {visible(given, false, platform::WebAddress::longest), platform::WebAddress::parse(given)};
+    const std::wstring_view link = bare(given);
+    return {visibleLine(link, platform::WebAddress::longest), platform::WebAddress::parse(link)};
 }
 
 Answer readAnswer(std::wstring_view body) {
     const std::wstring list = XmlDataGet(L"SOFTWARELIST", body);
     Answer answer;
-    const std::wstring version = text::replaceAll(text::trim(XmlDataGet(L"FREEVERSION", list)), L"a", L".");
+    const std::wstring version = text::replaceAll(bare(XmlDataGet(L"FREEVERSION", list)), L"a", L".");
     if (partsOf(version)) {
         answer.version = version;
     }
-    answer.message = visible(XmlDataGet(L"MSG", list), true, longestMessage);
+    answer.understood = !list.empty() && (version.empty() || !answer.version.empty());
+    answer.message = visibleLines(bare(XmlDataGet(L"MSG", list)), longestMessage);
     answer.freeDownload = Link::of(XmlDataGet(L"FREEDOWNLOAD", list));
     answer.download = Link::of(XmlDataGet(L"DOWNLOADLINK", list));
     answer.upgradePolicy = Link::of(XmlDataGet(L"UPGRADEPOLICYLINK", list));

@@ -23,8 +23,7 @@ bool isNewer(std::wstring_view offered, std::wstring_view installed);
 
 /// A link as the service gave it, and the address that it may be opened as.
 struct Link {
-    /// Without line breaks and other invisible characters, and no longer than an address; empty when there
-    /// is none.
+    /// On one line, and no longer than an address; empty when there is none.
     std::wstring text;
     /// Nothing when the text is no address on the web.
     std::optional<platform::WebAddress> address;
@@ -33,6 +32,8 @@ struct Link {
 };
 
 struct Answer {
+    /// False for what is no answer of such a service.
+    bool understood = false;
     /// The newest version, its parts joined by "."; empty unless the answer names one.
     std::wstring version;
     /// A few lines for the user; a long text is cut.
@@ -43,7 +44,7 @@ struct Answer {
     Link features;
 };
 
-/// An answer that cannot be understood is one without a version.
+/// Any text gives some answer.
 Answer readAnswer(std::wstring_view body);
 
 }  // namespace update

@@ -16,18 +16,20 @@ MessageWindow::MessageWindow(const wchar_t* name, Handler handler, OwnerLock own
         throw errorOf(HRESULT_FROM_WIN32(GetLastError()));
     }
     SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-    SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&MessageWindow::procedure));
+    before_ = reinterpret_cast<WNDPROC>(
+        SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&MessageWindow::procedure)));
 }
 
 MessageWindow::~MessageWindow() {
+    SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(before_));
     SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
     DestroyWindow(window_);
 }
 
 LRESULT CALLBACK MessageWindow::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
     const auto* const self = reinterpret_cast<MessageWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    if (!self || (message != WM_TIMER && message < WM_APP)) {
-        return DefWindowProcW(window, message, wParam, lParam);
+    if (message != WM_TIMER && message != WM_APP) {
+        return CallWindowProcW(self->before_, window, message, wParam, lParam);
     }
     guarded([work = self->work_, message] {
         const auto owner = work->owner ? work->owner() : nullptr;

@@ -21,8 +21,8 @@ class MessageWindow {
 
     using Handler = std::function<void(UINT message)>;
 
-    /// The handler gets WM_TIMER and what is posted from WM_APP on; its exceptions end with it. Throws
-    /// automation::Error when Windows has no window to give.
+    /// The handler gets WM_TIMER and WM_APP; its exceptions end with it. Throws automation::Error when
+    /// Windows has no window to give.
     MessageWindow(const wchar_t* name, Handler handler, OwnerLock owner);
     MessageWindow(const MessageWindow&) = delete;
     MessageWindow& operator=(const MessageWindow&) = delete;
@@ -40,6 +40,8 @@ class MessageWindow {
 
     std::shared_ptr<const Work> work_;
     HWND window_;
+    /// That of the window's class.
+    WNDPROC before_;
 };
 
 }  // namespace platform::windows

@@ -38,33 +38,9 @@ bool isRedirection(DWORD status) {
 
 }  // namespace
 
-Http::Answer WebTransfer::run() {
-    started_ = GetTickCount();
-    Http::Answer answer = fetch();
-    const std::lock_guard lock(mutex_);
-    internet_ = InternetHandle();
-    return answer;
-}
-
-void WebTransfer::abandon() {
-    InternetHandle closing;
-    const std::lock_guard lock(mutex_);
-    abandoned_ = true;
-    closing = std::move(internet_);
-}
-
 DWORD WebTransfer::timeLeft() const {
     const DWORD passed = GetTickCount() - started_;
-    return passed < longestWait ? longestWait - passed : 0;
-}
-
-HINTERNET WebTransfer::open() {
-    const std::lock_guard lock(mutex_);
-    if (!abandoned_) {
-        internet_ =
-            InternetHandle(InternetOpenW(L"Veltro", INTERNET_OPEN_TYPE_PRECONFIG, nullptr, nullptr, 0));
-    }
-    return internet_.get();
+    return passed < longestWait && !abandoned_ ? longestWait - passed : 0;
 }
 
 InternetHandle WebTransfer::request(HINTERNET internet, const WebAddress& address) const {
@@ -78,15 +54,17 @@ InternetHandle WebTransfer::request(HINTERNET internet, const WebAddress& addres
     }
     constexpr DWORD flags = INTERNET_FLAG_RELOAD | INTERNET_FLAG_NO_CACHE_WRITE |
                             INTERNET_FLAG_PRAGMA_NOCACHE | INTERNET_FLAG_NO_COOKIES | INTERNET_FLAG_NO_UI |
-                            INTERNET_FLAG_NO_AUTH | INTERNET_FLAG_NO_AUTO_REDIRECT;
+                            INTERNET_FLAG_NO_AUTO_REDIRECT;
     return InternetHandle(InternetOpenUrlW(internet, address.text().c_str(), nullptr, 0, flags, 0));
 }
 
-Http::Answer WebTransfer::fetch() {
-    HINTERNET internet = open();
+Http::Answer WebTransfer::run() {
+    started_ = GetTickCount();
+    const InternetHandle internet(
+        InternetOpenW(L"Veltro", INTERNET_OPEN_TYPE_PRECONFIG, nullptr, nullptr, 0));
     std::optional<WebAddress> next = address_;
     for (int hop = 0; internet && next && hop <= Http::mostRedirections; ++hop) {
-        const InternetHandle page = request(internet, *next);
+        const InternetHandle page = request(internet.get(), *next);
         const auto status = page ? numberHeader(page.get(), HTTP_QUERY_STATUS_CODE) : std::nullopt;
         if (status == HTTP_STATUS_OK) {
             return read(page.get());
@@ -101,8 +79,13 @@ Http::Answer WebTransfer::read(HINTERNET request) const {
     std::string body;
     char piece[16384];
     while (timeLeft() > 0) {
+        // Reading asks for no more than has come: it would wait for the rest, however slowly that comes.
+        DWORD available = 0;
         DWORD count = 0;
-        if (!InternetReadFile(request, piece, sizeof piece, &count) ||
+        if (!InternetQueryDataAvailable(request, &available, 0, 0) ||
+            (available > 0 &&
+             !InternetReadFile(request, piece, std::min(available, static_cast<DWORD>(sizeof piece)),
+                               &count)) ||
             count > Http::longestBody - body.size()) {
             return std::nullopt;
         }

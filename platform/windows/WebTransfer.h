@@ -4,7 +4,7 @@
 
 #include <wininet.h>
 
-#include <mutex>
+#include <atomic>
 #include <optional>
 #include <utility>
 
@@ -12,15 +12,11 @@
 
 namespace platform::windows {
 
-/// An owned handle of WinINet.
+/// An owned handle of WinINet. Closed by the thread that uses it: its number may be another handle's by then.
 class InternetHandle {
   public:
     explicit InternetHandle(HINTERNET handle = nullptr) noexcept : handle_(handle) {}
     InternetHandle(InternetHandle&& other) noexcept : handle_(std::exchange(other.handle_, nullptr)) {}
-    InternetHandle& operator=(InternetHandle&& other) noexcept {
-        std::swap(handle_, other.handle_);
-        return *this;
-    }
     InternetHandle(const InternetHandle&) = delete;
     InternetHandle& operator=(const InternetHandle&) = delete;
     ~InternetHandle() {
@@ -42,13 +38,10 @@ class WebTransfer {
     explicit WebTransfer(WebAddress address) : address_(std::move(address)) {}
 
     Http::Answer run();
-    /// What is under way fails soon, or at the latest when its time is over.
-    void abandon();
+    /// The transfer ends at its next step, which has a time limit of its own.
+    void abandon() { abandoned_ = true; }
 
   private:
-    Http::Answer fetch();
-    /// Nothing when the transfer was abandoned meanwhile.
-    HINTERNET open();
     InternetHandle request(HINTERNET internet, const WebAddress& address) const;
     Http::Answer read(HINTERNET request) const;
     /// In milliseconds; 0 when it is over.
@@ -56,10 +49,7 @@ class WebTransfer {
 
     const WebAddress address_;
     DWORD started_ = 0;
-
-    std::mutex mutex_;
-    bool abandoned_ = false;
-    InternetHandle internet_;
+    std::atomic<bool> abandoned_ = false;
 };
 
 }  // namespace platform::windows

@@ -77,8 +77,10 @@ class Request final : public HttpRequest {
               MessageWindow::requestName, [this](UINT) { finish(); }, std::move(owner)) {
         exchange_->window = window_.handle();
         // Whatever the transfer is busy with by then.
-        SetTimer(window_.handle(), 1, static_cast<UINT>(std::chrono::milliseconds(Http::longestWait).count()),
-                 nullptr);
+        if (SetTimer(window_.handle(), 1,
+                     static_cast<UINT>(std::chrono::milliseconds(Http::longestWait).count()), nullptr) == 0) {
+            throw errorOf(HRESULT_FROM_WIN32(GetLastError()));
+        }
         startThread(exchange_);
     }
     Request(const Request&) = delete;

@@ -60,7 +60,8 @@ std::wstring statusAfterAsking(const std::wstring& service) {
 
 constexpr wchar_t newest[] = L"You are currently running the latest version of Veltro";
 constexpr wchar_t unreachable[] =
-    L"The update service could not be reached. Please check your connection to the internet and try again.";
+    L"The update service could not be reached, or did not answer as it should. Please try again later, and check "
+    L"your connection to the internet.";
 constexpr wchar_t notUnderstood[] =
     L"The update service gave an answer that Veltro does not understand. Please try again later.";
 
@@ -81,6 +82,10 @@ TEST(UpdateCheck, TellsWhatTheServiceAnswers) {
         {"beyond 32 bits", WebServer::page(answer("1.4294967296.0")), notUnderstood},
         {"five parts", WebServer::page(answer("1.2.3.4.5")), notUnderstood},
         {"one part", WebServer::page(answer("1")), notUnderstood},
+        {"a part of many digits", WebServer::page(answer("1." + std::string(1000, '0') + "9")),
+         notUnderstood},
+        {"no version", WebServer::page(answer("", "<MSG>Hello</MSG>")), newest},
+        {"another encoding", WebServer::page("\xFF\xFE<\0S\0O\0"), notUnderstood},
         {"a mebibyte of <", WebServer::page(std::string(1 << 20, '<')), notUnderstood},
         {"compressed",
          WebServer::page("\x1F\x8B\x08" + std::string(40, '\x03'), "Content-Encoding: gzip\r\n"),
@@ -189,7 +194,7 @@ TEST(UpdateCheck, KeepsWhatTheUserWants) {
          {L"frmConfirmCheckUpdate=cmdCheck", L"frmConfirmCheckUpdate={Escape}"},
          L"DoNotCheck",
          L"1"},
-        {"again", L"DoNotCheck", {L"frmConfirmCheckUpdate=chkDoNotCheck=0; cmdClose"}, L"5/15/2024", L"0"},
+        {"again", L" DoNotCheck ", {L"frmConfirmCheckUpdate=chkDoNotCheck=0; cmdClose"}, L"5/15/2024", L"0"},
     };
     for (const auto& given : cases) {
         Bench bench(::given(server.address(), given.answers, {{L"LastCheckUpdateDate", given.before}}));
