@@ -121,6 +121,9 @@ void DialogRobot::attendForm(HWND dialog, const std::wstring& name) {
         return;
     }
     const FormPrompt prompt = dialogDriver::describeForm(dialog, name);
+    if (!attachedName(dialog, formNameProperty)) {  // One that waited has closed meanwhile.
+        return;
+    }
     auto answer = answers_.form(prompt);
     if (!answer && prompt.waits) {
         return;
