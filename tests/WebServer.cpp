@@ -135,7 +135,8 @@ void WebServer::serve() {
 void WebServer::attend(Socket connection) {
     std::string request;
     char piece[4096];
-    while (!stop_ && request.find("\r\n\r\n") == std::string::npos) {
+    constexpr char tlsGreeting = '\x16';
+    while (!stop_ && request.find("\r\n\r\n") == std::string::npos && !request.starts_with(tlsGreeting)) {
         if (isReadable(connection, 20)) {
             const auto count = recv(native(connection), piece, sizeof piece, 0);
             if (count <= 0) {

@@ -120,6 +120,9 @@ TEST(UpdateCheck, FollowsRedirectionsToAnEnd) {
 TEST(UpdateCheck, GivesUpWhenNobodyAnswers) {
     EXPECT_EQ(statusAfterAsking(WebServer::deadAddress()), unreachable);
     EXPECT_EQ(statusAfterAsking(L"ftp://127.0.0.1"), unreachable);
+    WebServer plain(answer(ahead(1)));
+    EXPECT_EQ(statusAfterAsking(L"https" + plain.address().substr(4)), unreachable)
+        << "no certificate at all";
     WebServer slow([](const std::string&) {
         return Reply{WebServer::page(answer(ahead(1))).bytes + std::string(200, ' '), Reply::Then::Drip};
     });

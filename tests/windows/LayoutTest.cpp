@@ -114,8 +114,8 @@ std::unique_ptr<forms::Form> updateResult(Globals& globals) {
     auto form = std::make_unique<update::frmConfirmCheckUpdate>(globals);
     dynamic_cast<forms::Label&>(*form->find(L"lblStatus"))
         .setCaption(
-            L"The update service could not be reached. Please check your connection to the internet and "
-            L"try again.");
+            L"The update service could not be reached, or did not answer as it should. Please try again later, "
+            L"and check your connection to the internet.");
     update::newVersion::show(dynamic_cast<forms::TextBox&>(*form->find(L"txtMessage")), message);
     for (const wchar_t* shown : {L"lblDownload", L"lblUpgradePolicyText", L"lblFeatures"}) {
         form->find(shown)->setVisible(true);
