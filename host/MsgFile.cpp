@@ -126,7 +126,7 @@ MsgFile readMsgFile(const std::wstring& path) {
     const std::filesystem::path file = platform::filePath(path);
     std::error_code error;
     const auto size = std::filesystem::file_size(file, error);
-    std::string bytes(error ? 0 : std::min(size, longest), '\0');
+    std::string bytes(error ? 0 : static_cast<std::size_t>(std::min(size, longest)), '\0');
     if (error || !std::ifstream(file, std::ios::binary)
                       .read(bytes.data(), static_cast<std::streamsize>(bytes.size()))) {
         constexpr auto notFound = static_cast<std::int32_t>(0x80030002);  // STG_E_FILENOTFOUND
