@@ -1,11 +1,13 @@
 #!/usr/bin/env python3
 """A service that knows the newest version of Veltro, on this machine alone: for trying the check for updates.
 
-Prints its address, and answers every question with the version that is given until it is ended.
+Prints its address, and answers every question with the version that is given, until the shell that has started it
+ends.
 """
 
 import argparse
 import http.server
+import os
 
 ANSWER = """<?xml version="1.0"?>
 <SOFTWARELIST>
@@ -38,8 +40,11 @@ def main():
             pass
 
     server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Handler)
+    server.timeout = 1
+    parent = os.getppid()
     print(f"http://127.0.0.1:{server.server_port}", flush=True)
-    server.serve_forever()
+    while os.getppid() == parent:
+        server.handle_request()
 
 
 main()
