@@ -53,7 +53,7 @@ function(veltro_introduction)
     set(maker ${CMAKE_SOURCE_DIR}/tools/makeMsg.py)
     set(message ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/Introducing_Veltro.msg)
     add_custom_command(OUTPUT ${message} COMMAND Python3::Interpreter ${maker} ${source} ${message}
-                       DEPENDS ${source} ${maker} VERBATIM)
+                       DEPENDS ${source} ${maker} ${CMAKE_SOURCE_DIR}/tools/compoundFile.py VERBATIM)
     add_custom_target(Introduction DEPENDS ${message})
 endfunction()
 
