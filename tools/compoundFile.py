@@ -93,3 +93,41 @@ class CompoundFile:
             CHAIN_END, 0, fat_places[0])  # fmt: skip
         rest = fat_places[1:] + [NOTHING] * (MOST_FAT_SECTORS - fat_count)
         return header + struct.pack(f"<{len(rest)}I", *rest) + self.sectors
+
+
+def read(data):
+    """A file's class id and its root, as CompoundFile takes them. Raises ValueError for what is no such file."""
+    if data[:8] != MAGIC:
+        raise ValueError("not a compound file")
+
+    def chain(table, unit, start, content):
+        pieces = []
+        while start != CHAIN_END:
+            pieces.append(content[start * unit : start * unit + unit])
+            start = table[start]
+        return b"".join(pieces)
+
+    def numbers(table):
+        return struct.unpack(f"<{len(table) // 4}I", table)
+
+    sectors = data[SECTOR:]
+    directory_start, mini_fat_start = struct.unpack_from("<I8xI", data, 48)
+    fat_places = [place for place in struct.unpack_from("<109I", data, 76) if place != NOTHING]
+    fat = numbers(b"".join(sectors[place * SECTOR : place * SECTOR + SECTOR] for place in fat_places))
+    mini_fat = numbers(chain(fat, SECTOR, mini_fat_start, sectors))
+    entries = [*struct.iter_unpack("<64sHBx3I16s20xIQ", chain(fat, SECTOR, directory_start, sectors))]
+    mini = chain(fat, SECTOR, entries[0][7], sectors)
+
+    def children(number):
+        if number == NOTHING:
+            return {}
+        units, length, kind, left, right, child, _, start, size = entries[number]
+        if kind == STORAGE:
+            content = children(child)
+        elif size >= MINI_CUTOFF:
+            content = chain(fat, SECTOR, start, sectors)[:size]
+        else:
+            content = chain(mini_fat, MINI_SECTOR, start, mini)[:size]
+        return {units[: length - 2].decode("utf-16-le"): content} | children(left) | children(right)
+
+    return entries[0][6], children(entries[0][5])
