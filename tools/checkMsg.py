@@ -9,12 +9,13 @@ Prints a line for each fault and ends with status 1 when there are any.
 
 import email
 import email.policy
-import os
 import struct
 import subprocess
 import sys
 import tempfile
 from pathlib import Path
+
+from programs import output_of
 
 MAKER = Path(__file__).resolve().parent / "makeMsg.py"
 STRING8 = 0x001E
@@ -31,15 +32,6 @@ def plain(text):
 def shown(mail):
     """What a mail program shows of a mail."""
     return {"From": str(mail["From"]), "Subject": str(mail["Subject"]), "text": plain(mail.get_content())}
-
-
-def output_of(*command):
-    """What a program writes. Raises ValueError when it fails or complains."""
-    # In a plain locale: Perl complains of one that is not installed.
-    done = subprocess.run(command, capture_output=True, check=False, env=os.environ | {"LC_ALL": "C"})
-    if done.returncode or done.stderr:
-        raise ValueError(f"{command[0]}: {done.stderr.decode(errors='replace').strip() or done.returncode}")
-    return done.stdout
 
 
 def converted(path):
