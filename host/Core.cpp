@@ -73,17 +73,32 @@ std::wstring Core::nextEntryId() {
 }
 
 std::shared_ptr<WordApplication> Core::runningWord() const {
-    auto word = word_.lock();
-    return word && word->running() ? word : nullptr;
+    return word_ && word_->running() ? word_ : nullptr;
 }
 
 std::shared_ptr<WordApplication> Core::startWord() {
-    auto word = runningWord();
-    if (!word) {
-        word = make<WordApplication>();
-        word_ = word;
+    if (!runningWord()) {
+        word_ = make<WordApplication>();
+        if (tellOfWord) {
+            tellOfWord(word_->object());
+        }
     }
-    return word;
+    return word_;
+}
+
+void Core::wordEnds() {
+    if (tellOfWord) {
+        tellOfWord({});
+    }
+}
+
+automation::Object Core::createForMacros(const std::wstring& progId) const {
+    const auto found = classesForMacros.find(text::upper(progId));
+    if (found == classesForMacros.end()) {
+        throw automation::Error(automation::errors::cannotCreateObject,
+                                L"ActiveX component can't create object");
+    }
+    return found->second();
 }
 
 const Account* Core::account(std::wstring_view name) const {

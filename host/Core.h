@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -42,8 +43,15 @@ class Core : public std::enable_shared_from_this<Core> {
     /// Nothing while Word does not run.
     std::shared_ptr<WordApplication> runningWord() const;
     std::shared_ptr<WordApplication> startWord();
+    void wordEnds();
+    std::function<void(const automation::Object&)> tellOfWord;
 
     Outlook::WordMacro wordMacro;
+    Outlook::RunMacro runMacro;
+    /// Classes of others that macros make objects of, by their ProgIDs in upper case.
+    std::map<std::wstring, std::function<automation::Object()>> classesForMacros;
+    /// Throws automation::Error 429 for a class that is not registered.
+    automation::Object createForMacros(const std::wstring& progId) const;
 
     /// The profile's account of this name, or nothing. Names are compared without regard to case.
     const Account* account(std::wstring_view name) const;
@@ -85,7 +93,7 @@ class Core : public std::enable_shared_from_this<Core> {
     std::shared_ptr<Application> application_;
     std::shared_ptr<NameSpace> nameSpace_;
     std::shared_ptr<AddIns> addIns_;
-    std::weak_ptr<WordApplication> word_;
+    std::shared_ptr<WordApplication> word_;
 };
 
 }  // namespace host

@@ -11,6 +11,7 @@
 #include "host/HostAutomation.h"
 #include "host/Inspector.h"
 #include "host/Item.h"
+#include "host/Word.h"
 #include "host/sending.h"
 
 namespace host {
@@ -292,6 +293,37 @@ ReplyOutcome Outlook::answerIn(const Object& window, ReplyKind kind, const Objec
 
 void Outlook::quit() {
     core_->application().quit();
+}
+
+automation::Object Outlook::openWordDocument(const std::wstring& name) {
+    return core_->startWord()->open(name)->object();
+}
+
+bool Outlook::wordRuns() const {
+    return core_->runningWord() != nullptr;
+}
+
+void Outlook::endWord() {
+    if (const auto word = core_->runningWord()) {
+        word->quit();
+    }
+}
+
+bool Outlook::wordAsksToSaveTemplates() const {
+    const auto word = core_->runningWord();
+    return word && word->asksToSaveTemplates();
+}
+
+void Outlook::onWord(std::function<void(const Object&)> tell) {
+    core_->tellOfWord = std::move(tell);
+}
+
+void Outlook::registerForMacros(const std::wstring& progId, std::function<automation::Object()> make) {
+    core_->classesForMacros[text::upper(progId)] = std::move(make);
+}
+
+void Outlook::runMacrosBy(RunMacro run) {
+    core_->runMacro = std::move(run);
 }
 
 void Outlook::onWordMacro(WordMacro macro) {

@@ -174,7 +174,25 @@ class Outlook {
     /// Raises Application.Quit.
     void quit();
 
-    /// What stands behind Word's Run: called with the macro's name and its arguments, references included.
+    // Word, which edits the mails of a profile whose editor it is. Its Run runs the macros of the templates
+    // that were loaded into it.
+    /// The user opens a document of their own.
+    automation::Object openWordDocument(const std::wstring& name);
+    bool wordRuns() const;
+    /// Word ends, without being asked to: in a crash, say.
+    void endWord();
+    /// True when Word would ask at its end whether to save a template.
+    bool wordAsksToSaveTemplates() const;
+    /// Calls `tell` with Word's application when it starts, and with nothing when it ends.
+    void onWord(std::function<void(const automation::Object&)> tell);
+    /// What macros get from CreateObject for a class that is not the simulated Outlook's.
+    void registerForMacros(const std::wstring& progId, std::function<automation::Object()> make);
+    /// Has macros run elsewhere: in a process of Word's own. Called with the template's path, the macro's
+    /// name and references to copies of its arguments.
+    using RunMacro = std::function<automation::Value(
+        const std::wstring& templatePath, const std::wstring& name, std::span<const automation::Value>)>;
+    void runMacrosBy(RunMacro run);
+    /// Plays all macros: called with the macro's name and its very arguments, references included.
     using WordMacro =
         std::function<automation::Value(const std::wstring& name, std::span<const automation::Value>)>;
     void onWordMacro(WordMacro macro);

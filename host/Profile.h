@@ -80,6 +80,8 @@ struct Profile {
     std::set<std::uint32_t> refusedFields{};
     bool redemptionRegistered = true;
     bool wordRegistered = true;
+    /// Word's macro security lets the macros of templates run.
+    bool macrosAllowed = true;
 };
 
 }  // namespace host

@@ -1,8 +1,12 @@
 #include "host/Word.h"
 
 #include <algorithm>
+#include <fstream>
+#include <iterator>
 
 #include "host/Core.h"
+#include "host/VbaProject.h"
+#include "platform/files.h"
 
 namespace host {
 
@@ -14,9 +18,47 @@ namespace {
     throw automation::Error(5825, L"Object has been deleted.", L"Microsoft Word");
 }
 
+/// What a call to a process that has ended fails with.
+[[noreturn]] void processGone() {
+    constexpr auto serverUnavailable = static_cast<std::int32_t>(0x800706BA);
+    throw automation::Error(serverUnavailable, L"The RPC server is unavailable.");
+}
+
 std::wstring_view fileNameOf(std::wstring_view path) {
     return path.substr(path.find_last_of(L"\\/") + 1);
 }
+
+std::string contentsOf(const std::wstring& path) {
+    std::ifstream file(platform::filePath(path), std::ios::binary);
+    if (!file) {
+        throw automation::Error(5174, L"This file could not be found.", L"Microsoft Word");
+    }
+    return std::string(std::istreambuf_iterator<char>(file), {});
+}
+
+/// Values that a macro may change, and the originals not.
+class Copies {
+  public:
+    explicit Copies(std::span<const Value> values) {
+        for (const Value& value : values) {
+            const Value* original = &value;
+            while (original->isReference()) {
+                original = &original->variable();
+            }
+            copies_.push_back(*original);
+        }
+        for (Value& copy : copies_) {
+            references_.push_back(Value::reference(copy));
+        }
+    }
+    Copies(const Copies&) = delete;
+    Copies& operator=(const Copies&) = delete;
+    const std::vector<Value>& references() const noexcept { return references_; }
+
+  private:
+    std::vector<Value> copies_;
+    std::vector<Value> references_;
+};
 
 }  // namespace
 
@@ -51,7 +93,11 @@ constinit const Members<WordDocument> WordDocument::members = {
 };
 
 WordFile::WordFile(Core& core, std::wstring path, bool installed)
-    : Automated(core), path_(std::move(path)), installed_(installed) {}
+    : Automated(core),
+      path_(std::move(path)),
+      installed_(installed),
+      macros_(readMacroModules(contentsOf(path_)),
+              [&core](const std::wstring& progId) { return core.createForMacros(progId); }) {}
 
 std::wstring WordFile::name() const {
     return std::wstring(fileNameOf(path_));
@@ -65,7 +111,7 @@ constinit const Members<WordFile> WordFile::members = {
 };
 
 bool WordFiles::isNamed(const std::shared_ptr<WordFile>& file, std::wstring_view name) {
-    return text::equalsIgnoringCase(file->name(), fileNameOf(name));
+    return text::equalsIgnoringCase(file->path(), name) || text::equalsIgnoringCase(file->name(), name);
 }
 
 void WordFiles::noSuchName() {
@@ -75,8 +121,9 @@ void WordFiles::noSuchName() {
 
 Value WordFiles::add(Arguments arguments) {
     const std::wstring path = arguments.text(0);
-    if (const auto known = find(path)) {
-        return known->object();
+    const auto known = std::ranges::find_if(list_, [&](const auto& file) { return isNamed(file, path); });
+    if (known != list_.end()) {
+        return (*known)->object();
     }
     const bool install = !arguments.has(1) || arguments[1].toBool();
     list_.push_back(core().make<WordFile>(path, install));
@@ -89,16 +136,41 @@ constinit const Members<WordFiles> WordFiles::members = {
     {.name = L"Add", .id = 2, .call = use<&WordFiles::add>, .least = 1, .most = 2},
 };
 
-WordApplication::WordApplication(Core& core) : Automated(core), files_(core.make<WordFiles>()) {}
+bool WordTemplates::isNamed(const std::shared_ptr<WordFile>& file, std::wstring_view name) {
+    return text::equalsIgnoringCase(file->name(), name);
+}
+
+constinit const Members<WordTemplates> WordTemplates::members = {
+    countRow<WordTemplates, 1>,
+    itemRow<WordTemplates, 0>,
+};
+
+constinit const Members<WordWindow> WordWindow::members = {
+    {.name = L"Caption",
+     .get = [](WordWindow& window, Arguments) { return window.document_->object().get(L"Name"); }},
+    {.name = L"Document", .get = use<&WordWindow::document_>},
+};
+
+constinit const Members<WordWindows> WordWindows::members = {
+    countRow<WordWindows, 2>,
+    itemRow<WordWindows, 0>,
+};
+
+WordApplication::WordApplication(Core& core)
+    : Automated(core), files_(core.make<WordFiles>()), templates_(core.make<WordTemplates>(files_)) {}
 
 void WordApplication::checkUsable() const {
     if (quit_) {
-        raise::outlookGone();
+        processGone();
     }
 }
 
 automation::Object WordApplication::windows() const {
-    return core().makeObject<WordWindows>(documents_.size());
+    std::vector<std::shared_ptr<WordWindow>> windows;
+    for (const auto& document : documents_) {
+        windows.push_back(core().make<WordWindow>(document));
+    }
+    return core().makeObject<WordWindows>(std::move(windows));
 }
 
 std::shared_ptr<WordDocument> WordApplication::open(std::wstring name) {
@@ -115,45 +187,46 @@ void WordApplication::closed(const WordDocument& document) {
     }
 }
 
+bool WordApplication::asksToSaveTemplates() const {
+    return std::ranges::any_of(files_->list(), [](const auto& file) { return !file->saved(); });
+}
+
 void WordApplication::quit() {
     while (!documents_.empty()) {
         closed(*documents_.back());
     }
     quit_ = true;
+    core().wordEnds();
+}
+
+/// A macro gets copies: what it writes to its arguments comes back to nobody.
+Value WordApplication::run(Arguments arguments) {
+    const std::wstring macro = arguments.text(0);
+    if (core().wordMacro) {
+        return core().wordMacro(macro, arguments.from(1));
+    }
+    if (!core().profile().macrosAllowed) {
+        throw automation::Error(6294, L"The macros in this project are disabled.", L"Microsoft Word");
+    }
+    for (const auto& file : files_->list()) {
+        if (file->installed() && file->macros().has(macro)) {
+            const Copies copies(arguments.from(1));
+            const Value result = core().runMacro ? core().runMacro(file->path(), macro, copies.references())
+                                                 : file->macros().run(macro, copies.references());
+            checkUsable();  // Word may be gone by now.
+            return result;
+        }
+    }
+    throw automation::Error(1004, L"Unable to run the specified macro", L"Microsoft Word");
 }
 
 constinit const Members<WordApplication> WordApplication::members = {
     {.name = L"Name", .get = [](WordApplication&, Arguments) { return Value(L"Microsoft Word"); }},
-    {.name = L"Run",
-     .id = 445,
-     .call =
-         [](WordApplication& word, Arguments arguments) {
-             const auto& macro = word.core().wordMacro;
-             if (!macro) {
-                 throw automation::Error(1004, L"Unable to run the specified macro", L"Microsoft Word");
-             }
-             return macro(arguments.text(0), arguments.from(1));
-         },
-     .least = 1,
-     .most = 31},
+    {.name = L"Run", .id = 445, .call = use<&WordApplication::run>, .least = 1, .most = 31},
     {.name = L"AddIns", .id = 22, .get = use<&WordApplication::files_>},
-    {.name = L"Templates", .id = 67, .get = use<&WordApplication::files_>},
+    {.name = L"Templates", .id = 67, .get = use<&WordApplication::templates_>},
     {.name = L"Windows", .get = use<&WordApplication::windows>},
-    {.name = L"Documents", .get = use<&WordApplication::windows>},
-    {.name = L"ActiveDocument",
-     .get =
-         [](WordApplication& word, Arguments) {
-             if (word.documents_.empty()) {
-                 throw automation::Error(4248, L"This command is not available because no document is open.",
-                                         L"Microsoft Word");
-             }
-             return Value(word.documents_.back()->object());
-         }},
     {.name = L"Quit", .call = use<&WordApplication::quit>, .most = 3},
-};
-
-constinit const Members<WordWindows> WordWindows::members = {
-    {.name = L"Count", .get = use<&WordWindows::count_>},
 };
 
 }  // namespace host

@@ -5,6 +5,7 @@
 
 #include "platform/text.h"
 #include "tests/host/EventLog.h"
+#include "tests/scenarios/AddInWorld.h"
 
 namespace {
 
@@ -52,7 +53,10 @@ std::map<std::wstring, Object> everyObject(host::Outlook& outlook) {
     all[L"Document"] = all[L"Inspector"].get(L"WordEditor").toObject();
     all[L"Word"] = all[L"Document"].get(L"Application").toObject();
     all[L"WordAddIns"] = all[L"Word"].get(L"AddIns").toObject();
-    all[L"WordAddIn"] = all[L"WordAddIns"].call(L"Add", L"C:\\x.dot").toObject();
+    all[L"WordAddIn"] = all[L"WordAddIns"].call(L"Add", (addInFolder() / "Veltro.dot").wstring()).toObject();
+    all[L"WordTemplates"] = all[L"Word"].get(L"Templates").toObject();
+    all[L"WordWindows"] = all[L"Word"].get(L"Windows").toObject();
+    all[L"WordWindow"] = all[L"WordWindows"].get(L"Item", 1).toObject();
     all[L"Recipients"] = all[L"Item"].get(L"Recipients").toObject();
     all[L"Recipient"] = all[L"Recipients"].get(L"Item", 1).toObject();
     all[L"ListEntry"] = all[L"Recipients"].get(L"Item", 2).toObject().get(L"AddressEntry").toObject();

@@ -199,6 +199,8 @@ TEST(HostWindowsTest, WordEditsMailBelowVersion12OnlyWhenItIsTheEditor) {
             EXPECT_TRUE(cancel.toBool());
             EXPECT_NO_THROW(outlook.automation().activeObject(L"Word.Application"));
             outlook.closeInspector(inspector);
+            EXPECT_NO_THROW(outlook.automation().activeObject(L"Word.Application"));
+            outlook.endWord();
         }
         EXPECT_NE(errorOf([&] { outlook.automation().activeObject(L"Word.Application"); }), 0);
     }
