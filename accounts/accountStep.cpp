@@ -96,7 +96,7 @@ void Step::offerUnknown() {
         return;
     }
     accountInUse_ = accountInUse();
-    actOn(mail_.editsInWord() ? wordSide::offerToAdd(globals_, list_, address_, accountInUse_)
+    actOn(mail_.editsInWord() ? wordSide::offerToAdd(globals_, list_, mail_.window(), address_, accountInUse_)
                               : offerToAdd(globals_, list_, address_, accountInUse_));
 }
 
@@ -120,8 +120,9 @@ void Step::useListed() {
     } else if (modRegKeys::DoNotShowSelect.read(globals_) == 1) {
         switchTo(preferred_);
     } else {
-        actOn(mail_.editsInWord() ? wordSide::select(globals_, list_, accountInUse_, preferred_, address_)
-                                  : select(globals_, list_, accountInUse_, preferred_, address_));
+        actOn(mail_.editsInWord()
+                  ? wordSide::select(globals_, list_, mail_.window(), accountInUse_, preferred_, address_)
+                  : select(globals_, list_, accountInUse_, preferred_, address_));
     }
 }
 
@@ -131,8 +132,9 @@ AccountAnswer Step::replaceMissingAccount() {
         L" is not available.\r\n\r\nThis may be due to the account being renamed or deleted.\r\n\r\nPlease "
         L"select another preferred account for this e-mail address.\r\n\r\nIf you click Cancel, then the "
         L"currently selected account will be used.";
-    return mail_.editsInWord() ? wordSide::replaceMissing(globals_, list_, accountInUse_, address_, message)
-                               : replaceMissing(globals_, list_, accountInUse_, address_, message);
+    return mail_.editsInWord()
+               ? wordSide::replaceMissing(globals_, list_, mail_.window(), accountInUse_, address_, message)
+               : replaceMissing(globals_, list_, accountInUse_, address_, message);
 }
 
 void Step::actOn(const AccountAnswer& answer) {
@@ -172,26 +174,25 @@ void checkPreferredAccount(Globals& globals, clsSendAcct& list, mail::OutgoingMa
 // The account to change to is the one that the list has when the dialog has closed: meanwhile a send in
 // another window may have changed it.
 
-AccountAnswer offerToAdd(Globals& globals, clsSendAcct& list, const std::wstring& address,
+AccountAnswer offerToAdd(Globals& globals, EntryStore& list, const std::wstring& address,
                          const std::wstring& accountInUse) {
     frmAddEmailToList form(globals, list, address, accountInUse);
     prompts::show(globals, form);
-    return form.changesAccount()
-               ? AccountAnswer{Decision::Change, basSendAcct::PreferredAccount(list, address)}
-               : AccountAnswer{};
+    return form.changesAccount() ? AccountAnswer{Decision::Change, list.PreferredAccount(address)}
+                                 : AccountAnswer{};
 }
 
 /// Despite what the message says, cancelling keeps the e-mail from being sent.
-AccountAnswer replaceMissing(Globals& globals, clsSendAcct& list, const std::wstring& accountInUse,
+AccountAnswer replaceMissing(Globals& globals, EntryStore& list, const std::wstring& accountInUse,
                              const std::wstring& address, const std::wstring& message) {
     frmEmailAddressEdit form(globals, list, frmEmailAddressEdit::Mode::MissingAccount,
                              {address, accountInUse, message});
     prompts::show(globals, form);
-    return form.saved() ? AccountAnswer{Decision::Change, basSendAcct::PreferredAccount(list, address)}
+    return form.saved() ? AccountAnswer{Decision::Change, list.PreferredAccount(address)}
                         : AccountAnswer{Decision::GoBack};
 }
 
-AccountAnswer select(Globals& globals, clsSendAcct& list, const std::wstring& accountInUse,
+AccountAnswer select(Globals& globals, EntryStore& list, const std::wstring& accountInUse,
                      const std::wstring& preferred, const std::wstring& address) {
     frmSelectSendAcct form(globals, list, preferred, address, accountInUse);
     prompts::show(globals, form);

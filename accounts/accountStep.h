@@ -17,16 +17,16 @@ namespace accounts::accountStep {
 void checkPreferredAccount(mail::Globals& globals, clsSendAcct& list, mail::OutgoingMail& mail,
                            const listFolder::Place& found, bool& cancel) noexcept;
 
-// The dialogs of the step, which the macros of the Word template show too.
+// The dialogs of the step, which are shown in Word's process, too.
 
 /// Offers to put an unknown address on the list.
-AccountAnswer offerToAdd(mail::Globals& globals, clsSendAcct& list, const std::wstring& address,
+AccountAnswer offerToAdd(mail::Globals& globals, EntryStore& list, const std::wstring& address,
                          const std::wstring& accountInUse);
 /// Asks for another account in place of one that is gone.
-AccountAnswer replaceMissing(mail::Globals& globals, clsSendAcct& list, const std::wstring& accountInUse,
+AccountAnswer replaceMissing(mail::Globals& globals, EntryStore& list, const std::wstring& accountInUse,
                              const std::wstring& address, const std::wstring& message);
 /// Asks which account to use.
-AccountAnswer select(mail::Globals& globals, clsSendAcct& list, const std::wstring& accountInUse,
+AccountAnswer select(mail::Globals& globals, EntryStore& list, const std::wstring& accountInUse,
                      const std::wstring& preferred, const std::wstring& address);
 
 }  // namespace accounts::accountStep

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "accounts/EntryStore.h"
 #include "accounts/ListChange.h"
 #include "accounts/listFolder.h"
 #include "accounts/wordSide.h"
@@ -14,9 +15,6 @@
 
 namespace accounts {
 
-/// Stands for an account where none was chosen.
-inline constexpr wchar_t noAccount[] = L"No Account Selected";
-
 /// The list that says which account to send with to which address, and what is done with accounts at a send.
 ///
 /// The list is stored as text in the body of one mail item of the user's own mailbox. It is held in memory
@@ -24,15 +22,15 @@ inline constexpr wchar_t noAccount[] = L"No Account Selected";
 /// Outlook on the same mailbox may have changed it meanwhile, and the whole of it is written back at once,
 /// unless it has been stored anew just then: the change is made again to that. A body that is no list is
 /// never written over. No operation throws.
-class clsSendAcct {
+class clsSendAcct : public EntryStore {
   public:
     explicit clsSendAcct(mail::Globals& globals) : globals_(globals) {}
 
     /// The current values: Find and a move fill them from the row, Update writes them into it.
     std::wstring strEmailAddress;
     std::wstring strAccount;
-    /// What the macros of the Word template leave when they ask in place of a dialog.
-    wordSide::Answers leftByWord;
+    /// What was answered in Word's process, where the template's macros ask in place of a dialog.
+    wordSide::Answers answeredInWord;
     /// Why the last Edit, Update or Delete failed; empty when it did not.
     std::wstring ErrorReport;
 
@@ -83,9 +81,15 @@ class clsSendAcct {
     bool Update();
     bool Delete();
 
+    // The same as the dialogs use it.
+    std::wstring PreferredAccount(const std::wstring& address) override;
+    bool IsListed(const std::wstring& address) override;
+    std::wstring AddEntry(const AccountEntry& entry) override;
+    std::wstring ReplaceEntry(const AccountEntry& listed, const AccountEntry& entry) override;
+    std::wstring SetAccount(const std::wstring& address, const std::wstring& account) override;
+
     // Accounts.
-    /// noAccount and the names of the profile's accounts in their order.
-    std::vector<std::wstring> LoadAccounts();
+    std::vector<std::wstring> LoadAccounts() override;
     /// The name of the profile's first account; empty on failure.
     static std::wstring GetAccountInUse(mail::OutgoingMail& mail);
     /// The name of the account set on a saved mail; empty when it has none, or on failure.
@@ -125,6 +129,7 @@ class clsSendAcct {
     std::optional<bool> changeOnce(const ListChange& wanted, ChangeAttempt& former);
     bool keep(AccountRows rows);
     bool store(const AccountEntry& entry);
+    std::wstring updateTo(const AccountEntry& entry);
     bool hasCurrentRow() const { return list_ && !list_->atEnd(); }
     void takeCurrentValues();
     bool fail(std::wstring report);

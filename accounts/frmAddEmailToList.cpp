@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "accounts/basSendAcct.h"
 #include "accounts/frmEmailAddressEdit.h"
 #include "mail/errorTrap.h"
 #include "platform/text.h"
@@ -14,7 +13,7 @@ namespace accounts {
 using platform::Buttons;
 using platform::Icon;
 
-frmAddEmailToList::frmAddEmailToList(mail::Globals& globals, clsSendAcct& list, std::wstring address,
+frmAddEmailToList::frmAddEmailToList(mail::Globals& globals, EntryStore& list, std::wstring address,
                                      std::wstring accountInUse)
     : Form(L"frmAddEmailToList", L"Add To List", 300, 173),
       globals_(globals),
@@ -50,11 +49,9 @@ void frmAddEmailToList::cmdYes_Click() {
 
 void frmAddEmailToList::cmdNo_Click() {
     mail::trapErrors(globals_, mail::ErrorReport::usual(L"frmAddEmailToList.cmdNo_Click"), [&] {
-        list_.AddNew();
-        list_.strEmailAddress = address_;
-        list_.strAccount = noAccount;
-        if (!list_.Update()) {
-            globals_.platform.desktop.messageBox(list_.ErrorReport, {Buttons::Ok, Icon::Warning}, L"Veltro");
+        const std::wstring failure = list_.AddEntry({address_, noAccount});
+        if (!failure.empty()) {
+            globals_.platform.desktop.messageBox(failure, {Buttons::Ok, Icon::Warning}, L"Veltro");
         }
     });
     leave();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "accounts/clsSendAcct.h"
+#include "accounts/EntryStore.h"
 #include "mail/Globals.h"
 #include "platform/forms.h"
 
@@ -9,7 +9,7 @@ namespace accounts {
 /// Offers to put a recipient's address on the list of preferred accounts.
 class frmAddEmailToList : public forms::Form {
   public:
-    frmAddEmailToList(mail::Globals& globals, clsSendAcct& list, std::wstring address,
+    frmAddEmailToList(mail::Globals& globals, EntryStore& list, std::wstring address,
                       std::wstring accountInUse);
 
     /// True when an account was chosen that the mail is now to be sent with.
@@ -25,7 +25,7 @@ class frmAddEmailToList : public forms::Form {
     void leave();
 
     mail::Globals& globals_;
-    clsSendAcct& list_;
+    EntryStore& list_;
     std::wstring address_;
     std::wstring accountInUse_;
     bool changesAccount_ = false;

@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "accounts/basSendAcct.h"
-#include "accounts/listMessages.h"
 #include "mail/basEmailAddressValidity.h"
 #include "mail/errorTrap.h"
 #include "platform/text.h"
@@ -29,7 +28,7 @@ const wchar_t* captionFor(Mode mode) {
 
 }  // namespace
 
-frmEmailAddressEdit::frmEmailAddressEdit(mail::Globals& globals, clsSendAcct& list, Mode mode, Entry entry)
+frmEmailAddressEdit::frmEmailAddressEdit(mail::Globals& globals, EntryStore& list, Mode mode, Entry entry)
     : Form(L"frmEmailAddressEdit", captionFor(mode), 300,
            70 + (mode == Mode::MissingAccount ? messageHeight : 0)),
       globals_(globals),
@@ -72,8 +71,9 @@ void frmEmailAddressEdit::cmdOK_Click() {
         if (!isComplete()) {
             return;
         }
-        if (!save()) {
-            tell(list_.ErrorReport, Icon::Warning);
+        const std::wstring failure = save();
+        if (!failure.empty()) {
+            tell(failure, Icon::Warning);
             return;
         }
         saved_ = true;
@@ -97,7 +97,7 @@ bool frmEmailAddressEdit::isComplete() const {
         tell(L"Please enter a valid email address.", Icon::Warning);
         return false;
     }
-    if (mode_ == Mode::Add && isOnList()) {
+    if (mode_ == Mode::Add && list_.IsListed(address())) {
         tell(L"There is already an existing e-mail with this address. Please enter another email address",
              Icon::Warning);
         return false;
@@ -105,37 +105,16 @@ bool frmEmailAddressEdit::isComplete() const {
     return true;
 }
 
-bool frmEmailAddressEdit::isOnList() const {
-    if (list_.count() == 0) {
-        return false;
+std::wstring frmEmailAddressEdit::save() {
+    switch (mode_) {
+        case Mode::Add:
+            return list_.AddEntry({address(), account()});
+        case Mode::Edit:
+            return list_.ReplaceEntry({listedAddress_, listedAccount_}, {address(), account()});
+        case Mode::MissingAccount:
+            return list_.SetAccount(listedAddress_, account());
     }
-    list_.AbsolutePosition(1);
-    return list_.Find(address());
-}
-
-bool frmEmailAddressEdit::save() {
-    if (mode_ == Mode::Add) {
-        list_.AddNew();
-    } else {
-        if (!moveToEntry()) {
-            list_.ErrorReport = listMessages::changedMeanwhile;
-            return false;
-        }
-        list_.Edit();
-        if (!list_.ErrorReport.empty()) {
-            return false;
-        }
-    }
-    if (mode_ != Mode::MissingAccount) {
-        list_.strEmailAddress = address();
-    }
-    list_.strAccount = account();
-    return list_.Update();
-}
-
-bool frmEmailAddressEdit::moveToEntry() {
-    return mode_ == Mode::Edit ? basSendAcct::MoveToEntry(list_, listedAddress_, listedAccount_)
-                               : basSendAcct::MoveToAddress(list_, listedAddress_);
+    return {};
 }
 
 std::wstring frmEmailAddressEdit::address() const {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "accounts/clsSendAcct.h"
+#include "accounts/EntryStore.h"
 #include "mail/Globals.h"
 #include "platform/formLists.h"
 
@@ -23,7 +23,7 @@ class frmEmailAddressEdit : public forms::Form {
         std::wstring message;
     };
 
-    frmEmailAddressEdit(mail::Globals& globals, clsSendAcct& list, Mode mode, Entry entry);
+    frmEmailAddressEdit(mail::Globals& globals, EntryStore& list, Mode mode, Entry entry);
 
     /// True once the entry is stored.
     bool saved() const { return saved_; }
@@ -35,14 +35,12 @@ class frmEmailAddressEdit : public forms::Form {
     void cmdCancel_Click();
     void chooseAccount(const std::wstring& account);
     bool isComplete() const;
-    bool isOnList() const;
-    bool save();
-    bool moveToEntry();
+    std::wstring save();
     std::wstring address() const;
     void tell(const std::wstring& prompt, platform::Icon icon) const;
 
     mail::Globals& globals_;
-    clsSendAcct& list_;
+    EntryStore& list_;
     Mode mode_;
     /// What the list holds in the row.
     std::wstring listedAddress_;

@@ -9,7 +9,7 @@
 
 namespace accounts {
 
-frmSelectSendAcct::frmSelectSendAcct(mail::Globals& globals, clsSendAcct& list, std::wstring preferred,
+frmSelectSendAcct::frmSelectSendAcct(mail::Globals& globals, EntryStore& list, std::wstring preferred,
                                      std::wstring address, const std::wstring& given)
     : Form(L"frmSelectSendAcct", L"Veltro", 280, 171),
       globals_(globals),
@@ -17,7 +17,7 @@ frmSelectSendAcct::frmSelectSendAcct(mail::Globals& globals, clsSendAcct& list, 
       preferred_(std::move(preferred)),
       address_(std::move(address)) {
     lblPrefAcct.setCaption(L"(" + preferred_ + L")");
-    std::vector<std::wstring> others = basSendAcct::AccountOrder(globals);
+    std::vector<std::wstring> others = list.LoadAccounts();
     std::erase_if(others, [&](const std::wstring& name) {
         return name.empty() || name == noAccount || text::equalsTrimmed(name, preferred_);
     });
@@ -58,14 +58,10 @@ void frmSelectSendAcct::cmdOK_Click() {
 }
 
 void frmSelectSendAcct::makePreferred(const std::wstring& account) {
-    if (!basSendAcct::MoveToAddress(list_, address_)) {
-        return;
-    }
-    list_.Edit();
-    list_.strAccount = std::wstring(text::trim(account));
-    if (!list_.Update()) {
-        globals_.platform.desktop.messageBox(
-            list_.ErrorReport, {platform::Buttons::Ok, platform::Icon::Warning}, globals_.product.title);
+    const std::wstring failure = list_.SetAccount(address_, std::wstring(text::trim(account)));
+    if (!failure.empty()) {
+        globals_.platform.desktop.messageBox(failure, {platform::Buttons::Ok, platform::Icon::Warning},
+                                             globals_.product.title);
     }
 }
 

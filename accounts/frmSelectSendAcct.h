@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "accounts/clsSendAcct.h"
+#include "accounts/EntryStore.h"
 #include "mail/Globals.h"
 #include "platform/formLists.h"
 
@@ -12,7 +12,7 @@ namespace accounts {
 class frmSelectSendAcct : public forms::Form {
   public:
     /// `given` is the account that is offered first beside the preferred one.
-    frmSelectSendAcct(mail::Globals& globals, clsSendAcct& list, std::wstring preferred, std::wstring address,
+    frmSelectSendAcct(mail::Globals& globals, EntryStore& list, std::wstring preferred, std::wstring address,
                       const std::wstring& given);
 
     /// The account to send with; nothing: back to the e-mail. That is what closing the box means, too.
@@ -26,7 +26,7 @@ class frmSelectSendAcct : public forms::Form {
     void makePreferred(const std::wstring& account);
 
     mail::Globals& globals_;
-    clsSendAcct& list_;
+    EntryStore& list_;
     std::wstring preferred_;
     std::wstring address_;
     std::optional<std::wstring> answer_;

@@ -2,10 +2,8 @@
 
 #include <utility>
 
-#include "accounts/basSendAcct.h"
 #include "accounts/clsSendAcct.h"
 #include "mail/basWordMail.h"
-#include "mail/errorTrap.h"
 
 namespace accounts::wordSide {
 
@@ -14,56 +12,61 @@ namespace {
 using mail::Globals;
 using Decision = AccountAnswer::Decision;
 
-Decision decisionOf(const Answers& left) {
-    if (left.dialogMode == DialogMode::AnswerIgnored) {
-        return Decision::Keep;
-    }
-    if (left.strChangeAcct == answerCancel) {
-        return Decision::GoBack;
-    }
-    return left.strChangeAcct == answerChange ? Decision::Change : Decision::Keep;
-}
+constexpr wchar_t answerChange[] = L"CHANGE";
+constexpr wchar_t answerCancel[] = L"CANCEL";
 
-/// Takes what the macro leaves, so that no other question finds it.
+/// Takes what is answered, so that no other question finds it: one that comes inside of this has answers of
+/// its own.
 template <class... Arguments>
-Answers run(const Globals& globals, clsSendAcct& list, DialogMode mode, const wchar_t* macro,
-            const Arguments&... arguments) {
-    list.leftByWord = {.dialogMode = mode};
-    const bool ran =
-        mail::skipErrors([&] { basWordMail::activeWord(globals).call(L"Run", macro, arguments...); });
-    const Answers left = std::exchange(list.leftByWord, {});
-    return ran && list.LoadList() ? left : Answers();
-}
-
-/// The list has the account since the macro has stored it.
-AccountAnswer withListedAccount(const clsSendAcct& list, const std::wstring& address, const Answers& left) {
-    return {decisionOf(left), basSendAcct::PreferredAccount(list, address)};
+AccountAnswer ask(Globals& globals, clsSendAcct& list, const outlook::Inspector& window, DialogMode mode,
+                  const wchar_t* macro, const Arguments&... arguments) {
+    const Answers outer = std::exchange(list.answeredInWord, {.dialogMode = mode});
+    const bool held = basWordMail::runMacro(globals, window, macro, arguments...);
+    const Answers left = std::exchange(list.answeredInWord, outer);
+    return held ? AccountAnswer{Decision::GoBack} : left.answer();
 }
 
 }  // namespace
 
-AccountAnswer offerToAdd(const Globals& globals, clsSendAcct& list, const std::wstring& address,
-                         const std::wstring& accountInUse) {
-    const Answers left = run(globals, list, DialogMode::None, L"vtAddEmail", address, accountInUse);
-    if (left.sendCancelled) {
+Answers Answers::of(const AccountAnswer& answer, DialogMode mode) {
+    switch (answer.decision) {
+        case Decision::Change:
+            return {answerChange, answer.account, mode};
+        case Decision::GoBack:
+            return {answerCancel, {}, mode};
+        case Decision::Keep:
+            break;
+    }
+    return {{}, {}, mode};
+}
+
+AccountAnswer Answers::answer() const {
+    if (dialogMode == DialogMode::AnswerIgnored) {
+        return {};
+    }
+    if (strChangeAcct == answerCancel) {
         return {Decision::GoBack};
     }
-    return withListedAccount(list, address, left);
+    return strChangeAcct == answerChange ? AccountAnswer{Decision::Change, strAccount} : AccountAnswer{};
 }
 
-AccountAnswer replaceMissing(const Globals& globals, clsSendAcct& list, const std::wstring& accountInUse,
-                             const std::wstring& address, const std::wstring& message) {
+AccountAnswer offerToAdd(Globals& globals, clsSendAcct& list, const outlook::Inspector& window,
+                         const std::wstring& address, const std::wstring& accountInUse) {
+    return ask(globals, list, window, DialogMode::None, L"vtAddEmail", address, accountInUse);
+}
+
+AccountAnswer replaceMissing(Globals& globals, clsSendAcct& list, const outlook::Inspector& window,
+                             const std::wstring& accountInUse, const std::wstring& address,
+                             const std::wstring& message) {
     constexpr DialogMode mode = DialogMode::MissingAccount;
-    const Answers left = run(globals, list, mode, L"vtPrefAcctExistsFalse", static_cast<std::int32_t>(mode),
-                             accountInUse, address, message);
-    return withListedAccount(list, address, left);
+    return ask(globals, list, window, mode, L"vtPrefAcctExistsFalse", static_cast<std::int32_t>(mode),
+               accountInUse, address, message);
 }
 
-AccountAnswer select(const Globals& globals, clsSendAcct& list, const std::wstring& accountInUse,
-                     const std::wstring& preferred, const std::wstring& address) {
-    const Answers left =
-        run(globals, list, DialogMode::None, L"vtSelPostroute", accountInUse, preferred, address);
-    return {decisionOf(left), left.strAccount.empty() ? preferred : left.strAccount};
+AccountAnswer select(Globals& globals, clsSendAcct& list, const outlook::Inspector& window,
+                     const std::wstring& accountInUse, const std::wstring& preferred,
+                     const std::wstring& address) {
+    return ask(globals, list, window, DialogMode::None, L"vtSelPostroute", accountInUse, preferred, address);
 }
 
 }  // namespace accounts::wordSide

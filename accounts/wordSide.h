@@ -3,6 +3,7 @@
 #include <string>
 
 #include "accounts/AccountAnswer.h"
+#include "platform/outlook.h"
 
 namespace accounts {
 class clsSendAcct;
@@ -13,11 +14,11 @@ struct Globals;
 }
 
 /// The questions of the account step where Word is the editor of mails: a macro of the add-in's Word template
-/// asks each of them. Macros know neither the add-in's types nor its memory; what they leave are texts,
-/// numbers and flags, which go no further than here.
+/// asks each of them, in Word's process. Its answers come back as texts and numbers, which go no further than
+/// here.
 namespace accounts::wordSide {
 
-/// Why a macro opens the dialog for an entry of the list, by its numbers.
+/// Why the dialog for an entry of the list is opened, by the numbers that the macros know.
 enum class DialogMode {
     None = 0,
     Add = 1,
@@ -27,30 +28,28 @@ enum class DialogMode {
     MissingAccount = 4
 };
 
-/// What strChangeAcct may hold.
-inline constexpr wchar_t answerChange[] = L"CHANGE";
-inline constexpr wchar_t answerCancel[] = L"CANCEL";
-
-/// What the macros leave. The list of preferred accounts carries it, as both sides have that.
+/// What was answered. The list of preferred accounts carries it, as both sides have that.
 struct Answers {
-    /// Empty while nothing was answered.
+    /// "CHANGE" or "CANCEL"; empty while nothing was answered.
     std::wstring strChangeAcct{};
-    /// The account that was chosen; empty: the preferred one.
+    /// The account to change to.
     std::wstring strAccount{};
-    /// Raised by the offer to add an address, to stop the send.
-    bool sendCancelled = false;
     DialogMode dialogMode = DialogMode::None;
+
+    static Answers of(const AccountAnswer& answer, DialogMode mode);
+    AccountAnswer answer() const;
 };
 
-// Each runs its macro; where that cannot be done nothing is asked, and the mail leaves as it is. The list is
-// loaded anew afterwards, as the macro may have stored something.
+// Each runs its macro in the Word of the mail's window; where that cannot be done nothing is asked, and the
+// mail leaves as it is.
 
-AccountAnswer offerToAdd(const mail::Globals& globals, clsSendAcct& list, const std::wstring& address,
-                         const std::wstring& accountInUse);
-AccountAnswer replaceMissing(const mail::Globals& globals, clsSendAcct& list,
+AccountAnswer offerToAdd(mail::Globals& globals, clsSendAcct& list, const outlook::Inspector& window,
+                         const std::wstring& address, const std::wstring& accountInUse);
+AccountAnswer replaceMissing(mail::Globals& globals, clsSendAcct& list, const outlook::Inspector& window,
                              const std::wstring& accountInUse, const std::wstring& address,
                              const std::wstring& message);
-AccountAnswer select(const mail::Globals& globals, clsSendAcct& list, const std::wstring& accountInUse,
-                     const std::wstring& preferred, const std::wstring& address);
+AccountAnswer select(mail::Globals& globals, clsSendAcct& list, const outlook::Inspector& window,
+                     const std::wstring& accountInUse, const std::wstring& preferred,
+                     const std::wstring& address);
 
 }  // namespace accounts::wordSide

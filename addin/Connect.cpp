@@ -6,11 +6,11 @@
 #include "addin/basPreInitializeSetup.h"
 #include "addin/eventArguments.h"
 #include "addin/missingLibrary.h"
+#include "addin/productTexts.h"
 #include "addin/settingsFolder.h"
 #include "addin/settingsWizard.h"
 #include "mail/ProfileAddresses.h"
 #include "mail/errorTrap.h"
-#include "platform/files.h"
 #include "settings/modLoadSettings.h"
 #include "settings/modRegKeys.h"
 #include "update/basAutoUpdate.h"
@@ -21,15 +21,6 @@ namespace {
 
 using mail::attempt;
 using mail::skipErrors;
-
-/// String resources of the product's texts.
-namespace stringId {
-constexpr std::uint32_t webSite = 511;
-constexpr std::uint32_t supportAddress = 513;
-constexpr std::uint32_t downloadPage = 514;
-constexpr std::uint32_t productTitle = 515;
-constexpr std::uint32_t aboutText = 524;
-}  // namespace stringId
 
 /// Why Outlook unloads the add-in: the user has taken it off the list of add-ins.
 constexpr int userRemoved = 1;
@@ -59,8 +50,7 @@ void Connect::OnConnection(const automation::Object& application, int /*connectM
     libraryLookedFor_ = false;
     toldOfLibrary_ = false;
 
-    openResourceLibrary();
-    readProductTexts();
+    readProductTexts(globals_);
     basPreInitializeSetup::InitializeSetup(globals_);
     modLoadSettings::importSettingsFile(globals_, settingsFile_);
     if (!takeHoldOfOutlook()) {
@@ -91,27 +81,6 @@ void Connect::tellOfMissingLibrary() {
     }
 }
 
-void Connect::openResourceLibrary() {
-    globals_.resources = std::make_unique<mail::clsResource>(globals_.platform.resources);
-    // Without the library every text has its fallback.
-    skipErrors([&] {
-        globals_.resources->setLibraryFilePath(
-            platform::joinPath(globals_.platform.system.addInFolder(), L"Resource.dll"));
-    });
-}
-
-void Connect::readProductTexts() {
-    mail::ProductTexts& product = globals_.product;
-    product.aboutText = globals_.resourceOr(
-        stringId::aboutText, L"Veltro stops mistakes before an e-mail leaves Microsoft Outlook.");
-    product.webSite = globals_.resourceOr(stringId::webSite, L"https://www.corvane.example");
-    product.supportAddress = globals_.resourceOr(stringId::supportAddress, L"support@corvane.example");
-    product.downloadPage = globals_.resourceOr(stringId::downloadPage,
-                                               L"https://www.corvane.example/veltro/download_process.asp");
-    product.title = globals_.resourceOr(stringId::productTitle, L"Veltro");
-    product.helpFile = platform::joinPath(globals_.platform.system.addInFolder(), L"Veltro.chm");
-}
-
 /// Whatever fails here is skipped, so that one window that cannot be wrapped leaves the others guarded. False
 /// when Outlook has no window at all; new inspectors are then wrapped, new explorers not.
 bool Connect::takeHoldOfOutlook() {
@@ -137,6 +106,7 @@ bool Connect::takeHoldOfOutlook() {
             });
     });
     skipErrors([&] { globals_.progId = addInInst_.get(L"ProgId").toText(); });
+    skipErrors([&] { addInInst_.put(L"Object", exposed()); });
     if (hasNoWindow()) {
         return false;
     }
@@ -215,6 +185,7 @@ void Connect::OnDisconnection(int removeMode) {
     colInsp_ = {};
     globals_.resources.reset();
     updateCheck_.reset();
+    unexpose();
     addInInst_ = {};
     application_ = {};
 }

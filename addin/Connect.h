@@ -3,12 +3,10 @@
 #include <memory>
 
 #include "addin/OutAddIn.h"
+#include "addin/Surroundings.h"
 #include "addin/WindowWrappers.h"
-#include "mail/Globals.h"
-#include "mail/Trace.h"
-#include "platform/Platform.h"
+#include "platform/FunctionTarget.h"
 #include "platform/outlook.h"
-#include "settings/AlertingDesktop.h"
 #include "settings/SettingsFileReader.h"
 #include "update/frmCheckingUpdatesTimer.h"
 
@@ -19,13 +17,10 @@ namespace addin {
 /// latter when they shut down fast, so nothing depends on it.
 class Connect {
   public:
-    explicit Connect(const platform::Platform& ports)
-        : trace_(ports.system),
-          desktop_(ports.desktop, globals_),
-          platform_{ports.automation, desktop_,    ports.settings, ports.registry,
-                    ports.resources,  ports.clock, ports.system,   ports.http},
-          globals_(platform_),
-          wrappers_(globals_) {}
+    explicit Connect(const platform::Platform& ports) : around_(ports), wrappers_(globals_) {}
+    Connect(const Connect&) = delete;
+    Connect& operator=(const Connect&) = delete;
+    ~Connect() { unexpose(); }
 
     /// Starts the add-in up. Throws automation::Error when a step fails that is not to be skipped; what was
     /// started by then goes on working.
@@ -36,12 +31,20 @@ class Connect {
     /// Whether the setting wants the tutorial; it has no further effect, the menu's commands open it.
     bool TutorialScreen() const;
 
+    // For the add-in's part in Word's process, which reaches this one by Outlook's list of add-ins.
+
+    /// The shared list of preferred accounts.
+    automation::Object WordEditorVariablesGet();
+    /// What was answered there. Throws automation::Error when the list's answers cannot be read.
+    void WordEditorVariablesSet(bool cancel, const automation::Object& list);
+
     const WindowWrappers& wrappers() const { return wrappers_; }
-    const mail::Trace& trace() const { return trace_; }
+    const mail::Trace& trace() const { return around_.trace; }
 
   private:
-    void openResourceLibrary();
-    void readProductTexts();
+    /// The add-in as Outlook's list of add-ins gives it to other programs.
+    automation::Object exposed();
+    void unexpose();
     bool takeHoldOfOutlook();
     bool hasNoWindow() const;
     void initialiseOutAddIn();
@@ -60,17 +63,14 @@ class Connect {
     void lookForLibrary();
     void tellOfMissingLibrary();
 
-    /// This thread's while the add-in lives: made before what it hears of, and gone after.
-    mail::Trace trace_;
-    settings::AlertingDesktop desktop_;
-    /// The ports with that desktop.
-    platform::Platform platform_;
-    mail::Globals globals_;
+    Surroundings around_;
+    mail::Globals& globals_ = around_.globals;
     WindowWrappers wrappers_;
     settings::SettingsFileReader settingsFile_;
     /// Kept beside the global one, which goes with the last window and must come back with the next.
     outlook::Application application_;
     automation::Object addInInst_;
+    std::shared_ptr<automation::FunctionTarget> exposed_;
     std::shared_ptr<OutAddIn> outAddIn_;
     std::shared_ptr<update::frmCheckingUpdatesTimer> updateCheck_;
     bool libraryLookedFor_ = false;

@@ -60,7 +60,7 @@ void Connect::objExpl_Close() {
     skipErrors([&] { setExplorer(application_.activeExplorer()); });
     const bool lastWindow = !objExpl_ && attempt([&] { return colInsp_.count(); }).value_or(1) < 1;
     if (lastWindow && outAddIn_) {
-        outAddIn_->UnInitialise();
+        outAddIn_->lastWindowCloses();
     }
 }
 
@@ -70,7 +70,7 @@ void Connect::objInsp_Close() {
     const bool lastWindow = attempt([&] { return colExpl_.count(); }).value_or(1) < 1 &&
                             attempt([&] { return colInsp_.count(); }).value_or(2) < 2;
     if (lastWindow && outAddIn_) {
-        outAddIn_->UnInitialise();
+        outAddIn_->lastWindowCloses();
     }
 }
 

@@ -1,6 +1,7 @@
 #include "addin/OutAddIn.h"
 
 #include "addin/eventArguments.h"
+#include "mail/basWordMail.h"
 
 namespace addin {
 
@@ -12,7 +13,9 @@ void OutAddIn::Initialise(const outlook::Application& application, const std::ws
         [self = weak_from_this()](std::int32_t event, std::span<automation::Value> arguments) {
             // Held: the user may take the add-in off while a question is open.
             const auto addIn = self.lock();
-            if (addIn && event == outlook::events::applicationItemSend) {
+            if (addIn && event == outlook::events::applicationQuit) {
+                addIn->objOutlook_Quit();
+            } else if (addIn && event == outlook::events::applicationItemSend) {
                 const outlook::Item item(eventArguments::at(arguments, 0).toObject());
                 eventArguments::Cancel cancel(eventArguments::at(arguments, 1));
                 addIn->objOutlook_ItemSend(item, cancel.flag());
@@ -29,6 +32,18 @@ void OutAddIn::UnInitialise() {
     wrappers_.release();
     globals_.sendAccounts.reset();
     initialised_ = false;
+}
+
+void OutAddIn::lastWindowCloses() {
+    objOutlook_Quit();
+    UnInitialise();
+}
+
+/// A Word that no mail was edited in is none of the add-in's business.
+void OutAddIn::objOutlook_Quit() {
+    if (wrappers_.editedInWord()) {
+        basWordMail::CloseWord(globals_);
+    }
 }
 
 }  // namespace addin

@@ -20,10 +20,15 @@ class OutAddIn : public std::enable_shared_from_this<OutAddIn> {
     void Initialise(const outlook::Application& application, const std::wstring& progId);
     /// Lets everything of Outlook go, so that it can shut down.
     void UnInitialise();
+    /// The same, with the Word that has edited mails: Outlook is about to shut down.
+    void lastWindowCloses();
 
   private:
     /// An error in its own statements goes back to Outlook, which then sends the mail.
     void objOutlook_ItemSend(const outlook::Item& item, bool& cancel);
+    void objOutlook_Quit();
+    std::shared_ptr<mail::OutgoingMail> outgoingMail(const outlook::Item& item);
+    outlook::Inspector windowOf(const outlook::Item& item) const;
 
     mail::Globals& globals_;
     WindowWrappers& wrappers_;

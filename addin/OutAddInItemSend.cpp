@@ -4,6 +4,7 @@
 #include "checks/basVeltro.h"
 #include "mail/OutgoingMail.h"
 #include "mail/OutlookVersion.h"
+#include "mail/basGlobals.h"
 #include "mail/basWordMail.h"
 #include "mail/errorTrap.h"
 
@@ -25,16 +26,6 @@ bool hasWindow(Globals& globals) {
     });
 }
 
-/// The one that raised its Send, so that what was made for it then serves here too.
-std::shared_ptr<mail::OutgoingMail> outgoingMail(Globals& globals, const outlook::Item& item) {
-    auto mail = globals.outgoing.lock();
-    if (!mail || !mail->is(item)) {
-        mail = std::make_shared<mail::OutgoingMail>(globals, item);
-    }
-    mail->forget();  // Other add-ins have seen the mail since.
-    return mail;
-}
-
 /// On every way out.
 class Release {
   public:
@@ -50,16 +41,36 @@ class Release {
 void delaySending(Globals& globals, mail::OutgoingMail& mail, bool& cancel) {
     if (!mail.editsInWord()) {
         checks::vtDelayEmailSending(globals, mail, cancel);
-    } else if (mail::outlookVersion(globals) != mail::outlook2000) {
-        mail::skipErrors([&] {
-            mail.item().entryId();  // Fails for one that is gone, which no macro could do anything with.
-            basWordMail::runMacro(globals, globals.outlook.activeInspector(), L"vtDelayEmailSendingWord",
-                                  mail.item(), cancel);
-        });
+    } else if (mail::outlookVersion(globals) != mail::outlook2000 && !mail::itemUnreadable(mail.item())) {
+        basWordMail::runCheck(globals, mail.window(), L"vtDelayEmailSendingWord", mail.item(), cancel);
     }
 }
 
 }  // namespace
+
+/// The one that raised its Send, so that what was made for it then serves here too.
+std::shared_ptr<mail::OutgoingMail> OutAddIn::outgoingMail(const outlook::Item& item) {
+    auto mail = globals_.outgoing.lock();
+    if (!mail || !mail->is(item)) {
+        mail = std::make_shared<mail::OutgoingMail>(globals_, item, std::nullopt, windowOf(item));
+    }
+    mail->forget();  // Other add-ins have seen the mail since.
+    return mail;
+}
+
+/// The window that the item is written in, where that may be Word's. A window from before the connection has
+/// no wrapper.
+outlook::Inspector OutAddIn::windowOf(const outlook::Item& item) const {
+    if (mail::outlookVersion(globals_) >= mail::outlook2007) {
+        return {};
+    }
+    if (const outlook::Inspector watched = wrappers_.inspectorOf(item)) {
+        return watched;
+    }
+    const outlook::Inspector active = globals_.outlook.activeInspector();
+    const auto shows = [&] { return active.currentItem().object() == item.object(); };
+    return mail::attempt(shows).value_or(false) ? active : outlook::Inspector();
+}
 
 void OutAddIn::objOutlook_ItemSend(const outlook::Item& item, bool& cancel) {
     if (!hasWindow(globals_)) {
@@ -67,7 +78,7 @@ void OutAddIn::objOutlook_ItemSend(const outlook::Item& item, bool& cancel) {
     }
     const auto list = accounts::basSendAcct::OpenList(globals_);
     const auto found = list->CreatePostrouteFolder();
-    const auto mail = outgoingMail(globals_, item);
+    const auto mail = outgoingMail(item);
     // Without the library that reads items there is nothing to ask by: the mail leaves.
     if (!found || !mail->isMail() || globals_.redemptionMissing || cancel) {
         return;

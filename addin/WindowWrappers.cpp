@@ -109,6 +109,10 @@ void WindowWrappers::takeBack(const std::shared_ptr<clsInspWrap>& wrapper) {
 }
 
 void WindowWrappers::letGo(const std::shared_ptr<clsInspWrap>& wrapper) {
+    if (wrapper->editedInWord()) {
+        editedInWord_ = true;
+        mail::skipErrors([&] { timer_->Start(); });
+    }
     if (aside_.erase(wrapper) == 0) {
         auto removed = wrapper;
         KillInsp(wrapper->Key(), removed);
@@ -121,6 +125,24 @@ bool WindowWrappers::watches(const outlook::Inspector& inspector) const {
     };
     bool found = std::ranges::any_of(aside_, [&](const auto& wrapper) { return mine(*wrapper); });
     inspectors_.forEach([&](const clsInspWrap& wrapper) { found = found || mine(wrapper); });
+    return found;
+}
+
+bool WindowWrappers::editedInWord() const {
+    bool edited = editedInWord_;
+    inspectors_.forEach([&](const clsInspWrap& wrapper) { edited = edited || wrapper.editedInWord(); });
+    return edited || std::ranges::any_of(aside_, [](const auto& each) { return each->editedInWord(); });
+}
+
+outlook::Inspector WindowWrappers::inspectorOf(const outlook::Item& item) const {
+    outlook::Inspector found;
+    const auto look = [&](const clsInspWrap& wrapper) {
+        if (wrapper.item().object() == item.object()) {
+            found = wrapper.Inspector();
+        }
+    };
+    inspectors_.forEach(look);
+    std::ranges::for_each(aside_, [&](const auto& wrapper) { look(*wrapper); });
     return found;
 }
 
@@ -146,6 +168,7 @@ void WindowWrappers::letGoOfAbandoned() {
 }
 
 void WindowWrappers::release() {
+    timer_->Stop();
     explorers_.release();
     inspectors_.release();
     for (const auto& wrapper : std::exchange(aside_, {})) {

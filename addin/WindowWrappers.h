@@ -6,6 +6,7 @@
 #include <string>
 
 #include "addin/WrapperCollection.h"
+#include "checks/frmTimer.h"
 #include "mail/Globals.h"
 #include "platform/outlook.h"
 
@@ -32,6 +33,11 @@ class WindowWrappers {
     /// True when a wrapper, be it one that is set aside, watches this item window.
     bool watches(const outlook::Inspector& inspector) const;
 
+    /// The window that shows this very item; nothing when no wrapper watches it.
+    outlook::Inspector inspectorOf(const outlook::Item& item) const;
+    /// True once a mail was edited in a window of Word's.
+    bool editedInWord() const;
+
     const WrapperCollection<ExplorerWrap>& explorers() const { return explorers_; }
     const WrapperCollection<clsInspWrap>& inspectors() const { return inspectors_; }
 
@@ -56,6 +62,9 @@ class WindowWrappers {
     std::set<std::shared_ptr<clsInspWrap>> aside_;
     /// Wrappers of windows that may never tell of their closing: they were not shown yet, or are set aside.
     std::deque<std::weak_ptr<clsInspWrap>> uncertain_;
+    /// By a window that is gone.
+    bool editedInWord_ = false;
+    std::shared_ptr<checks::frmTimer> timer_ = std::make_shared<checks::frmTimer>(globals_);
 };
 
 }  // namespace addin

@@ -82,7 +82,7 @@ bool clsInspWrap::isActiveInspector() const {
 
 void clsInspWrap::m_ObjMail_Send(bool& cancel) {
     sending_ = true;
-    const auto mail = outgoing_ = std::make_shared<mail::OutgoingMail>(globals_, item_, true);
+    const auto mail = outgoing_ = std::make_shared<mail::OutgoingMail>(globals_, item_, true, inspector_);
     globals_.outgoing = mail;
     mail::trapErrors(globals_, mail::ErrorReport::check(L"m_ObjMail_Send"), [&] {
         if (mail::itemUnreadable(item_)) {
@@ -102,13 +102,11 @@ void clsInspWrap::m_ObjMail_Send(bool& cancel) {
 
 void clsInspWrap::checkSubject(mail::OutgoingMail& mail, bool& cancel) {
     // Of this window, not the active one: to a program that sends, none may be active.
-    const auto inWord = mail::attempt([&] { return basWordMail::editsInWord(globals_, inspector_); });
+    const auto inWord = mail::attempt([&] { return mail.editsInWord(); });
     if (!inWord.value_or(false)) {
         checks::vtEmptySubjectCheck(globals_, mail, cancel);
     } else if (mail::outlookVersion(globals_) != mail::outlook2000) {
-        // A Word without the template leaves the question unasked.
-        mail::skipErrors(
-            [&] { basWordMail::runMacro(globals_, inspector_, L"vtEmptySubjectCheckWord", item_, cancel); });
+        basWordMail::runCheck(globals_, inspector_, L"vtEmptySubjectCheckWord", item_, cancel);
     }
 }
 
@@ -125,6 +123,17 @@ bool clsInspWrap::isAbandoned() const {
 void clsInspWrap::activated() {
     shown_ = true;
     keeper_.activated(shared_from_this());
+    prepareWord();
+}
+
+/// The template that asks in Word's window. Word may have been started anew since the window was last in
+/// front.
+void clsInspWrap::prepareWord() {
+    inWord_ = mail::attempt([&] { return basWordMail::editsInWord(globals_, inspector_); }).value_or(inWord_);
+    if (inWord_) {
+        basWordMail::LoadAddin(globals_, inspector_);
+        basWordMail::TemplateMarkSaved(globals_, inspector_);
+    }
 }
 
 void clsInspWrap::itemCloses() {

@@ -35,6 +35,9 @@ class clsInspWrap : public std::enable_shared_from_this<clsInspWrap> {
     std::int32_t Key() const { return key_; }
     void setKey(std::int32_t key) { key_ = key; }
     const outlook::Inspector& Inspector() const { return inspector_; }
+    const outlook::Item& item() const { return item_; }
+    /// True once the window was in front as one of Word's.
+    bool editedInWord() const { return inWord_; }
 
     void setInspector(const outlook::Inspector& inspector);
     void setMailItem(const outlook::Item& item);
@@ -61,6 +64,7 @@ class clsInspWrap : public std::enable_shared_from_this<clsInspWrap> {
     void onAnswered(std::int32_t event, std::span<automation::Value> arguments);
     bool isActiveInspector() const;
     void activated();
+    void prepareWord();
     void itemCloses();
     void close();
 
@@ -70,6 +74,7 @@ class clsInspWrap : public std::enable_shared_from_this<clsInspWrap> {
     outlook::Inspector inspector_;
     outlook::Item item_;
     bool shown_ = false;
+    bool inWord_ = false;
     bool sending_ = false;
     /// The item on its way out, from its Send on.
     std::shared_ptr<mail::OutgoingMail> outgoing_;

@@ -57,6 +57,8 @@ struct Globals {
     /// The mail that was the last to raise its Send. Its ItemSend comes next, unless another send comes in
     /// between.
     std::weak_ptr<OutgoingMail> outgoing;
+    /// Set from Word's process, while a macro asks there: the user does not want the mail to leave.
+    bool sendCancelled = false;
     /// Path of the mailbox folder that holds the list of preferred accounts; empty until it was found or
     /// made.
     std::wstring settingsFolder;

@@ -51,7 +51,7 @@ std::wstring OutgoingMail::subject() {
 bool OutgoingMail::editsInWord() {
     return once(
         [](Known & known) -> auto& { return known.editsInWord; },
-        [&] { return basWordMail::editsInWord(globals_); });
+        [&] { return basWordMail::editsInWord(globals_, window_); });
 }
 
 redemption::SafeItem OutgoingMail::safe() {

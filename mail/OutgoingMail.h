@@ -21,9 +21,11 @@ namespace mail {
 /// Whatever reads throws automation::Error.
 class OutgoingMail {
   public:
-    /// `isMail` where it is known already.
-    OutgoingMail(mail::Globals& globals, outlook::Item item, std::optional<bool> isMail = std::nullopt)
-        : globals_(globals), item_(std::move(item)), isMail_(isMail) {}
+    /// `isMail` where it is known already; `window` is the one in which the mail is written, where it has
+    /// one.
+    OutgoingMail(mail::Globals& globals, outlook::Item item, std::optional<bool> isMail = std::nullopt,
+                 outlook::Inspector window = {})
+        : globals_(globals), item_(std::move(item)), isMail_(isMail), window_(std::move(window)) {}
 
     const outlook::Item& item() const { return item_; }
     bool is(const outlook::Item& item) const { return item_.object() == item.object(); }
@@ -35,7 +37,8 @@ class OutgoingMail {
     void release() noexcept;
 
     std::wstring subject();
-    /// True when the item window in front is Word's: the template's macros ask then.
+    const outlook::Inspector& window() const { return window_; }
+    /// True when its window is one of Word's: the template's macros ask then.
     bool editsInWord();
 
     /// What was last saved of the item, where it has such a form, and Outlook's own item for everything else.
@@ -87,6 +90,7 @@ class OutgoingMail {
     mail::Globals& globals_;
     outlook::Item item_;
     std::optional<bool> isMail_;
+    outlook::Inspector window_;
     std::optional<redemption::SafeItem> safe_;
     Known known_;
     /// Something was read that the MAPI library keeps.

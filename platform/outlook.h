@@ -49,6 +49,7 @@ inline constexpr automation::EventInterface item{0x0006303A};
 inline constexpr automation::EventInterface commandBarButton{0x000C0351};
 
 inline constexpr std::int32_t applicationItemSend = 0xF002;
+inline constexpr std::int32_t applicationQuit = 0xF007;
 inline constexpr std::int32_t newExplorer = 0xF001;
 inline constexpr std::int32_t newInspector = 0xF001;
 inline constexpr std::int32_t explorerActivate = 0xF001;

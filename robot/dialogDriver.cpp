@@ -3,6 +3,7 @@
 #include <shlobj.h>
 
 #include <algorithm>
+#include <atomic>
 
 #include "platform/text.h"
 #include "platform/windows/dialogProperties.h"
@@ -16,6 +17,9 @@ using namespace platform;
 using namespace platform::windows;
 
 namespace {
+
+/// Watched beside this one; 0 is nobody's id.
+std::atomic<DWORD> otherProcess = 0;
 
 /// The lParam of a key pressed while Alt is down.
 constexpr LPARAM withAlt = 1 << 29;
@@ -33,8 +37,8 @@ bool isShown(HWND window) {
 BOOL CALLBACK takeDialog(HWND window, LPARAM result) {
     DWORD process = 0;
     GetWindowThreadProcessId(window, &process);
-    if (process != GetCurrentProcessId() || !IsWindowVisible(window) || !IsWindowEnabled(window) ||
-        className(window) != L"#32770") {
+    if ((process != GetCurrentProcessId() && process != otherProcess) || !IsWindowVisible(window) ||
+        !IsWindowEnabled(window) || className(window) != L"#32770") {
         return TRUE;
     }
     *reinterpret_cast<HWND*>(result) = window;
@@ -192,6 +196,10 @@ HWND focusedControl(HWND form) {
 }
 
 }  // namespace
+
+void watchProcess(DWORD process) {
+    otherProcess = process;
+}
 
 HWND topDialog() {
     HWND found = nullptr;

@@ -8,10 +8,13 @@
 
 #include "platform/Prompts.h"
 
-/// Sees and moves this process's dialogs from another thread, by window messages alone. What opens or closes
-/// dialogs in its turn is sent without waiting, in the order of the calls; settle() waits.
+/// Sees and moves this process's dialogs, and those of one other, from another thread, by window messages
+/// alone. What opens or closes dialogs in its turn is sent without waiting, in the order of the calls;
+/// settle() waits.
 namespace robot::dialogDriver {
 
+/// Dialogs of that process are this one's, too, from now on; 0 ends it. Of lists they have combo boxes only.
+void watchProcess(DWORD process);
 /// The dialog on top that a user could act on now; null when there is none.
 HWND topDialog();
 /// Waits until all that was sent to the dialog is done, or until its thread waits in another dialog.

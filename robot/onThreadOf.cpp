@@ -40,7 +40,12 @@ LRESULT CALLBACK watchSent(int code, WPARAM wParam, LPARAM lParam) noexcept {
 
 void onThreadOf(HWND window, const std::function<void()>& work) {
     Run run{work};
-    const DWORD thread = GetWindowThreadProcessId(window, nullptr);
+    DWORD process = 0;
+    const DWORD thread = GetWindowThreadProcessId(window, &process);
+    if (process != GetCurrentProcessId()) {  // The work is code of this process.
+        work();
+        return;
+    }
     run.hook = SetWindowsHookExW(WH_CALLWNDPROC, &watchSent, nullptr, thread);
     SendMessageW(window, runMessage(), 0, reinterpret_cast<LPARAM>(&run));
     if (!run.done) {  // No hook was allowed.

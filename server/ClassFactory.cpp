@@ -1,18 +1,17 @@
 #include "server/ClassFactory.h"
 
 #include "platform/windows/comErrors.h"
-#include "server/ConnectObject.h"
 #include "server/Module.h"
 
 namespace server {
 
 using platform::windows::ComPtr;
 
-ComPtr<IClassFactory> ClassFactory::make() {
-    return ComPtr<IClassFactory>::adopt(new ClassFactory);
+ComPtr<IClassFactory> ClassFactory::make(Make makeObject) {
+    return ComPtr<IClassFactory>::adopt(new ClassFactory(makeObject));
 }
 
-ClassFactory::ClassFactory() : ComObject(liveObjects()) {}
+ClassFactory::ClassFactory(Make makeObject) : ComObject(liveObjects()), makeObject_(makeObject) {}
 
 void* ClassFactory::find(REFIID id) noexcept {
     return id == IID_IClassFactory ? static_cast<IClassFactory*>(this) : nullptr;
@@ -26,7 +25,7 @@ STDMETHODIMP ClassFactory::CreateInstance(IUnknown* outer, REFIID id, void** obj
     if (outer) {
         return CLASS_E_NOAGGREGATION;
     }
-    return platform::windows::guarded([&] { return ConnectObject::make()->QueryInterface(id, object); });
+    return platform::windows::guarded([&] { return makeObject_()->QueryInterface(id, object); });
 }
 
 STDMETHODIMP ClassFactory::LockServer(BOOL lock) {

@@ -9,17 +9,20 @@
 
 namespace server {
 
-/// Makes Veltro.Connect objects.
+/// Makes the objects of one of the DLL's classes.
 class ClassFactory final : public platform::windows::ComObject<IClassFactory> {
   public:
-    static platform::windows::ComPtr<IClassFactory> make();
+    using Make = platform::windows::ComPtr<IUnknown> (*)();
+    static platform::windows::ComPtr<IClassFactory> make(Make makeObject);
 
     STDMETHODIMP CreateInstance(IUnknown* outer, REFIID id, void** object) override;
     STDMETHODIMP LockServer(BOOL lock) override;
 
   private:
-    ClassFactory();
+    explicit ClassFactory(Make makeObject);
     void* find(REFIID id) noexcept override;
+
+    Make makeObject_;
 };
 
 }  // namespace server

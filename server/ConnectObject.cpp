@@ -11,6 +11,7 @@
 #include "platform/text.h"
 #include "platform/windows/WindowsPlatform.h"
 #include "platform/windows/comErrors.h"
+#include "server/Held.h"
 #include "server/Module.h"
 
 namespace server {
@@ -45,15 +46,6 @@ platform::windows::Variant argument(const DISPPARAMS& parameters, UINT index, VA
 }
 
 }  // namespace
-
-/// Keeps the DLL loaded, as an object that COM holds does.
-class Held {
-  public:
-    Held() { liveObjects().add(); }
-    Held(const Held&) = delete;
-    Held& operator=(const Held&) = delete;
-    ~Held() { liveObjects().remove(); }
-};
 
 /// A connected add-in and its ports. May outlive its ConnectObject, while a handler of its waits in a dialog.
 struct ConnectObject::Session {

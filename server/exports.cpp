@@ -4,7 +4,9 @@
 
 #include "platform/windows/comErrors.h"
 #include "platform/windows/ownModule.h"
+#include "server/ButtonsObject.h"
 #include "server/ClassFactory.h"
+#include "server/ConnectObject.h"
 #include "server/Module.h"
 #include "server/registration.h"
 
@@ -15,10 +17,13 @@ STDAPI DllGetClassObject(REFCLSID classId, REFIID id, void** object) {
         return E_POINTER;
     }
     *object = nullptr;
-    if (classId != server::connectClass) {
+    const auto make = classId == server::connectClass   ? &server::ConnectObject::make
+                      : classId == server::buttonsClass ? &server::ButtonsObject::make
+                                                        : nullptr;
+    if (!make) {
         return CLASS_E_CLASSNOTAVAILABLE;
     }
-    return guarded([&] { return server::ClassFactory::make()->QueryInterface(id, object); });
+    return guarded([&] { return server::ClassFactory::make(make)->QueryInterface(id, object); });
 }
 
 STDAPI DllCanUnloadNow() {

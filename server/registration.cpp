@@ -12,19 +12,38 @@ namespace {
 using platform::windows::deleteKeyTree;
 using platform::windows::RegKey;
 
-constexpr wchar_t classKey[] = L"Software\\Classes\\CLSID\\{77FDA4DD-F8B7-45DE-9324-31C913538BA5}";
-constexpr wchar_t progIdKey[] = L"Software\\Classes\\Veltro.Connect";
-constexpr wchar_t versionedProgIdKey[] = L"Software\\Classes\\Veltro.Connect.1";
-constexpr wchar_t addInKey[] = L"Software\\Microsoft\\Office\\Outlook\\Addins\\Veltro.Connect";
+/// A class of the DLL, as COM finds it.
+struct ComClass {
+    std::wstring id;
+    std::wstring progId;
+    std::wstring name;
 
-constexpr wchar_t classId[] = L"{77FDA4DD-F8B7-45DE-9324-31C913538BA5}";
-constexpr wchar_t className[] = L"Veltro add-in for Outlook";
+    std::wstring key() const { return L"Software\\Classes\\CLSID\\" + id; }
+    std::wstring versionedProgId() const { return progId + L".1"; }
+    std::wstring progIdKey() const { return L"Software\\Classes\\" + progId; }
+    std::wstring versionedProgIdKey() const { return L"Software\\Classes\\" + versionedProgId(); }
+};
+
+const std::vector<ComClass>& classes() {
+    static const std::vector<ComClass> all = {
+        {L"{77FDA4DD-F8B7-45DE-9324-31C913538BA5}", L"Veltro.Connect", L"Veltro add-in for Outlook"},
+        {L"{697A9D62-0FD6-4831-AC1A-44B2D8E14F22}", L"Veltro.Buttons", L"Veltro in Word"}};
+    return all;
+}
+
+constexpr wchar_t addInKey[] = L"Software\\Microsoft\\Office\\Outlook\\Addins\\Veltro.Connect";
 
 /// Load when Outlook starts.
 constexpr DWORD loadAtStartup = 3;
 
 /// The keys that belong to the add-in alone, each with everything below it.
-constexpr const wchar_t* ownKeys[] = {addInKey, progIdKey, versionedProgIdKey, classKey};
+std::vector<std::wstring> ownKeys() {
+    std::vector<std::wstring> keys = {addInKey};
+    for (const ComClass& each : classes()) {
+        keys.insert(keys.end(), {each.progIdKey(), each.versionedProgIdKey(), each.key()});
+    }
+    return keys;
+}
 
 /// Keys of Office's that registering makes on a machine that does not have them, innermost first.
 constexpr const wchar_t* sharedKeys[] = {L"Software\\Microsoft\\Office\\Outlook\\Addins",
@@ -37,23 +56,33 @@ struct Entry {
     std::variant<std::wstring, DWORD> data;
 };
 
+void addEntries(const ComClass& comClass, const std::wstring& path, std::vector<Entry>& entries) {
+    const std::wstring key = comClass.key();
+    const std::wstring progId = comClass.progIdKey();
+    const std::wstring versioned = comClass.versionedProgIdKey();
+    entries.insert(entries.end(), {
+                                      {key, L"", comClass.name},
+                                      {key + L"\\InprocServer32", L"", path},
+                                      {key + L"\\InprocServer32", L"ThreadingModel", L"Apartment"},
+                                      {key + L"\\ProgID", L"", comClass.versionedProgId()},
+                                      {key + L"\\VersionIndependentProgID", L"", comClass.progId},
+                                      {progId, L"", comClass.name},
+                                      {progId + L"\\CLSID", L"", comClass.id},
+                                      {progId + L"\\CurVer", L"", comClass.versionedProgId()},
+                                      {versioned, L"", comClass.name},
+                                      {versioned + L"\\CLSID", L"", comClass.id},
+                                  });
+}
+
 std::vector<Entry> entries(const std::wstring& path) {
-    const std::wstring comClass = classKey;
-    return {
-        {comClass, L"", className},
-        {comClass + L"\\InprocServer32", L"", path},
-        {comClass + L"\\InprocServer32", L"ThreadingModel", L"Apartment"},
-        {comClass + L"\\ProgID", L"", L"Veltro.Connect.1"},
-        {comClass + L"\\VersionIndependentProgID", L"", L"Veltro.Connect"},
-        {progIdKey, L"", className},
-        {progIdKey + std::wstring(L"\\CLSID"), L"", classId},
-        {progIdKey + std::wstring(L"\\CurVer"), L"", L"Veltro.Connect.1"},
-        {versionedProgIdKey, L"", className},
-        {versionedProgIdKey + std::wstring(L"\\CLSID"), L"", classId},
-        {addInKey, L"FriendlyName", L"Veltro"},
-        {addInKey, L"Description", L"Stops mistakes before an e-mail leaves."},
-        {addInKey, L"LoadBehavior", loadAtStartup},
-    };
+    std::vector<Entry> all;
+    for (const ComClass& each : classes()) {
+        addEntries(each, path, all);
+    }
+    all.insert(all.end(), {{addInKey, L"FriendlyName", L"Veltro"},
+                           {addInKey, L"Description", L"Stops mistakes before an e-mail leaves."},
+                           {addInKey, L"LoadBehavior", loadAtStartup}});
+    return all;
 }
 
 LONG write(HKEY root, const Entry& entry) {
@@ -68,7 +97,7 @@ LONG write(HKEY root, const Entry& entry) {
 
 LONG removeFrom(HKEY root) {
     LONG failure = ERROR_SUCCESS;
-    for (const wchar_t* key : ownKeys) {
+    for (const std::wstring& key : ownKeys()) {
         const LONG status = deleteKeyTree(root, key);
         if (failure == ERROR_SUCCESS) {
             failure = status;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "mail/Globals.h"
+#include "mail/OpenPrompt.h"
 
 namespace settings {
 
@@ -16,7 +17,7 @@ class AlertingDesktop final : public platform::Desktop {
                                 const std::wstring& title) override;
     void beep() override { shown_.beep(); }
     void showModal(forms::Form& form) override {
-        const Open open(globals_);
+        const mail::OpenPrompt open(globals_);
         shown_.showModal(form);
     }
     platform::HelpOutcome showHelp(const std::wstring& file, const std::wstring& topic,
@@ -24,7 +25,7 @@ class AlertingDesktop final : public platform::Desktop {
         return shown_.showHelp(file, topic, view);
     }
     std::wstring chooseFolder(const std::wstring& title) override {
-        const Open open(globals_);
+        const mail::OpenPrompt open(globals_);
         return shown_.chooseFolder(title);
     }
     void openAddress(const platform::WebAddress& address) override { shown_.openAddress(address); }
@@ -36,21 +37,6 @@ class AlertingDesktop final : public platform::Desktop {
     void processPendingEvents() override { shown_.processPendingEvents(); }
 
   private:
-    /// Counts a prompt, for as long as it is open.
-    class Open {
-      public:
-        explicit Open(mail::Globals& globals) : globals_(globals) {
-            ++globals_.promptsShown;
-            ++globals_.promptsOpen;
-        }
-        ~Open() { --globals_.promptsOpen; }
-        Open(const Open&) = delete;
-        Open& operator=(const Open&) = delete;
-
-      private:
-        mail::Globals& globals_;
-    };
-
     platform::Desktop& shown_;
     mail::Globals& globals_;
 };

@@ -16,27 +16,30 @@ using platform::windows::RegKey;
 
 namespace {
 
+/// Where a request for a class comes from.
+constexpr DWORD thisProcess = CLSCTX_INPROC_SERVER;
+constexpr DWORD everyProcess = CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER;
+
 struct KnownClass {
     const wchar_t* progId;
     const wchar_t* classId;
-    /// Where a request for the class may come from.
-    DWORD context = CLSCTX_INPROC_SERVER;
+    DWORD context;
 };
 
 /// On a ProgID that a host registered: its process.
 constexpr wchar_t ownerValue[] = L"Veltro host";
 
-/// Outlook and Word have ids of their own; Redemption's are this host's where none is registered.
+/// Outlook and Word have ids of their own; Redemption's are this host's where none is registered. The process
+/// that plays Word makes Redemption's objects, too.
 constexpr KnownClass knownClasses[] = {
-    {L"Outlook.Application", L"{0006F03A-0000-0000-C000-000000000046}",
-     CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER},
-    {L"Word.Application", L"{000209FF-0000-0000-C000-000000000046}"},
-    {L"vtRedemption.vtSafeMailItem", L"{6C1B1D5E-52C4-4B0E-9B0B-5A1E6C0D7B01}"},
-    {L"vtRedemption.vtSafePostItem", L"{6C1B1D5E-52C4-4B0E-9B0B-5A1E6C0D7B02}"},
-    {L"vtRedemption.vtSafeReportItem", L"{6C1B1D5E-52C4-4B0E-9B0B-5A1E6C0D7B03}"},
-    {L"vtRedemption.vtSafeInspector", L"{6C1B1D5E-52C4-4B0E-9B0B-5A1E6C0D7B04}"},
-    {L"vtRedemption.vtRDOSession", L"{6C1B1D5E-52C4-4B0E-9B0B-5A1E6C0D7B05}"},
-    {L"vtRedemption.vtMAPIUtils", L"{6C1B1D5E-52C4-4B0E-9B0B-5A1E6C0D7B06}"},
+    {L"Outlook.Application", L"{0006F03A-0000-0000-C000-000000000046}", everyProcess},
+    {L"Word.Application", L"{000209FF-0000-0000-C000-000000000046}", thisProcess},
+    {L"vtRedemption.vtSafeMailItem", L"{6C1B1D5E-52C4-4B0E-9B0B-5A1E6C0D7B01}", everyProcess},
+    {L"vtRedemption.vtSafePostItem", L"{6C1B1D5E-52C4-4B0E-9B0B-5A1E6C0D7B02}", everyProcess},
+    {L"vtRedemption.vtSafeReportItem", L"{6C1B1D5E-52C4-4B0E-9B0B-5A1E6C0D7B03}", everyProcess},
+    {L"vtRedemption.vtSafeInspector", L"{6C1B1D5E-52C4-4B0E-9B0B-5A1E6C0D7B04}", everyProcess},
+    {L"vtRedemption.vtRDOSession", L"{6C1B1D5E-52C4-4B0E-9B0B-5A1E6C0D7B05}", everyProcess},
+    {L"vtRedemption.vtMAPIUtils", L"{6C1B1D5E-52C4-4B0E-9B0B-5A1E6C0D7B06}", everyProcess},
 };
 
 /// Makes objects of one of the simulated Outlook's classes.
@@ -147,17 +150,33 @@ struct OutlookServer::Class {
     DWORD cookie = 0;
 };
 
-OutlookServer::OutlookServer(Outlook& outlook, std::shared_ptr<Exporter> exporter) {
+OutlookServer::OutlookServer(Outlook& outlook, std::shared_ptr<Exporter> exporter)
+    : outlook_(outlook), exporter_(std::move(exporter)) {
     for (const KnownClass& known : knownClasses) {
-        const auto factory = ComPtr<HostFactory>::adopt(new HostFactory(outlook, exporter, known.progId));
+        const auto factory = ComPtr<HostFactory>::adopt(new HostFactory(outlook_, exporter_, known.progId));
         classes_.push_back(std::make_unique<Class>(known, *factory));
     }
-    const auto application = exporter->exportObject(outlook.application());
-    platform::windows::check(RegisterActiveObject(application.get(), classes_.front()->progId.id(),
-                                                  ACTIVEOBJECT_STRONG, &running_));
+    const auto application = exporter_->exportObject(outlook_.application());
+    platform::windows::check(
+        RegisterActiveObject(application.get(), classes_[0]->progId.id(), ACTIVEOBJECT_STRONG, &running_));
+    outlook_.onWord([this](const automation::Object& word) { wordRuns(word); });
+}
+
+void OutlookServer::wordRuns(const automation::Object& word) {
+    if (wordRunning_ != 0) {
+        RevokeActiveObject(wordRunning_, nullptr);
+        wordRunning_ = 0;
+    }
+    if (word) {
+        platform::windows::check(RegisterActiveObject(exporter_->exportObject(word).get(),
+                                                      classes_[1]->progId.id(), ACTIVEOBJECT_STRONG,
+                                                      &wordRunning_));
+    }
 }
 
 OutlookServer::~OutlookServer() {
+    outlook_.onWord(nullptr);
+    wordRuns({});
     RevokeActiveObject(running_, nullptr);
 }
 

@@ -11,9 +11,9 @@
 namespace host::windows {
 
 /// Shows a simulated Outlook to COM: its application object as the running Outlook, which other processes
-/// find and create too, and its classes, Redemption's and Word's included, to everything in this process.
-/// ProgIDs that the machine does not know are registered for as long as this lives; those that a killed host
-/// left are deleted.
+/// find and create too, the Word that it has started as the running Word, and its classes, Redemption's and
+/// Word's included, to everything in this process. ProgIDs that the machine does not know are registered for
+/// as long as this lives; those that a killed host left are deleted.
 ///
 /// Lives in a single-threaded apartment and no longer than the Outlook. An add-in registered for the present
 /// user stays visible only if HKEY_CURRENT_USER is replaced after this was made and restored before it ends.
@@ -29,8 +29,14 @@ class OutlookServer {
     class ProgId;
     struct Class;
 
+    void wordRuns(const automation::Object& word);
+
+    Outlook& outlook_;
+    std::shared_ptr<platform::windows::Exporter> exporter_;
     std::vector<std::unique_ptr<Class>> classes_;
     DWORD running_ = 0;
+    /// Word's, 0 while it does not run.
+    DWORD wordRunning_ = 0;
 };
 
 }  // namespace host::windows

@@ -33,13 +33,17 @@ void sweep() {
     }
 }
 
+std::wstring pathOf(DWORD process) {
+    return parentPath + (L'\\' + std::to_wstring(process));
+}
+
 void check(LONG status) {
     platform::windows::check(HRESULT_FROM_WIN32(static_cast<DWORD>(status)));
 }
 
 }  // namespace
 
-PrivateUser::PrivateUser() : path_(parentPath + (L'\\' + std::to_wstring(GetCurrentProcessId()))) {
+PrivateUser::PrivateUser() : path_(pathOf(GetCurrentProcessId())) {
     sweep();
     check(RegCreateKeyExW(HKEY_CURRENT_USER, path_.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key_,
                           nullptr));
@@ -50,11 +54,22 @@ PrivateUser::PrivateUser() : path_(parentPath + (L'\\' + std::to_wstring(GetCurr
     }
 }
 
+PrivateUser::PrivateUser(DWORD otherProcess) {
+    const std::wstring path = pathOf(otherProcess);
+    if (RegOpenKeyExW(HKEY_CURRENT_USER, path.c_str(), 0, KEY_ALL_ACCESS, &key_) == ERROR_SUCCESS) {
+        RegOverridePredefKey(HKEY_CURRENT_USER, key_);
+    }
+}
+
 PrivateUser::~PrivateUser() {
     RegOverridePredefKey(HKEY_CURRENT_USER, nullptr);
-    RegCloseKey(key_);
-    platform::windows::deleteKeyTree(HKEY_CURRENT_USER, path_);
-    RegDeleteKeyW(HKEY_CURRENT_USER, parentPath);  // Fails while another host uses it.
+    if (key_) {
+        RegCloseKey(key_);
+    }
+    if (!path_.empty()) {
+        platform::windows::deleteKeyTree(HKEY_CURRENT_USER, path_);
+        RegDeleteKeyW(HKEY_CURRENT_USER, parentPath);  // Fails while another host uses it.
+    }
 }
 
 std::vector<std::pair<std::wstring, std::wstring>> PrivateUser::settings() {

@@ -14,6 +14,8 @@ class PrivateUser {
   public:
     /// Throws automation::Error when the registry refuses.
     PrivateUser();
+    /// Shares that of another process, which outlives this one's; the user's own where that has none.
+    explicit PrivateUser(DWORD otherProcess);
     PrivateUser(const PrivateUser&) = delete;
     PrivateUser& operator=(const PrivateUser&) = delete;
     ~PrivateUser();
@@ -22,6 +24,7 @@ class PrivateUser {
     static std::vector<std::pair<std::wstring, std::wstring>> settings();
 
   private:
+    /// Empty where another process owns the key.
     std::wstring path_;
     HKEY key_ = nullptr;
 };

@@ -12,6 +12,7 @@
 #include <optional>
 #include <string>
 
+#include "addin/Buttons.h"
 #include "addin/Connect.h"
 #include "platform/native/CurlHttp.h"
 #include "platform/native/MemoryPorts.h"
@@ -88,6 +89,9 @@ ExitStatus use(const CommandLine& line, const Messages& messages, program::Repor
                                L"UpdateService", *line.service);
     }
     program::prepareSettings(line, ports.platform.settings);
+    outlook.registerForMacros(L"Veltro.Buttons", [&ports] {
+        return addin::Buttons::object(std::make_shared<addin::Buttons>(ports.platform));
+    });
     addin::Connect connect(ports.platform);
     try {
         connect.OnConnection(outlook.application(), atStartup,

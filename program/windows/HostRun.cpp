@@ -32,6 +32,14 @@ HostRun::HostRun(const CommandLine& line)
     }
     prepareSettings(line, settings);
     keepState();
+    outlook_.runMacrosBy([this](const std::wstring& templatePath, const std::wstring& macro,
+                                std::span<const automation::Value> arguments) {
+        return word_.run(templatePath, macro, arguments);
+    });
+}
+
+HostRun::~HostRun() {
+    outlook_.runMacrosBy(nullptr);
 }
 
 void HostRun::connect(Report& report, const std::function<void()>& loaded) {

@@ -6,6 +6,7 @@
 
 #include "host/windows/OutlookServer.h"
 #include "host/windows/PrivateUser.h"
+#include "host/windows/WordProcess.h"
 #include "platform/windows/LiveObjects.h"
 #include "platform/windows/WindowsClock.h"
 #include "program/CommandLine.h"
@@ -14,6 +15,7 @@
 #include "program/files.h"
 #include "program/windows/AddIns.h"
 #include "program/windows/UpdateService.h"
+#include "robot/dialogDriver.h"
 
 namespace program::windows {
 
@@ -23,6 +25,7 @@ class HostRun {
   public:
     /// `line` outlives the run. Throws std::exception with the reason when it cannot start.
     explicit HostRun(const CommandLine& line);
+    ~HostRun();
     HostRun(const HostRun&) = delete;
     HostRun& operator=(const HostRun&) = delete;
 
@@ -49,6 +52,8 @@ class HostRun {
     std::optional<UpdateService> service_;
     host::windows::PrivateUser user_;
     std::unique_ptr<AddIns> addIns_;
+    host::windows::WordProcess word_{*exporter_, [this] { return now(); },
+                                     &robot::dialogDriver::watchProcess};
 };
 
 }  // namespace program::windows

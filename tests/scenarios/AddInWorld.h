@@ -34,6 +34,10 @@ struct Given {
     /// The bytes that take the place of the introduction e-mail's file beside the add-in; empty: it is
     /// missing.
     std::optional<std::string> introduction{};
+    /// The same of the Word template.
+    std::optional<std::string> wordTemplate{};
+    /// Whether Word's macros can make Veltro.Buttons.
+    bool buttonsRegistered = true;
 };
 
 /// Where the add-in lies, with its own files beside it.
@@ -56,6 +60,8 @@ class AddInWorld {
     virtual bool fireTimer() = 0;
     /// The local time from now on.
     virtual void setNow(automation::Date now) = 0;
+    /// Word's process ends as in a crash, with what runs in it. Natively there is none.
+    virtual void killWord() = 0;
     /// Which prompt found no answer; nothing when all did.
     virtual std::optional<std::wstring> unanswered() = 0;
     /// Host objects that the add-in still holds; meaningful once it is disconnected.

@@ -1,5 +1,6 @@
 #include <filesystem>
 
+#include "addin/Buttons.h"
 #include "addin/Connect.h"
 #include "platform/native/CurlHttp.h"
 #include "platform/native/MemoryPorts.h"
@@ -22,6 +23,7 @@ class AddInFolder {
         take("Tags.txt", std::nullopt);
         take("Resource.dll", setup.resourceLibrary ? std::nullopt : std::optional(""));
         take("Introducing_Veltro.msg", setup.introduction);
+        take("Veltro.dot", setup.wordTemplate);
     }
     std::wstring path() const { return folder_.file(".").wstring(); }
 
@@ -48,6 +50,11 @@ class NativeWorld : public AddInWorld {
           folder_(setup),
           http_(desktop_.events()),
           ports_(objects_, desktop_, clock_, nullptr, folder_.path(), &http_) {
+        if (setup.buttonsRegistered) {
+            outlook_.registerForMacros(L"Veltro.Buttons", [this] {
+                return addin::Buttons::object(std::make_shared<addin::Buttons>(ports_.platform));
+            });
+        }
         for (const auto& [key, value] : setup.settings) {
             ports_.settings.write(key, value);
         }
@@ -76,6 +83,7 @@ class NativeWorld : public AddInWorld {
     void settle() override { desktop_.events().settle(); }
     bool fireTimer() override { return desktop_.events().fireTimer(); }
     void setNow(automation::Date now) override { clock_.set(now); }
+    void killWord() override {}
     std::optional<std::wstring> unanswered() override { return desktop_.unanswered(); }
     std::size_t heldObjects() override { return objects_.count(); }
     std::vector<std::string> debugLines() override { return ports_.system.debugLines(); }

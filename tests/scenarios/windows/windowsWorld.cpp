@@ -6,6 +6,7 @@
 #include "host/windows/AddInLoader.h"
 #include "host/windows/OutlookServer.h"
 #include "host/windows/PrivateUser.h"
+#include "host/windows/WordProcess.h"
 #include "platform/windows/Exporter.h"
 #include "platform/windows/LiveObjects.h"
 #include "platform/windows/RegKey.h"
@@ -13,6 +14,7 @@
 #include "platform/windows/ownModule.h"
 #include "program/windows/DebugListener.h"
 #include "robot/DialogRobot.h"
+#include "robot/dialogDriver.h"
 #include "robot/importTable.h"
 #include "robot/messageWindows.h"
 #include "tests/scenarios/AddInWorld.h"
@@ -79,6 +81,32 @@ class FileBesideAddIn {
     bool replaced_;
 };
 
+/// Has a class be unknown to COM while a scenario runs.
+class HiddenClass {
+  public:
+    HiddenClass(const wchar_t* progId, bool hides)
+        : path_(std::wstring(L"Software\\Classes\\") + progId + L"\\CLSID") {
+        RegKey key;
+        if (hides && key.open(HKEY_LOCAL_MACHINE, path_, KEY_READ) == ERROR_SUCCESS) {
+            id_ = key.text(L"");
+            key.close();
+            deleteKeyTree(HKEY_LOCAL_MACHINE, path_);
+        }
+    }
+    ~HiddenClass() {
+        RegKey key;
+        if (id_ && key.create(HKEY_LOCAL_MACHINE, path_) == ERROR_SUCCESS) {
+            key.setText(L"", *id_);
+        }
+    }
+    HiddenClass(const HiddenClass&) = delete;
+    HiddenClass& operator=(const HiddenClass&) = delete;
+
+  private:
+    std::wstring path_;
+    std::optional<std::wstring> id_;
+};
+
 /// Keeps the add-in's DLL in memory till the end of the tests. Each time that it is unloaded, the compiler's
 /// run-time library leaves one of the process's 1088 slots of thread-local storage behind: nothing for an
 /// Outlook, too much for some thousand scenarios.
@@ -103,6 +131,8 @@ class WindowsWorld : public AddInWorld {
           observer_(observer),
           resources_(L"Resource.dll", given.resourceLibrary ? std::nullopt : std::optional("")),
           introduction_(L"Introducing_Veltro.msg", given.introduction),
+          wordTemplate_(L"Veltro.dot", given.wordTemplate),
+          buttons_(L"Veltro.Buttons", !given.buttonsRegistered),
           settingsFile_(L"Veltro_Settings.ini", given.settingsFile),
           presets_(given.presets),
           outlook_(outlook),
@@ -130,6 +160,14 @@ class WindowsWorld : public AddInWorld {
         for (const auto& [key, value] : given.settings) {
             settings_.write(key, value);
         }
+        outlook_.runMacrosBy([this](const std::wstring& templatePath, const std::wstring& macro,
+                                    std::span<const automation::Value> arguments) {
+            return word_.run(templatePath, macro, arguments);
+        });
+    }
+    ~WindowsWorld() override {
+        robot::dialogDriver::watchProcess(0);
+        outlook_.runMacrosBy(nullptr);
     }
 
     bool connect() override {
@@ -163,8 +201,12 @@ class WindowsWorld : public AddInWorld {
         now_ = now;
         robot::stopClockOfAddIn(now);
     }
+    void killWord() override { word_.kill(); }
     std::optional<std::wstring> unanswered() override { return robot_.unanswered(); }
-    std::size_t heldObjects() override { return exporter_->liveAdapters() - shownBefore_; }
+    std::size_t heldObjects() override {
+        outlook_.endWord();  // Running objects are held by the system's table of them.
+        return exporter_->liveAdapters() - shownBefore_;
+    }
     std::vector<std::string> debugLines() override { return debugger_.lines(); }
 
   private:
@@ -181,6 +223,8 @@ class WindowsWorld : public AddInWorld {
     Apartment apartment_;
     FileBesideAddIn resources_;
     FileBesideAddIn introduction_;
+    FileBesideAddIn wordTemplate_;
+    HiddenClass buttons_;
     FileBesideAddIn settingsFile_;
     Presets presets_;
     host::Outlook& outlook_;
@@ -194,6 +238,7 @@ class WindowsWorld : public AddInWorld {
     platform::AnswerList answers_;
     robot::DialogRobot robot_;
     std::optional<host::windows::LoadedAddIn> addIn_;
+    host::windows::WordProcess word_{*exporter_, [this] { return now_; }, &robot::dialogDriver::watchProcess};
 };
 
 }  // namespace
