@@ -171,15 +171,22 @@ void checkPreferredAccount(Globals& globals, clsSendAcct& list, mail::OutgoingMa
     }
 }
 
-// The account to change to is the one that the list has when the dialog has closed: meanwhile a send in
-// another window may have changed it.
+namespace {
+
+/// To the account that the list has when the dialog has closed: meanwhile a send in another window may have
+/// changed it. A list that cannot be reached any more leaves what was chosen in the dialog.
+AccountAnswer changeTo(EntryStore& list, const std::wstring& address, const std::wstring& chosen) {
+    const auto listed = mail::attempt([&] { return list.PreferredAccount(address); });
+    return {Decision::Change, listed.value_or(chosen)};
+}
+
+}  // namespace
 
 AccountAnswer offerToAdd(Globals& globals, EntryStore& list, const std::wstring& address,
                          const std::wstring& accountInUse) {
     frmAddEmailToList form(globals, list, address, accountInUse);
     prompts::show(globals, form);
-    return form.changesAccount() ? AccountAnswer{Decision::Change, list.PreferredAccount(address)}
-                                 : AccountAnswer{};
+    return form.changesAccount() ? changeTo(list, address, form.account()) : AccountAnswer{};
 }
 
 /// Despite what the message says, cancelling keeps the e-mail from being sent.
@@ -188,8 +195,7 @@ AccountAnswer replaceMissing(Globals& globals, EntryStore& list, const std::wstr
     frmEmailAddressEdit form(globals, list, frmEmailAddressEdit::Mode::MissingAccount,
                              {address, accountInUse, message});
     prompts::show(globals, form);
-    return form.saved() ? AccountAnswer{Decision::Change, list.PreferredAccount(address)}
-                        : AccountAnswer{Decision::GoBack};
+    return form.saved() ? changeTo(list, address, form.account()) : AccountAnswer{Decision::GoBack};
 }
 
 AccountAnswer select(Globals& globals, EntryStore& list, const std::wstring& accountInUse,

@@ -41,8 +41,9 @@ void frmAddEmailToList::cmdYes_Click() {
         frmEmailAddressEdit editor(globals_, list_, frmEmailAddressEdit::Mode::Add,
                                    {address_, accountInUse_, {}});
         prompts::show(globals_, editor);
-        changesAccount_ = editor.saved() && editor.account() != noAccount &&
-                          !text::equalsTrimmed(editor.account(), accountInUse_);
+        account_ = editor.account();
+        changesAccount_ =
+            editor.saved() && account_ != noAccount && !text::equalsTrimmed(account_, accountInUse_);
     });
     leave();
 }

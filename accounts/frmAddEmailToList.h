@@ -14,6 +14,7 @@ class frmAddEmailToList : public forms::Form {
 
     /// True when an account was chosen that the mail is now to be sent with.
     bool changesAccount() const { return changesAccount_; }
+    const std::wstring& account() const { return account_; }
 
     void closeBox() override { Command1_Click(); }
 
@@ -29,6 +30,7 @@ class frmAddEmailToList : public forms::Form {
     std::wstring address_;
     std::wstring accountInUse_;
     bool changesAccount_ = false;
+    std::wstring account_;
 
     forms::Picture picQuestion{*this, L"picQuestion", {7, 8, 21, 20}, forms::Picture::Image::Question};
     forms::Label lblMessage{*this,

@@ -49,8 +49,8 @@ void frmSelectSendAcct::cmdOK_Click() {
         if (chkSetDefault.ticked() && otherChosen()) {
             makePreferred(cmbAccts.value());
         }
-        modRegKeys::DoNotShowSelect.write(globals_, chkDoNotShow.ticked() ? 1 : 0);
     });
+    mail::skipErrors([&] { modRegKeys::DoNotShowSelect.write(globals_, chkDoNotShow.ticked() ? 1 : 0); });
     if (!optCancel.selected()) {
         answer_ = optSelected.selected() && otherChosen() ? cmbAccts.value() : preferred_;
     }

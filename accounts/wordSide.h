@@ -36,7 +36,9 @@ struct Answers {
     std::wstring strAccount{};
     DialogMode dialogMode = DialogMode::None;
 
+    /// What says the same to the other side.
     static Answers of(const AccountAnswer& answer, DialogMode mode);
+    /// Keep where nothing was answered, or nothing that counts.
     AccountAnswer answer() const;
 };
 

@@ -6,6 +6,7 @@
 #include "checks/basVeltro.h"
 #include "mail/errorTrap.h"
 #include "platform/FunctionTarget.h"
+#include "settings/prompts.h"
 
 namespace addin {
 
@@ -88,17 +89,25 @@ bool Buttons::runCheck(const Value& item, const Value& cancel, Check check) {
 }
 
 bool Buttons::ask(DialogMode mode, const Question& question) {
-    bool untold = false;
-    mail::skipErrors([&] {
+    AccountAnswer answer;
+    const bool told = mail::skipErrors([&] {
         const basWordMail::Variables variables = basWordMail::GetVariables(globals_);
         accounts::RemoteSendAcct list(variables.list);
-        const AccountAnswer answer = question(list);
-        untold = answer.decision != AccountAnswer::Decision::Keep;
+        answer = question(list);
         accounts::putAnswers(variables.list, accounts::wordSide::Answers::of(answer, mode));
         basWordMail::SetVariables(variables, false);
-        untold = false;
     });
-    return untold;
+    using Decision = AccountAnswer::Decision;
+    const bool untold = !told && answer.decision == Decision::Change;
+    if (untold) {
+        mail::skipErrors([&] {
+            prompts::inform(
+                globals_, L"Send Account",
+                L"Outlook could not be told which account to use, so the e-mail was not sent. Please "
+                L"send it again.");
+        });
+    }
+    return untold || answer.decision == Decision::GoBack;
 }
 
 }  // namespace addin

@@ -20,7 +20,7 @@ class Connect {
     explicit Connect(const platform::Platform& ports) : around_(ports), wrappers_(globals_) {}
     Connect(const Connect&) = delete;
     Connect& operator=(const Connect&) = delete;
-    ~Connect() { unexpose(); }
+    ~Connect();
 
     /// Starts the add-in up. Throws automation::Error when a step fails that is not to be skipped; what was
     /// started by then goes on working.

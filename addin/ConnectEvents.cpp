@@ -65,12 +65,13 @@ void Connect::objExpl_Close() {
 }
 
 void Connect::objInsp_Close() {
+    const outlook::Inspector closing = objInsp_;
     skipErrors([&] { setInspector(application_.activeInspector()); });
     // The closing inspector may still be counted.
     const bool lastWindow = attempt([&] { return colExpl_.count(); }).value_or(1) < 1 &&
                             attempt([&] { return colInsp_.count(); }).value_or(2) < 2;
     if (lastWindow && outAddIn_) {
-        outAddIn_->lastWindowCloses();
+        outAddIn_->lastWindowCloses(closing);
     }
 }
 

@@ -26,6 +26,13 @@ automation::Object Connect::exposed() {
     return automation::Object(exposed_);
 }
 
+/// An Outlook that has not disconnected the add-in shuts down fast, and must not be called any more.
+Connect::~Connect() {
+    if (exposed_) {
+        exposed_->close();
+    }
+}
+
 /// Whoever holds the object beyond this finds nothing behind it.
 void Connect::unexpose() {
     if (!exposed_) {

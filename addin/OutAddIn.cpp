@@ -34,8 +34,11 @@ void OutAddIn::UnInitialise() {
     initialised_ = false;
 }
 
-void OutAddIn::lastWindowCloses() {
-    objOutlook_Quit();
+/// No document is closed: a window that is not counted may be the one that the user goes on writing in.
+void OutAddIn::lastWindowCloses(const outlook::Inspector& closing) {
+    if (wrappers_.editedInWord()) {
+        basWordMail::QuitUnusedWord(globals_, closing);
+    }
     UnInitialise();
 }
 

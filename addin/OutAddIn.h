@@ -20,8 +20,9 @@ class OutAddIn : public std::enable_shared_from_this<OutAddIn> {
     void Initialise(const outlook::Application& application, const std::wstring& progId);
     /// Lets everything of Outlook go, so that it can shut down.
     void UnInitialise();
-    /// The same, with the Word that has edited mails: Outlook is about to shut down.
-    void lastWindowCloses();
+    /// The same, with a Word that has edited mails and is not needed any more: Outlook is about to shut down.
+    /// `closing` is the window, where it is an item's.
+    void lastWindowCloses(const outlook::Inspector& closing = {});
 
   private:
     /// An error in its own statements goes back to Outlook, which then sends the mail.

@@ -61,15 +61,17 @@ std::shared_ptr<mail::OutgoingMail> OutAddIn::outgoingMail(const outlook::Item& 
 /// The window that the item is written in, where that may be Word's. A window from before the connection has
 /// no wrapper.
 outlook::Inspector OutAddIn::windowOf(const outlook::Item& item) const {
-    if (mail::outlookVersion(globals_) >= mail::outlook2007) {
-        return {};
-    }
-    if (const outlook::Inspector watched = wrappers_.inspectorOf(item)) {
-        return watched;
-    }
-    const outlook::Inspector active = globals_.outlook.activeInspector();
-    const auto shows = [&] { return active.currentItem().object() == item.object(); };
-    return mail::attempt(shows).value_or(false) ? active : outlook::Inspector();
+    const auto find = [&] {
+        if (mail::outlookVersion(globals_) >= mail::outlook2007) {
+            return outlook::Inspector();
+        }
+        if (const outlook::Inspector watched = wrappers_.inspectorOf(item)) {
+            return watched;
+        }
+        const outlook::Inspector active = globals_.outlook.activeInspector();
+        return active.currentItem().object() == item.object() ? active : outlook::Inspector();
+    };
+    return mail::attempt(find).value_or(outlook::Inspector());
 }
 
 void OutAddIn::objOutlook_ItemSend(const outlook::Item& item, bool& cancel) {
@@ -89,6 +91,9 @@ void OutAddIn::objOutlook_ItemSend(const outlook::Item& item, bool& cancel) {
         return;
     }
     delaySending(globals_, *mail, cancel);
+    if (!globals_.outlook) {
+        return;  // The user has taken the add-in off meanwhile.
+    }
     accounts::accountStep::checkPreferredAccount(globals_, *list, *mail, *found, cancel);
 }
 

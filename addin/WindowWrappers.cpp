@@ -131,18 +131,16 @@ bool WindowWrappers::watches(const outlook::Inspector& inspector) const {
 bool WindowWrappers::editedInWord() const {
     bool edited = editedInWord_;
     inspectors_.forEach([&](const clsInspWrap& wrapper) { edited = edited || wrapper.editedInWord(); });
-    return edited || std::ranges::any_of(aside_, [](const auto& each) { return each->editedInWord(); });
+    return edited;
 }
 
 outlook::Inspector WindowWrappers::inspectorOf(const outlook::Item& item) const {
     outlook::Inspector found;
-    const auto look = [&](const clsInspWrap& wrapper) {
+    inspectors_.forEach([&](const clsInspWrap& wrapper) {
         if (wrapper.item().object() == item.object()) {
             found = wrapper.Inspector();
         }
-    };
-    inspectors_.forEach(look);
-    std::ranges::for_each(aside_, [&](const auto& wrapper) { look(*wrapper); });
+    });
     return found;
 }
 
@@ -169,6 +167,7 @@ void WindowWrappers::letGoOfAbandoned() {
 
 void WindowWrappers::release() {
     timer_->Stop();
+    editedInWord_ = false;
     explorers_.release();
     inspectors_.release();
     for (const auto& wrapper : std::exchange(aside_, {})) {

@@ -105,7 +105,10 @@ void clsInspWrap::checkSubject(mail::OutgoingMail& mail, bool& cancel) {
     const auto inWord = mail::attempt([&] { return mail.editsInWord(); });
     if (!inWord.value_or(false)) {
         checks::vtEmptySubjectCheck(globals_, mail, cancel);
-    } else if (mail::outlookVersion(globals_) != mail::outlook2000) {
+        return;
+    }
+    inWord_ = true;  // The macros start Word where it does not run yet.
+    if (mail::outlookVersion(globals_) != mail::outlook2000) {
         basWordMail::runCheck(globals_, inspector_, L"vtEmptySubjectCheckWord", item_, cancel);
     }
 }
@@ -129,10 +132,10 @@ void clsInspWrap::activated() {
 /// The template that asks in Word's window. Word may have been started anew since the window was last in
 /// front.
 void clsInspWrap::prepareWord() {
-    inWord_ = mail::attempt([&] { return basWordMail::editsInWord(globals_, inspector_); }).value_or(inWord_);
-    if (inWord_) {
-        basWordMail::LoadAddin(globals_, inspector_);
-        basWordMail::TemplateMarkSaved(globals_, inspector_);
+    const auto inWord = mail::attempt([&] { return basWordMail::editsInWord(globals_, inspector_); });
+    if (inWord.value_or(inWord_)) {
+        inWord_ = true;
+        basWordMail::PrepareWord(globals_, inspector_);
     }
 }
 

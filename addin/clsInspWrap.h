@@ -36,7 +36,7 @@ class clsInspWrap : public std::enable_shared_from_this<clsInspWrap> {
     void setKey(std::int32_t key) { key_ = key; }
     const outlook::Inspector& Inspector() const { return inspector_; }
     const outlook::Item& item() const { return item_; }
-    /// True once the window was in front as one of Word's.
+    /// True once the window was one of Word's, as far as anybody has looked.
     bool editedInWord() const { return inWord_; }
 
     void setInspector(const outlook::Inspector& inspector);

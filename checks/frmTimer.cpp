@@ -36,7 +36,7 @@ void frmTimer::Start() {
 void frmTimer::tmrCloseWord_Timer() {
     Stop();
     if (!someMailIsInWord(globals_)) {
-        basWordMail::CloseWord(globals_);
+        basWordMail::QuitUnusedWord(globals_);
     }
 }
 

@@ -15,6 +15,7 @@ class frmTimer : public std::enable_shared_from_this<frmTimer> {
 
     /// From the beginning, if it runs already. Throws automation::Error when the system has no timer to give.
     void Start();
+    /// Word is left as it is.
     void Stop() { tmrCloseWord_.reset(); }
 
   private:

@@ -37,6 +37,10 @@ void Application::quit() {
     while (!windows.explorers().empty()) {
         windows.close(windows.explorers().back());
     }
+    announceQuit();
+}
+
+void Application::announceQuit() {
     core().raise(events_, L"Quit", 0xF007);
 }
 

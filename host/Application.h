@@ -18,6 +18,8 @@ class Application : public Automated<Application> {
     EventSource* eventSource() override { return &events_; }
     /// Closes all windows and raises Quit.
     void quit();
+    /// The last part of it.
+    void announceQuit();
 
   private:
     EventSource events_{0x0006304E, 0x0006300E, 0x0006302C};

@@ -247,7 +247,11 @@ class BasicInterpreter::Frame {
     /// By reference where it is a variable.
     Value argument(const Expression& expression) {
         const bool isVariable = !expression.text && expression.member.empty() && expression.arguments.empty();
-        return isVariable ? Value::reference(variables_[expression.name]) : value(expression);
+        if (!isVariable) {
+            return value(expression);
+        }
+        Value& variable = variables_[expression.name];
+        return variable.isReference() ? variable : Value::reference(variable);
     }
 
     Value value(const Expression& expression) {

@@ -291,12 +291,20 @@ ReplyOutcome Outlook::answerIn(const Object& window, ReplyKind kind, const Objec
     return outcome;
 }
 
+void Outlook::announceQuit() {
+    core_->application().announceQuit();
+}
+
 void Outlook::quit() {
     core_->application().quit();
 }
 
 automation::Object Outlook::openWordDocument(const std::wstring& name) {
     return core_->startWord()->open(name)->object();
+}
+
+void Outlook::startWord() {
+    core_->startWord()->startedByUser();
 }
 
 bool Outlook::wordRuns() const {

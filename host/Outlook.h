@@ -171,13 +171,17 @@ class Outlook {
     /// Presses the button in this window, an explorer in which the item is selected or its inspector,
     /// wherever else the item may be open.
     ReplyOutcome answerIn(const automation::Object& window, ReplyKind kind, const automation::Object& item);
-    /// Raises Application.Quit.
+    /// Closes all windows and raises Application.Quit.
     void quit();
+    /// Raises Application.Quit with the windows still open.
+    void announceQuit();
 
     // Word, which edits the mails of a profile whose editor it is. Its Run runs the macros of the templates
     // that were loaded into it.
     /// The user opens a document of their own.
     automation::Object openWordDocument(const std::wstring& name);
+    /// The user starts Word, or brings up the one that runs.
+    void startWord();
     bool wordRuns() const;
     /// Word ends, without being asked to: in a crash, say.
     void endWord();

@@ -2,8 +2,12 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <fstream>
+#include <iterator>
 
 #include "host/CompoundFile.h"
+#include "platform/automation.h"
+#include "platform/files.h"
 
 namespace host {
 
@@ -111,6 +115,14 @@ std::vector<std::string> readMacroModules(std::string_view templateFile) {
         place += 6 + size;
     }
     return modules;
+}
+
+std::vector<std::string> macroModulesOf(const std::wstring& path) {
+    std::ifstream file(platform::filePath(path), std::ios::binary);
+    if (!file) {
+        throw automation::Error(5174, L"This file could not be found.", L"Microsoft Word");
+    }
+    return readMacroModules(std::string(std::istreambuf_iterator<char>(file), {}));
 }
 
 }  // namespace host

@@ -1,12 +1,9 @@
 #include "host/Word.h"
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 
 #include "host/Core.h"
 #include "host/VbaProject.h"
-#include "platform/files.h"
 
 namespace host {
 
@@ -26,14 +23,6 @@ namespace {
 
 std::wstring_view fileNameOf(std::wstring_view path) {
     return path.substr(path.find_last_of(L"\\/") + 1);
-}
-
-std::string contentsOf(const std::wstring& path) {
-    std::ifstream file(platform::filePath(path), std::ios::binary);
-    if (!file) {
-        throw automation::Error(5174, L"This file could not be found.", L"Microsoft Word");
-    }
-    return std::string(std::istreambuf_iterator<char>(file), {});
 }
 
 /// Values that a macro may change, and the originals not.
@@ -96,7 +85,7 @@ WordFile::WordFile(Core& core, std::wstring path, bool installed)
     : Automated(core),
       path_(std::move(path)),
       installed_(installed),
-      macros_(readMacroModules(contentsOf(path_)),
+      macros_(macroModulesOf(path_),
               [&core](const std::wstring& progId) { return core.createForMacros(progId); }) {}
 
 std::wstring WordFile::name() const {
@@ -191,6 +180,10 @@ bool WordApplication::asksToSaveTemplates() const {
     return std::ranges::any_of(files_->list(), [](const auto& file) { return !file->saved(); });
 }
 
+bool WordApplication::userControl() const {
+    return startedByUser_ || !documents_.empty();
+}
+
 void WordApplication::quit() {
     while (!documents_.empty()) {
         closed(*documents_.back());
@@ -226,6 +219,8 @@ constinit const Members<WordApplication> WordApplication::members = {
     {.name = L"AddIns", .id = 22, .get = use<&WordApplication::files_>},
     {.name = L"Templates", .id = 67, .get = use<&WordApplication::templates_>},
     {.name = L"Windows", .get = use<&WordApplication::windows>},
+    {.name = L"Documents", .get = use<&WordApplication::windows>},
+    {.name = L"UserControl", .get = use<&WordApplication::userControl>},
     {.name = L"Quit", .call = use<&WordApplication::quit>, .most = 3},
 };
 

@@ -138,6 +138,9 @@ class WordApplication : public Automated<WordApplication> {
     /// Of files that it has loaded, those that are not saved.
     bool asksToSaveTemplates() const;
     void quit();
+    /// It stays open without a document.
+    void startedByUser() { startedByUser_ = true; }
+    bool userControl() const;
 
   private:
     automation::Value run(Arguments arguments);
@@ -146,6 +149,7 @@ class WordApplication : public Automated<WordApplication> {
     std::vector<std::shared_ptr<WordDocument>> documents_;
     std::shared_ptr<WordFiles> files_;
     std::shared_ptr<WordTemplates> templates_;
+    bool startedByUser_ = false;
     bool quit_ = false;
 };
 

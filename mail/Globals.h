@@ -27,7 +27,8 @@ struct ProductTexts {
     std::wstring helpFile;
 };
 
-/// The one global state. Connect owns it and passes it by reference; it lives as long as the connection.
+/// The one global state of the add-in in a process, passed by reference. Connect owns it, and lives as long
+/// as the connection; in Word's process, Buttons.
 struct Globals {
     explicit Globals(platform::Platform& ports) : platform(ports) {}
 

@@ -9,7 +9,7 @@ namespace mail {
 
 namespace {
 
-/// Outlook's user-interface thread is the only one that the add-in runs on; tests may have more.
+/// The add-in runs on one thread of a process, Outlook's or Word's; tests may have more.
 thread_local Trace* current = nullptr;
 
 void tell(const TraceEntry& entry) noexcept {

@@ -19,6 +19,7 @@ using automation::Value;
 using mail::Globals;
 
 constexpr wchar_t templateName[] = L"Veltro.dot";
+constexpr wchar_t wordProgId[] = L"Word.Application";
 constexpr std::int32_t doNotSaveChanges = 0;
 
 /// The document of the item window. Outlook's own Inspector would have the user asked whether a program may
@@ -43,18 +44,25 @@ bool templateExists(const Globals& globals) {
     return std::filesystem::exists(platform::filePath(templatePath(globals)), ignored);
 }
 
-/// The document in which the mail in front is written; nothing when that is not Word's.
-Object activeDocument(const Globals& globals) {
-    const outlook::Inspector active = globals.outlook.activeInspector();
-    return editsInWord(globals, active) ? documentOf(globals, active) : Object();
+/// The document in which the mail of the window is written; nothing when the window is not Word's.
+Object editedDocument(const Globals& globals, const outlook::Inspector& window) {
+    const auto document = [&] {
+        return editsInWord(globals, window) ? documentOf(globals, window) : Object();
+    };
+    return mail::attempt(document).value_or(Object());
 }
 
-/// True when Word has no window, or only that of the document. A window of the user's own keeps Word running.
+/// True when Word is hidden and has nothing open, or nothing but the window of the document. What a user has
+/// started or opened keeps Word running: then it says that it is under the user's control.
 bool nothingElseOpen(const Object& word, const Object& document) {
     const Object windows = word.get(L"Windows").toObject();
     const std::int32_t count = windows.get(L"Count").toInteger();
-    return count == 0 || (count == 1 && document &&
-                          windows.call(L"Item", 1).toObject().get(L"Document").toObject() == document);
+    if (count == 0) {
+        return word.get(L"Documents").toObject().get(L"Count").toInteger() == 0 &&
+               !word.get(L"UserControl").toBool();
+    }
+    return count == 1 && document &&
+           windows.call(L"Item", 1).toObject().get(L"Document").toObject() == document;
 }
 
 }  // namespace
@@ -64,19 +72,27 @@ bool editsInWord(const Globals& globals, const outlook::Inspector& inspector) {
            inspector.editorType() == outlook::editorWord;
 }
 
-void LoadAddin(const Globals& globals, const outlook::Inspector& inspector) {
+void LoadAddin(const Globals& globals, const Object& word) {
     mail::skipErrors([&] {
         if (templateExists(globals)) {
-            const Object addIns = wordOf(globals, inspector).get(L"AddIns").toObject();
+            const Object addIns = word.get(L"AddIns").toObject();
             addIns.call(L"Add", templatePath(globals)).toObject().put(L"Installed", true);
         }
     });
 }
 
-void TemplateMarkSaved(const Globals& globals, const outlook::Inspector& inspector) {
+void TemplateMarkSaved(const Object& word) {
     mail::skipErrors([&] {
-        const Object templates = wordOf(globals, inspector).get(L"Templates").toObject();
+        const Object templates = word.get(L"Templates").toObject();
         templates.call(L"Item", templateName).toObject().put(L"Saved", true);
+    });
+}
+
+void PrepareWord(const Globals& globals, const outlook::Inspector& inspector) {
+    mail::skipErrors([&] {
+        const Object word = wordOf(globals, inspector);
+        LoadAddin(globals, word);
+        TemplateMarkSaved(word);
     });
 }
 
@@ -87,7 +103,12 @@ bool runInWord(Globals& globals, const outlook::Inspector& inspector,
     const bool before = std::exchange(globals.sendCancelled, false);
     const mail::OpenPrompt asking(globals);
     bool held = false;
-    mail::skipErrors([&] { held = run(wordOf(globals, inspector)).toBool(); });
+    mail::skipErrors([&] {
+        const Object word = wordOf(globals, inspector);
+        LoadAddin(globals, word);  // A window that never was in front since the start has loaded nothing.
+        TemplateMarkSaved(word);
+        held = run(word).toBool();
+    });
     return std::exchange(globals.sendCancelled, before) || held;
 }
 
@@ -102,14 +123,24 @@ void runCheck(Globals& globals, const outlook::Inspector& inspector, std::wstrin
 
 void CloseWord(const Globals& globals) noexcept {
     mail::skipErrors([&] {
-        const Object word = globals.platform.automation.activeObject(L"Word.Application");
-        const Object document = mail::attempt([&] { return activeDocument(globals); }).value_or(Object());
+        const Object word = globals.platform.automation.activeObject(wordProgId);
+        const Object document = editedDocument(globals, globals.outlook.activeInspector());
         const bool quits = nothingElseOpen(word, document);
         if (document) {
             document.call(L"Close", doNotSaveChanges);
         }
         if (quits) {
-            word.call(L"Quit", doNotSaveChanges);
+            word.call(L"Quit");
+        }
+    });
+}
+
+/// What the user has changed in Word's own templates meanwhile is Word's to save: it is told nothing of that.
+void QuitUnusedWord(const Globals& globals, const outlook::Inspector& closing) noexcept {
+    mail::skipErrors([&] {
+        const Object word = globals.platform.automation.activeObject(wordProgId);
+        if (nothingElseOpen(word, editedDocument(globals, closing))) {
+            word.call(L"Quit");
         }
     });
 }

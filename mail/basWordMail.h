@@ -18,11 +18,13 @@ namespace basWordMail {
 /// True when the item window is a Word window. False without a window. Throws automation::Error.
 bool editsInWord(const mail::Globals& globals, const outlook::Inspector& inspector);
 
-/// Loads the add-in's template into the Word of the item window. Without the template's file, or when Word
-/// refuses, nothing is loaded.
-void LoadAddin(const mail::Globals& globals, const outlook::Inspector& inspector);
-/// Has that Word take the template for saved, so that it never asks to save it.
-void TemplateMarkSaved(const mail::Globals& globals, const outlook::Inspector& inspector);
+/// Loads the add-in's template into Word. Without the template's file, or when Word refuses, nothing is
+/// loaded.
+void LoadAddin(const mail::Globals& globals, const automation::Object& word);
+/// Has Word take the template for saved, so that it never asks to save it.
+void TemplateMarkSaved(const automation::Object& word);
+/// Both, in the Word of the item window; where that cannot be reached, nothing.
+void PrepareWord(const mail::Globals& globals, const outlook::Inspector& inspector);
 
 /// Has the Word of the item window run a macro, and waits for it. True when the user does not want the mail
 /// to leave, which the macro says by its result, and Buttons by the send-cancel flag: either may be lost when
@@ -43,8 +45,10 @@ void runCheck(mail::Globals& globals, const outlook::Inspector& inspector, std::
               const outlook::Item& item, bool& cancel);
 
 /// Closes the document of the active item window without saving it, when that window is Word's, and quits
-/// Word when nothing else is open in it. Never throws.
+/// Word when nothing else is open in it: Outlook has ended. Never throws.
 void CloseWord(const mail::Globals& globals) noexcept;
+/// Quits Word when nothing is open in it, or only the item window that is closing. Never throws.
+void QuitUnusedWord(const mail::Globals& globals, const outlook::Inspector& closing = {}) noexcept;
 
 // In Word's process.
 

@@ -15,8 +15,8 @@
 /// Late-bound automation objects: the only way the add-in reaches Outlook, Redemption and Word.
 ///
 /// On Windows an Object holds an IDispatch, natively an object of the simulated host. Names of members are
-/// found without regard to letter case, as in every automation object. Everything runs on Outlook's
-/// user-interface thread; nothing here may be shared with another.
+/// found without regard to letter case, as in every automation object. Everything runs on one thread:
+/// Outlook's user-interface thread, or Word's; nothing here may be shared with another.
 namespace automation {
 
 class Target;

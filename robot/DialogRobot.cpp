@@ -125,7 +125,7 @@ void DialogRobot::attendForm(HWND dialog, const std::wstring& name) {
         return;
     }
     auto answer = answers_.form(prompt);
-    if (!answer && prompt.waits) {
+    if ((!answer && prompt.waits) || !attachedName(dialog, formNameProperty)) {
         return;
     }
     if (!answer) {

@@ -2,6 +2,7 @@
 
 #include <oleauto.h>
 
+#include "platform/windows/Bstr.h"
 #include "platform/windows/WindowsPlatform.h"
 #include "platform/windows/comErrors.h"
 #include "server/Held.h"
@@ -10,16 +11,9 @@
 namespace server {
 
 using automation::Value;
+using platform::windows::Bstr;
 using platform::windows::ComPtr;
 using platform::windows::guarded;
-
-namespace {
-
-std::wstring toText(BSTR text) {
-    return std::wstring(text ? text : L"", SysStringLen(text));
-}
-
-}  // namespace
 
 /// The add-in's part in this process, with its ports.
 struct ButtonsObject::World {
@@ -75,20 +69,22 @@ HRESULT ButtonsObject::ask(VARIANT_BOOL* held, const Question& question) {
 STDMETHODIMP ButtonsObject::SelPostroute(BSTR accountInUse, BSTR preferred, BSTR address,
                                          VARIANT_BOOL* held) {
     return ask(held, [&](addin::Buttons& buttons) {
-        return buttons.SelPostroute(toText(accountInUse), toText(preferred), toText(address));
+        return buttons.SelPostroute(Bstr::toText(accountInUse), Bstr::toText(preferred),
+                                    Bstr::toText(address));
     });
 }
 
 STDMETHODIMP ButtonsObject::AddEmailAddressToList(BSTR address, BSTR accountInUse, VARIANT_BOOL* held) {
     return ask(held, [&](addin::Buttons& buttons) {
-        return buttons.AddEmailAddressToList(toText(address), toText(accountInUse));
+        return buttons.AddEmailAddressToList(Bstr::toText(address), Bstr::toText(accountInUse));
     });
 }
 
 STDMETHODIMP ButtonsObject::PrefAcctExistsFalse(LONG mode, BSTR accountInUse, BSTR address, BSTR message,
                                                 VARIANT_BOOL* held) {
     return ask(held, [&](addin::Buttons& buttons) {
-        return buttons.PrefAcctExistsFalse(mode, toText(accountInUse), toText(address), toText(message));
+        return buttons.PrefAcctExistsFalse(mode, Bstr::toText(accountInUse), Bstr::toText(address),
+                                           Bstr::toText(message));
     });
 }
 

@@ -15,6 +15,7 @@ namespace server {
 /// bound. Lives in the thread that made it, its apartment.
 class ButtonsObject final : public platform::windows::DispatchObject<platform::windows::IButtons> {
   public:
+    /// With ports of its own. Throws automation::Error when the system refuses.
     static platform::windows::ComPtr<IUnknown> make();
 
     STDMETHODIMP GetIDsOfNames(REFIID id, LPOLESTR* names, UINT count, LCID locale, DISPID* ids) override;

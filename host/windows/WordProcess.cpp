@@ -3,14 +3,10 @@
 #include <objbase.h>
 #include <oleauto.h>
 
-#include <fstream>
-#include <iterator>
-
 #include "host/BasicInterpreter.h"
 #include "host/VbaProject.h"
 #include "host/windows/PrivateUser.h"
 #include "platform/FunctionTarget.h"
-#include "platform/files.h"
 #include "platform/windows/ComAutomation.h"
 #include "platform/windows/comErrors.h"
 #include "platform/windows/ownModule.h"
@@ -43,14 +39,12 @@ ComPtr<IUnknown> shownAs(const GUID& id) {
 /// The macros of a template, for a process that is not Outlook's.
 Value runMacro(const std::wstring& templatePath, const std::wstring& macro,
                const automation::Array& arguments, const BasicInterpreter::CreateObject& createObject) {
-    std::ifstream file(platform::filePath(templatePath), std::ios::binary);
-    const std::string bytes(std::istreambuf_iterator<char>(file), {});
     automation::Array variables = arguments;
     std::vector<Value> references;
     for (Value& variable : variables) {
         references.push_back(Value::reference(variable));
     }
-    return BasicInterpreter(readMacroModules(bytes), createObject).run(macro, references);
+    return BasicInterpreter(macroModulesOf(templatePath), createObject).run(macro, references);
 }
 
 /// Handles this thread's messages, COM's calls among them, until the other process ends or this one is to.
@@ -80,11 +74,13 @@ WordProcess::~WordProcess() {
         // It has ended already.
     }
     kill();
+    release();
 }
 
 Value WordProcess::run(const std::wstring& templatePath, const std::wstring& macro,
                        std::span<const Value> arguments) {
-    if (!process_.hProcess) {
+    if (!runs()) {
+        release();
         start();
     }
     automation::Array copies;
@@ -116,22 +112,28 @@ void WordProcess::start() {
         Sleep(lookAgain);
     }
     kill();
+    release();
     throw automation::Error(automation::errors::failed, L"Word does not start.");
 }
 
 bool WordProcess::runs() const {
-    return WaitForSingleObject(process_.hProcess, 0) == WAIT_TIMEOUT;
+    return process_.hProcess && WaitForSingleObject(process_.hProcess, 0) == WAIT_TIMEOUT;
 }
 
 void WordProcess::kill() {
     if (process_.hProcess) {
         TerminateProcess(process_.hProcess, 1);
         WaitForSingleObject(process_.hProcess, patience);
+    }
+}
+
+void WordProcess::release() {
+    macros_ = {};
+    if (process_.hProcess) {
         CloseHandle(process_.hThread);
         CloseHandle(process_.hProcess);
         process_ = {};
     }
-    macros_ = {};
 }
 
 int playWord(std::span<const std::wstring> arguments,

@@ -29,12 +29,13 @@ class WordProcess {
     /// Throws automation::Error when the process cannot be started or has ended.
     automation::Value run(const std::wstring& templatePath, const std::wstring& macro,
                           std::span<const automation::Value> arguments);
-    /// Ends it as a crash does.
+    /// Ends it as a crash does; from any thread.
     void kill();
 
   private:
     void start();
     bool runs() const;
+    void release();
 
     platform::windows::Exporter& exporter_;
     PROCESS_INFORMATION process_{};

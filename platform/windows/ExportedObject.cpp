@@ -95,6 +95,7 @@ Value ExportedObject::access(DISPID member, WORD flags, std::span<const Value> a
 STDMETHODIMP ExportedObject::Invoke(DISPID member, REFIID, LCID, WORD flags, DISPPARAMS* parameters,
                                     VARIANT* result, EXCEPINFO* details, UINT*) {
     const ComPtr<IUnknown> self(identity());
+    const auto owner = exporter_->owner();
     return guardedInvoke(details, [&] {
         if (member == DISPID_NEWENUM) {
             auto enumerator = Enumerator::make(target_, exporter_);

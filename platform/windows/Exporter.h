@@ -31,7 +31,8 @@ class Exporter final : public ObjectTranslator, public std::enable_shared_from_t
     automation::Object toObject(IUnknown* object) override;
     LiveObjects& liveObjects() override { return liveObjects_; }
 
-    /// Keeps `owner` alive through every event handler that is at work, whoever lets go of it meanwhile.
+    /// Keeps `owner` alive through every event handler and every call from outside that is at work, whoever
+    /// lets go of it meanwhile.
     void keepDuringEvents(std::weak_ptr<void> owner) { owner_ = std::move(owner); }
     std::shared_ptr<void> owner() override { return owner_.lock(); }
 

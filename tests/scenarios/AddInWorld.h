@@ -60,7 +60,7 @@ class AddInWorld {
     virtual bool fireTimer() = 0;
     /// The local time from now on.
     virtual void setNow(automation::Date now) = 0;
-    /// Word's process ends as in a crash, with what runs in it. Natively there is none.
+    /// Word's process ends as in a crash, with what runs in it; from any thread.
     virtual void killWord() = 0;
     /// Which prompt found no answer; nothing when all did.
     virtual std::optional<std::wstring> unanswered() = 0;

@@ -36,15 +36,22 @@ const platform::ControlState& PromptLog::Prompt::control(std::wstring_view name)
 }
 
 void PromptLog::message(const platform::MessagePrompt& prompt, std::optional<platform::Answer>) {
-    prompts_.push_back({prompt.title, prompt.text, prompt.style, {}, std::exchange(beeped_, false)});
+    keep({prompt.title, prompt.text, prompt.style, {}, std::exchange(beeped_, false)});
 }
 
 void PromptLog::form(const platform::FormPrompt& prompt, const std::optional<platform::FormAnswer>&) {
-    prompts_.push_back({prompt.form, prompt.caption, {}, prompt.controls, std::exchange(beeped_, false)});
+    keep({prompt.form, prompt.caption, {}, prompt.controls, std::exchange(beeped_, false)});
 }
 
 void PromptLog::folder(const platform::FolderPrompt& prompt, const std::optional<platform::FolderAnswer>&) {
-    prompts_.push_back({L"folder", prompt.title, {}, {}, std::exchange(beeped_, false)});
+    keep({L"folder", prompt.title, {}, {}, std::exchange(beeped_, false)});
+}
+
+void PromptLog::keep(Prompt prompt) {
+    prompts_.push_back(std::move(prompt));
+    if (const auto happens = meanwhile) {  // It may take itself away.
+        happens();
+    }
 }
 
 Bench::Bench(Given setup)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -33,6 +34,9 @@ class PromptLog : public platform::PromptObserver {
     void opened(const platform::WebAddress& address) override { opened_.push_back(address.text()); }
     void started(const std::wstring& program) override { opened_.push_back(program); }
 
+    /// Happens while a prompt is open, before it is answered; on Windows on a thread of its own.
+    std::function<void()> meanwhile;
+
     const std::vector<Prompt>& prompts() const { return prompts_; }
     /// Addresses and programs.
     const std::vector<std::wstring>& opened() const { return opened_; }
@@ -40,6 +44,8 @@ class PromptLog : public platform::PromptObserver {
   private:
     std::vector<Prompt> prompts_;
     std::vector<std::wstring> opened_;
+    void keep(Prompt prompt);
+
     /// Since the last prompt.
     bool beeped_ = false;
 };
@@ -62,6 +68,9 @@ class Bench {
 
     /// Opens the message as a new mail and presses Send.
     host::SendOutcome send(const host::Message& message);
+
+    /// What happens while a prompt is open, as PromptLog::meanwhile.
+    void meanwhile(std::function<void()> happens) { log_.meanwhile = std::move(happens); }
 
     const std::vector<PromptLog::Prompt>& prompts() const { return log_.prompts(); }
     /// What the add-in has opened or started, in order.

@@ -50,6 +50,8 @@ struct Outcome {
     std::optional<std::wstring> neverAsked;
     Names prompts;
     std::vector<std::wstring> texts;
+    /// Word runs on, some time after the mail.
+    bool wordLeft = false;
 
     bool operator==(const Outcome&) const = default;
 };
@@ -74,6 +76,9 @@ Outcome outcomeOf(Given setup, const std::wstring& subject) {
             outcome.texts.push_back(control.name + L"=" + control.caption + L"|" + control.value);
         }
     }
+    bench.outlook().closeInspector(bench.outlook().openNewMail(plainMail()));
+    bench.world().fireTimer();
+    outcome.wordLeft = bench.outlook().wordRuns();
     return outcome;
 }
 
@@ -100,6 +105,7 @@ TEST_P(AskedInWord, ComesToTheSameAsInOutlook) {
             outcomes[editor == host::Editor::Word ? 1 : 0] = outcomeOf(setup, test.subject);
         }
         EXPECT_EQ(outcomes[0].prompts.size(), outcomes[1].prompts.size());
+        outcomes[1].wordLeft = false;  // With the mail that is still open.
         EXPECT_TRUE(outcomes[0] == outcomes[1]) << version;
         EXPECT_EQ(outcomes[1].prompts.empty(), version == outlook2002 && !test.list.empty());
     }
@@ -163,9 +169,33 @@ TEST(Word, LeavesAMailAloneWhereItCannotAsk) {
         setup.settings = delayed;
         change(setup);
         const Outcome outcome = outcomeOf(setup, L"");
+        EXPECT_FALSE(outcome.wordLeft) << name;
         EXPECT_EQ(outcome.state, SendState::Sent) << name;
         EXPECT_EQ(outcome.account, L"Work") << name;
         EXPECT_TRUE(outcome.prompts.empty()) << name;
+    }
+}
+
+/// Word dies with a question open: nobody has denied the mail.
+TEST(Word, LetsTheMailLeaveWhenItDies) {
+    for (const bool reopened : {false, true}) {
+        Given setup = inWord(outlook2003, bobAtHome);
+        setup.answers = {L"frmSelectSendAcct=optCancel=1; cmdOK"};
+        if (reopened) {
+            setup.answers.push_back(L"frmSelectSendAcct=optCancel=1; cmdOK");
+        }
+        Bench bench(setup);
+        bench.meanwhile([&] { bench.world().killWord(); });
+        host::Message message = plainMail();
+        message.to[0].address = L"bob@example.org";
+        const host::SendOutcome first = bench.send(message);
+        EXPECT_EQ(bench.prompts().size(), 1U);
+        EXPECT_EQ(first.state, SendState::Sent);
+        EXPECT_EQ(first.mail.account, L"Work");
+        if (reopened) {
+            bench.meanwhile(nullptr);
+            EXPECT_EQ(bench.send(message).state, SendState::Cancelled) << "the next Word asks again";
+        }
     }
 }
 
@@ -240,13 +270,90 @@ TEST(Word, EndsWithOutlook) {
     EXPECT_FALSE(bench.outlook().wordRuns());
 }
 
+/// Outlook that ends has asked what is to be saved, whatever windows there still are.
+TEST(Word, EndsWithOutlookWhateverMailIsInFront) {
+    for (const bool other : {false, true}) {
+        Bench bench(inWord());
+        const Object letter = other ? bench.outlook().openWordDocument(L"Letter") : Object();
+        const Object document = bench.outlook().openNewMail(plainMail()).get(L"WordEditor").toObject();
+        bench.outlook().announceQuit();
+        EXPECT_THROW(document.get(L"Name"), automation::Error);
+        EXPECT_EQ(bench.outlook().wordRuns(), other);
+        if (other) {
+            EXPECT_EQ(letter.get(L"Name").toText(), L"Letter");
+        }
+    }
+}
+
+/// An Outlook that was started to write a mail has no other window.
+TEST(Word, EndsWithTheLastWindowAndNotBefore) {
+    Given setup = inWord();
+    setup.profile.explorers = 0;
+    Bench bench(setup);
+    const Object first = bench.outlook().openNewMail(plainMail());
+    const Object second = bench.outlook().openNewMail(plainMail(L"Plan"));
+    const Object document = first.get(L"WordEditor").toObject();
+    bench.outlook().closeInspector(second);
+    EXPECT_EQ(document.get(L"Name").toText(), L"Budget");
+    bench.outlook().closeInspector(first);
+    EXPECT_FALSE(bench.outlook().wordRuns());
+}
+
+TEST(Word, StaysWhereTheUserHasStartedIt) {
+    Bench bench(inWord());
+    bench.send(plainMail());
+    bench.outlook().startWord();
+    EXPECT_TRUE(bench.world().fireTimer());
+    bench.outlook().quit();
+    EXPECT_TRUE(bench.outlook().wordRuns());
+}
+
 /// A user who takes the add-in off goes on writing.
 TEST(Word, KeepsAMailThatIsBeingWrittenWhenTheAddInGoes) {
     Bench bench(inWord());
+    bench.outlook().closeInspector(bench.outlook().openNewMail(plainMail(L"Plan")));
     const Object window = bench.outlook().openNewMail(plainMail());
     const Object document = window.get(L"WordEditor").toObject();
     bench.disconnect(1);
     EXPECT_EQ(document.get(L"Name").toText(), L"Budget");
+    EXPECT_FALSE(bench.world().fireTimer());
+}
+
+/// The window of a mail from before the add-in was connected.
+TEST(Word, AsksInAWindowThatWasThereBefore) {
+    Given setup = inWord(outlook2003, bobAtHome);
+    setup.connected = false;
+    setup.answers = {L"frmSelectSendAcct=cmdOK"};
+    Bench bench(setup);
+    host::Message message = plainMail();
+    message.to[0].address = L"bob@example.org";
+    const Object window = bench.outlook().openNewMail(message);
+    bench.connect();
+    EXPECT_EQ(bench.outlook().send(window).mail.account, L"Home");
+}
+
+/// A program's mail has a window of Word's that is never in front.
+TEST(Word, AsksAboutAProgramsMail) {
+    Given setup = inWord();
+    setup.answers = {L"frmNoSubject=cmdCancel"};
+    Bench bench(setup);
+    const Object mail = bench.outlook().application().call(L"CreateItem", 0).toObject();
+    mail.get(L"Recipients").toObject().call(L"Add", L"bob@example.com").toObject().call(L"Resolve");
+    const Object window = mail.call(L"GetInspector").toObject();
+    EXPECT_THROW(mail.call(L"Send"), automation::Error);
+    EXPECT_EQ(bench.promptNames(), Names{L"frmNoSubject"});
+}
+
+/// The user has unticked the template in Word's list of add-ins.
+TEST(Word, InstallsItsTemplateAgain) {
+    Bench bench(inWord());
+    const Object window = bench.outlook().openNewMail(plainMail());
+    const Object word = window.get(L"WordEditor").toObject().get(L"Application").toObject();
+    const Object file = word.get(L"AddIns").toObject().call(L"Item", L"Veltro.dot").toObject();
+    file.put(L"Installed", false);
+    bench.outlook().activate(bench.outlook().explorers().front());
+    bench.outlook().activate(window);
+    EXPECT_TRUE(file.get(L"Installed").toBool());
 }
 
 }  // namespace

@@ -14,6 +14,7 @@
 #include "platform/windows/ActivationContext.h"
 #include "platform/windows/RegKey.h"
 #include "platform/windows/WindowsResources.h"
+#include "platform/windows/buttonsInterface.h"
 #include "platform/windows/extensibility.h"
 #include "robot/DialogRobot.h"
 #include "tests/windows/ComTest.h"
@@ -57,6 +58,9 @@ std::set<std::wstring> registryKeys() {
         listKeys(root, L"Software\\Classes\\Veltro.Connect", found);
         listKeys(root, L"Software\\Classes\\Veltro.Connect.1", found);
         listKeys(root, L"Software\\Classes\\CLSID\\{77FDA4DD-F8B7-45DE-9324-31C913538BA5}", found);
+        listKeys(root, L"Software\\Classes\\Veltro.Buttons", found);
+        listKeys(root, L"Software\\Classes\\Veltro.Buttons.1", found);
+        listKeys(root, L"Software\\Classes\\CLSID\\{697A9D62-0FD6-4831-AC1A-44B2D8E14F22}", found);
     }
     return found;
 }
@@ -278,6 +282,36 @@ TEST_F(ServerTest, ConnectsLateBoundToo) {
     EXPECT_GT(host->liveAdapters(), 0U);
     connect.call(L"OnDisconnection", 0);
     EXPECT_EQ(host->liveAdapters(), 0U);
+}
+
+/// Where no Outlook runs the macros of Word's template find nobody to ask for.
+TEST_F(ServerTest, MakesButtonsThatAskNothingWithoutOutlook) {
+    ASSERT_EQ(server.registerServer(), S_OK);
+    CLSID id{};
+    ASSERT_EQ(CLSIDFromProgID(L"Veltro.Buttons", &id), S_OK);
+    ComPtr<IDispatch> made;
+    ASSERT_EQ(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch, made.putVoid()), S_OK);
+    EXPECT_EQ(server.canUnloadNow(), S_FALSE);
+    {
+        const Object buttons = host->toObject(made.get());
+        EXPECT_FALSE(buttons.call(L"emptysubjectcheck", Object(), false).toBool());
+        EXPECT_FALSE(buttons.call(L"DelayEmailSending", Object(), false).toBool());
+        EXPECT_FALSE(buttons.call(L"AddEmailAddressToList", L"a@b.org", L"Work").toBool());
+        EXPECT_FALSE(buttons.call(L"PrefAcctExistsFalse", 4, L"Work", L"a@b.org", L"Gone").toBool());
+        EXPECT_FALSE(buttons.call(L"SelPostroute", L"Work", L"Home", L"a@b.org").toBool());
+        EXPECT_THROW(buttons.call(L"SelPostroute", L"Work"), automation::Error);
+        EXPECT_THROW(buttons.call(L"NoSuchCall"), automation::Error);
+    }
+    {
+        const auto dual = platform::windows::query<platform::windows::IButtons>(
+            made.get(), platform::windows::buttonsInterfaceId);
+        VARIANT_BOOL held = VARIANT_TRUE;
+        EXPECT_EQ(dual->AddEmailAddressToList(nullptr, nullptr, &held), S_OK);
+        EXPECT_EQ(held, VARIANT_FALSE);
+        EXPECT_EQ(dual->EmptySubjectCheck(nullptr, nullptr, nullptr), E_POINTER);
+    }
+    made = nullptr;
+    EXPECT_EQ(server.canUnloadNow(), S_OK);
 }
 
 TEST_F(ServerTest, ReadsTheResourceLibrary) {

@@ -6,40 +6,41 @@ namespace {
 
 using automation::Object;
 using automation::Value;
-using Count = std::shared_ptr<std::size_t>;
+using State = std::shared_ptr<CountedObjects::State>;
 
-/// By-reference arguments go through as they are: none of them carries an object.
+/// By-reference arguments go through as they are: the host looks into none of them.
 bool carriesObject(const Value& value) {
     return !value.isReference() && value.holds<Object>() && value.toObject();
 }
 
 class CountedObject : public automation::Target {
   public:
-    CountedObject(std::shared_ptr<Target> object, Count count)
-        : object_(std::move(object)), count_(std::move(count)) {
-        ++*count_;
+    CountedObject(std::shared_ptr<Target> object, State state)
+        : object_(std::move(object)), state_(std::move(state)) {
+        ++state_->count;
     }
-    ~CountedObject() override { --*count_; }
+    ~CountedObject() override { --state_->count; }
     CountedObject(const CountedObject&) = delete;
     CountedObject& operator=(const CountedObject&) = delete;
 
     std::int32_t memberId(std::wstring_view name) override { return object_->memberId(name); }
 
     Value invoke(std::int32_t member, automation::Access access, std::span<const Value> arguments) override {
+        state_->check();
         std::vector<Value> bare;
         for (const Value& argument : arguments) {
             bare.push_back(carriesObject(argument) ? Value(bareOf(argument.toObject())) : argument);
         }
-        return counted(object_->invoke(member, access, bare), count_);
+        return counted(object_->invoke(member, access, bare), state_);
     }
 
     automation::Subscription subscribe(automation::EventInterface events,
                                        automation::EventSink sink) override {
         return object_->subscribe(
-            events, [sink = std::move(sink), count = count_](std::int32_t event, std::span<Value> given) {
+            events, [sink = std::move(sink), state = state_](std::int32_t event, std::span<Value> given) {
                 std::vector<Value> arguments;
                 for (const Value& argument : given) {
-                    arguments.push_back(counted(argument, count));
+                    arguments.push_back(counted(argument, state));
                 }
                 sink(event, arguments);
             });
@@ -50,9 +51,9 @@ class CountedObject : public automation::Target {
         return counted && Object(counted->object_) == Object(object_);
     }
 
-    static Value counted(const Value& value, const Count& count) {
+    static Value counted(const Value& value, const State& state) {
         return carriesObject(value)
-                   ? Value(Object(std::make_shared<CountedObject>(value.toObject().target(), count)))
+                   ? Value(Object(std::make_shared<CountedObject>(value.toObject().target(), state)))
                    : value;
     }
 
@@ -63,11 +64,17 @@ class CountedObject : public automation::Target {
     }
 
     std::shared_ptr<Target> object_;
-    Count count_;
+    State state_;
 };
 
 }  // namespace
 
+void CountedObjects::State::check() const {
+    if (lost) {
+        throw automation::Error(static_cast<std::int32_t>(0x800706BA), L"The RPC server is unavailable.");
+    }
+}
+
 Object CountedObjects::counted(const Object& object) const {
-    return CountedObject::counted(object, count_).toObject();
+    return CountedObject::counted(object, state_).toObject();
 }

@@ -51,9 +51,7 @@ class NativeWorld : public AddInWorld {
           http_(desktop_.events()),
           ports_(objects_, desktop_, clock_, nullptr, folder_.path(), &http_) {
         if (setup.buttonsRegistered) {
-            outlook_.registerForMacros(L"Veltro.Buttons", [this] {
-                return addin::Buttons::object(std::make_shared<addin::Buttons>(ports_.platform));
-            });
+            outlook_.registerForMacros(L"Veltro.Buttons", [this] { return makeButtons(); });
         }
         for (const auto& [key, value] : setup.settings) {
             ports_.settings.write(key, value);
@@ -83,12 +81,38 @@ class NativeWorld : public AddInWorld {
     void settle() override { desktop_.events().settle(); }
     bool fireTimer() override { return desktop_.events().fireTimer(); }
     void setNow(automation::Date now) override { clock_.set(now); }
-    void killWord() override {}
+    void killWord() override {
+        outlook_.endWord();
+        if (const auto process = word_.lock()) {
+            process->objects.lose();
+        }
+    }
     std::optional<std::wstring> unanswered() override { return desktop_.unanswered(); }
-    std::size_t heldObjects() override { return objects_.count(); }
+    std::size_t heldObjects() override {
+        const auto process = word_.lock();
+        return objects_.count() + (process ? process->objects.count() : 0);
+    }
     std::vector<std::string> debugLines() override { return ports_.system.debugLines(); }
 
   private:
+    /// The add-in's part in Word's process: what it reaches of Outlook is not what the other part reaches.
+    struct WordProcess {
+        WordProcess(host::Outlook& outlook, NativeWorld& world)
+            : objects(outlook.automation()),
+              ports(objects, world.desktop_, world.clock_, &world.ports_.settings, world.folder_.path()),
+              buttons(ports.platform) {}
+
+        CountedObjects objects;
+        platform::native::MemoryPorts ports;
+        addin::Buttons buttons;
+    };
+
+    automation::Object makeButtons() {
+        const auto process = std::make_shared<WordProcess>(outlook_, *this);
+        word_ = process;
+        return addin::Buttons::object({process, &process->buttons});
+    }
+
     host::Outlook& outlook_;
     CountedObjects objects_;
     platform::native::ScriptedDesktop desktop_;
@@ -96,6 +120,7 @@ class NativeWorld : public AddInWorld {
     AddInFolder folder_;
     platform::native::CurlHttp http_;
     platform::native::MemoryPorts ports_;
+    std::weak_ptr<WordProcess> word_;
     addin::Connect connection_{ports_.platform};
 };
 
