@@ -342,6 +342,7 @@ TEST(Word, AsksAboutAProgramsMail) {
     const Object window = mail.call(L"GetInspector").toObject();
     EXPECT_THROW(mail.call(L"Send"), automation::Error);
     EXPECT_EQ(bench.promptNames(), Names{L"frmNoSubject"});
+    EXPECT_FALSE(bench.outlook().wordAsksToSaveTemplates());
 }
 
 /// The user has unticked the template in Word's list of add-ins.
