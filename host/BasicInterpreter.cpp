@@ -12,11 +12,11 @@ using automation::Value;
 
 namespace {
 
-constexpr std::int32_t compileError = 1004;
+constexpr std::int32_t cannotRun = 1004;
 constexpr std::int32_t wrongArgumentCount = 450;
 
 [[noreturn]] void notUnderstood(std::wstring_view line) {
-    throw automation::Error(compileError, L"Compile error: " + std::wstring(line), L"Microsoft Word");
+    throw automation::Error(cannotRun, L"Compile error: " + std::wstring(line), L"Microsoft Word");
 }
 
 bool startsWord(std::wstring_view line, std::wstring_view word) {
@@ -70,6 +70,19 @@ std::vector<std::wstring> linesOf(const std::string& module) {
 }
 
 }  // namespace
+
+ArgumentCopies::ArgumentCopies(std::span<const Value> originals) {
+    for (const Value& value : originals) {
+        const Value* original = &value;
+        while (original->isReference()) {
+            original = &original->variable();
+        }
+        copies_.push_back(*original);
+    }
+    for (Value& copy : copies_) {
+        references_.push_back(Value::reference(copy));
+    }
+}
 
 /// Reads procedures from the lines of a module.
 class BasicInterpreter::Parser {
@@ -298,6 +311,10 @@ BasicInterpreter::BasicInterpreter(const std::vector<std::string>& modules, Crea
     }
 }
 
+void BasicInterpreter::noSuchMacro() {
+    throw automation::Error(cannotRun, L"Unable to run the specified macro", L"Microsoft Word");
+}
+
 bool BasicInterpreter::has(std::wstring_view macro) const {
     return procedures_.contains(text::upper(macro));
 }
@@ -305,7 +322,7 @@ bool BasicInterpreter::has(std::wstring_view macro) const {
 Value BasicInterpreter::run(std::wstring_view macro, std::span<const Value> arguments) const {
     const auto found = procedures_.find(text::upper(macro));
     if (found == procedures_.end()) {
-        throw automation::Error(compileError, L"Unable to run the specified macro", L"Microsoft Word");
+        noSuchMacro();
     }
     if (arguments.size() != found->second.parameters.size()) {
         throw automation::Error(wrongArgumentCount,

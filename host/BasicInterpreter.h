@@ -12,6 +12,19 @@
 
 namespace host {
 
+/// Arguments that a macro may change, and the originals not.
+class ArgumentCopies {
+  public:
+    explicit ArgumentCopies(std::span<const automation::Value> originals);
+    ArgumentCopies(const ArgumentCopies&) = delete;
+    ArgumentCopies& operator=(const ArgumentCopies&) = delete;
+    const std::vector<automation::Value>& references() const noexcept { return references_; }
+
+  private:
+    std::vector<automation::Value> copies_;
+    std::vector<automation::Value> references_;
+};
+
 /// Runs macros of a Word template: as much of the language as templates need that only call into other
 /// objects. Names are found without regard to letter case, parameters are passed by reference.
 class BasicInterpreter {
@@ -22,6 +35,8 @@ class BasicInterpreter {
     BasicInterpreter(const std::vector<std::string>& modules, CreateObject createObject);
 
     bool has(std::wstring_view macro) const;
+    /// Throws what Word says of a macro that it does not find.
+    [[noreturn]] static void noSuchMacro();
     /// A Function's result; empty for a Sub. Throws automation::Error when there is no such macro, when the
     /// number of arguments is not its own, and for an error that it does not skip.
     automation::Value run(std::wstring_view macro, std::span<const automation::Value> arguments) const;

@@ -25,30 +25,6 @@ std::wstring_view fileNameOf(std::wstring_view path) {
     return path.substr(path.find_last_of(L"\\/") + 1);
 }
 
-/// Values that a macro may change, and the originals not.
-class Copies {
-  public:
-    explicit Copies(std::span<const Value> values) {
-        for (const Value& value : values) {
-            const Value* original = &value;
-            while (original->isReference()) {
-                original = &original->variable();
-            }
-            copies_.push_back(*original);
-        }
-        for (Value& copy : copies_) {
-            references_.push_back(Value::reference(copy));
-        }
-    }
-    Copies(const Copies&) = delete;
-    Copies& operator=(const Copies&) = delete;
-    const std::vector<Value>& references() const noexcept { return references_; }
-
-  private:
-    std::vector<Value> copies_;
-    std::vector<Value> references_;
-};
-
 }  // namespace
 
 WordDocument::WordDocument(Core& core, std::wstring name, std::weak_ptr<WordApplication> application)
@@ -203,14 +179,14 @@ Value WordApplication::run(Arguments arguments) {
     }
     for (const auto& file : files_->list()) {
         if (file->installed() && file->macros().has(macro)) {
-            const Copies copies(arguments.from(1));
+            const ArgumentCopies copies(arguments.from(1));
             const Value result = core().runMacro ? core().runMacro(file->path(), macro, copies.references())
                                                  : file->macros().run(macro, copies.references());
             checkUsable();  // Word may be gone by now.
             return result;
         }
     }
-    throw automation::Error(1004, L"Unable to run the specified macro", L"Microsoft Word");
+    BasicInterpreter::noSuchMacro();
 }
 
 constinit const Members<WordApplication> WordApplication::members = {

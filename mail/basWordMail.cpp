@@ -65,13 +65,7 @@ bool nothingElseOpen(const Object& word, const Object& document) {
            windows.call(L"Item", 1).toObject().get(L"Document").toObject() == document;
 }
 
-}  // namespace
-
-bool editsInWord(const Globals& globals, const outlook::Inspector& inspector) {
-    return inspector && mail::outlookVersion(globals) < mail::outlook2007 &&
-           inspector.editorType() == outlook::editorWord;
-}
-
+/// Loads the add-in's template. Without the template's file, or when Word refuses, nothing is loaded.
 void LoadAddin(const Globals& globals, const Object& word) {
     mail::skipErrors([&] {
         if (templateExists(globals)) {
@@ -81,6 +75,7 @@ void LoadAddin(const Globals& globals, const Object& word) {
     });
 }
 
+/// Has Word take the template for saved, so that it never asks to save it.
 void TemplateMarkSaved(const Object& word) {
     mail::skipErrors([&] {
         const Object templates = word.get(L"Templates").toObject();
@@ -88,12 +83,34 @@ void TemplateMarkSaved(const Object& word) {
     });
 }
 
+void prepare(const Globals& globals, const Object& word) {
+    LoadAddin(globals, word);
+    TemplateMarkSaved(word);
+}
+
+/// Quits Word when nothing is open in it but the window. What the user has changed in Word's own templates
+/// meanwhile is Word's to save: it is told nothing of that.
+void leaveWord(const Globals& globals, const outlook::Inspector& window, bool closesDocument) {
+    const Object word = globals.platform.automation.activeObject(wordProgId);
+    const Object document = editedDocument(globals, window);
+    const bool quits = nothingElseOpen(word, document);
+    if (closesDocument && document) {
+        document.call(L"Close", doNotSaveChanges);
+    }
+    if (quits) {
+        word.call(L"Quit");
+    }
+}
+
+}  // namespace
+
+bool editsInWord(const Globals& globals, const outlook::Inspector& inspector) {
+    return inspector && mail::outlookVersion(globals) < mail::outlook2007 &&
+           inspector.editorType() == outlook::editorWord;
+}
+
 void PrepareWord(const Globals& globals, const outlook::Inspector& inspector) {
-    mail::skipErrors([&] {
-        const Object word = wordOf(globals, inspector);
-        LoadAddin(globals, word);
-        TemplateMarkSaved(word);
-    });
+    mail::skipErrors([&] { prepare(globals, wordOf(globals, inspector)); });
 }
 
 /// While Word asks, the user and others go on working in Outlook, so that another mail may be sent inside of
@@ -105,8 +122,7 @@ bool runInWord(Globals& globals, const outlook::Inspector& inspector,
     bool held = false;
     mail::skipErrors([&] {
         const Object word = wordOf(globals, inspector);
-        LoadAddin(globals, word);  // A window that never was in front since the start has loaded nothing.
-        TemplateMarkSaved(word);
+        prepare(globals, word);  // A window that never was in front since the start has loaded nothing.
         held = run(word).toBool();
     });
     return std::exchange(globals.sendCancelled, before) || held;
@@ -122,27 +138,11 @@ void runCheck(Globals& globals, const outlook::Inspector& inspector, std::wstrin
 }
 
 void CloseWord(const Globals& globals) noexcept {
-    mail::skipErrors([&] {
-        const Object word = globals.platform.automation.activeObject(wordProgId);
-        const Object document = editedDocument(globals, globals.outlook.activeInspector());
-        const bool quits = nothingElseOpen(word, document);
-        if (document) {
-            document.call(L"Close", doNotSaveChanges);
-        }
-        if (quits) {
-            word.call(L"Quit");
-        }
-    });
+    mail::skipErrors([&] { leaveWord(globals, globals.outlook.activeInspector(), true); });
 }
 
-/// What the user has changed in Word's own templates meanwhile is Word's to save: it is told nothing of that.
 void QuitUnusedWord(const Globals& globals, const outlook::Inspector& closing) noexcept {
-    mail::skipErrors([&] {
-        const Object word = globals.platform.automation.activeObject(wordProgId);
-        if (nothingElseOpen(word, editedDocument(globals, closing))) {
-            word.call(L"Quit");
-        }
-    });
+    mail::skipErrors([&] { leaveWord(globals, closing, false); });
 }
 
 Variables GetVariables(Globals& globals) {

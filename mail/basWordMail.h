@@ -18,12 +18,8 @@ namespace basWordMail {
 /// True when the item window is a Word window. False without a window. Throws automation::Error.
 bool editsInWord(const mail::Globals& globals, const outlook::Inspector& inspector);
 
-/// Loads the add-in's template into Word. Without the template's file, or when Word refuses, nothing is
-/// loaded.
-void LoadAddin(const mail::Globals& globals, const automation::Object& word);
-/// Has Word take the template for saved, so that it never asks to save it.
-void TemplateMarkSaved(const automation::Object& word);
-/// Both, in the Word of the item window; where that cannot be reached, nothing.
+/// Loads the add-in's template into the Word of the item window, and has it take the template for saved.
+/// Where that cannot be done nothing is loaded.
 void PrepareWord(const mail::Globals& globals, const outlook::Inspector& inspector);
 
 /// Has the Word of the item window run a macro, and waits for it. True when the user does not want the mail

@@ -39,12 +39,8 @@ ComPtr<IUnknown> shownAs(const GUID& id) {
 /// The macros of a template, for a process that is not Outlook's.
 Value runMacro(const std::wstring& templatePath, const std::wstring& macro,
                const automation::Array& arguments, const BasicInterpreter::CreateObject& createObject) {
-    automation::Array variables = arguments;
-    std::vector<Value> references;
-    for (Value& variable : variables) {
-        references.push_back(Value::reference(variable));
-    }
-    return BasicInterpreter(macroModulesOf(templatePath), createObject).run(macro, references);
+    const ArgumentCopies copies(arguments);
+    return BasicInterpreter(macroModulesOf(templatePath), createObject).run(macro, copies.references());
 }
 
 /// Handles this thread's messages, COM's calls among them, until the other process ends or this one is to.
@@ -83,12 +79,8 @@ Value WordProcess::run(const std::wstring& templatePath, const std::wstring& mac
         release();
         start();
     }
-    automation::Array copies;
-    for (const Value& argument : arguments) {
-        copies.push_back(argument.isReference() ? argument.variable() : argument);
-    }
     macros_.call(L"StopClock", now_());
-    return macros_.call(L"Run", templatePath, macro, copies);
+    return macros_.call(L"Run", templatePath, macro, automation::Array(arguments.begin(), arguments.end()));
 }
 
 void WordProcess::start() {

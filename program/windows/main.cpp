@@ -6,7 +6,6 @@
 #include <fcntl.h>
 #include <io.h>
 #include <objbase.h>
-#include <shellapi.h>
 
 #include <algorithm>
 #include <cwchar>
@@ -22,6 +21,7 @@
 #include "program/exchangeSettings.h"
 #include "program/windows/DebugListener.h"
 #include "program/windows/HostRun.h"
+#include "program/windows/commandLineWords.h"
 #include "program/windows/sampleMail.h"
 #include "robot/DialogRobot.h"
 #include "robot/importTable.h"
@@ -40,17 +40,6 @@ class Apartment {
     Apartment& operator=(const Apartment&) = delete;
     ~Apartment() { CoUninitialize(); }
 };
-
-std::vector<std::wstring> commandLineWords() {
-    int count = 0;
-    LPWSTR* words = CommandLineToArgvW(GetCommandLineW(), &count);
-    std::vector<std::wstring> result;
-    for (int index = 1; index < count; ++index) {
-        result.emplace_back(words[index]);
-    }
-    LocalFree(words);
-    return result;
-}
 
 bool startedAtConsole() {
     DWORD mode = 0;
@@ -199,7 +188,7 @@ int main() {
     ExitStatus status = ExitStatus::BadInput;
     try {
         const Apartment apartment;
-        status = obey(program::parseCommandLine(commandLineWords()));
+        status = obey(program::parseCommandLine(program::windows::commandLineWords()));
     } catch (const automation::Error& error) {
         program::complain(text::toUtf8(error.description()));
     } catch (const std::exception& error) {

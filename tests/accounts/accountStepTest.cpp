@@ -96,6 +96,7 @@ TEST(AccountStepInWord, RunsTheMacros) {
     const automation::Value held = true;
     const automation::Value nothing;
     using Answers = accounts::wordSide::Answers;
+    const std::vector<std::wstring> whichOne{L"Work", L"Home", L"bob@example.org"};
     const auto ignored = accounts::wordSide::DialogMode::AnswerIgnored;
     const struct {
         Entries list;
@@ -105,25 +106,10 @@ TEST(AccountStepInWord, RunsTheMacros) {
         automation::Value result;
         Outcome outcome;
     } cases[] = {
-        {bobAtHome,
-         L"vtSelPostroute",
-         {L"Work", L"Home", L"bob@example.org"},
-         {L"CHANGE", L"Home"},
-         nothing,
-         {false, L"Home"}},
-        {bobAtHome,
-         L"vtSelPostroute",
-         {L"Work", L"Home", L"bob@example.org"},
-         {L"CANCEL"},
-         nothing,
-         {true, L"Work"}},
-        {bobAtHome,
-         L"vtSelPostroute",
-         {L"Work", L"Home", L"bob@example.org"},
-         {L"CANCEL", L"", ignored},
-         nothing,
-         {false, L"Work"}},
-        {bobAtHome, L"vtSelPostroute", {L"Work", L"Home", L"bob@example.org"}, {}, held, {true, L"Work"}},
+        {bobAtHome, L"vtSelPostroute", whichOne, {L"CHANGE", L"Home"}, nothing, {false, L"Home"}},
+        {bobAtHome, L"vtSelPostroute", whichOne, {L"CANCEL"}, nothing, {true, L"Work"}},
+        {bobAtHome, L"vtSelPostroute", whichOne, {L"CANCEL", L"", ignored}, nothing, {false, L"Work"}},
+        {bobAtHome, L"vtSelPostroute", whichOne, {}, held, {true, L"Work"}},
         {ann, L"vtAddEmail", {L"bob@example.org", L"Work"}, {}, nothing, {false, L"Work"}},
         {bobGone,
          L"vtPrefAcctExistsFalse",

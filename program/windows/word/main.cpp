@@ -3,23 +3,12 @@
 #include <windows.h>
 
 #include <objbase.h>
-#include <shellapi.h>
-
-#include <string>
-#include <vector>
 
 #include "host/windows/WordProcess.h"
+#include "program/windows/commandLineWords.h"
 #include "robot/importTable.h"
 
 namespace {
-
-std::vector<std::wstring> commandLineWords() {
-    int count = 0;
-    LPWSTR* words = CommandLineToArgvW(GetCommandLineW(), &count);
-    const std::vector<std::wstring> result(words + 1, words + count);
-    LocalFree(words);
-    return result;
-}
 
 /// Only where the add-in's DLL is what a macro has made an object of.
 void stopClock(automation::Date now) {
@@ -34,7 +23,7 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int) {
     CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
     int status = 1;
     try {
-        status = host::windows::playWord(commandLineWords(), &stopClock);
+        status = host::windows::playWord(program::windows::commandLineWords(), &stopClock);
     } catch (const std::exception&) {
         // Whoever has started this finds nobody to talk to.
     }
