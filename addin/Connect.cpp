@@ -49,6 +49,7 @@ void Connect::OnConnection(const automation::Object& application, int /*connectM
     StartingUp startingUp(globals_.startingUp);
     libraryLookedFor_ = false;
     toldOfLibrary_ = false;
+    const std::size_t promptsBefore = globals_.promptsShown;
 
     readProductTexts(globals_);
     basPreInitializeSetup::InitializeSetup(globals_);
@@ -59,12 +60,16 @@ void Connect::OnConnection(const automation::Object& application, int /*connectM
     }
     lookForLibrary();
     tellOfMissingLibrary();
+    wrapOpenInspectors();
     if (wrapOpenExplorers()) {
         openAccountList();
         settingsWizard::welcome(globals_);
     }
     refreshEmailList();
     updateCheck_ = update::basAutoUpdate::StartDailyCheck(globals_);
+    if (globals_.promptsShown != promptsBefore) {
+        wrapOpenExplorers();  // Those that the user has opened behind a box.
+    }
 }
 
 void Connect::lookForLibrary() {
@@ -131,9 +136,28 @@ void Connect::initialiseOutAddIn() {
 bool Connect::wrapOpenExplorers() {
     const std::int32_t count = attempt([&] { return colExpl_.count(); }).value_or(0);
     for (std::int32_t index = 1; index <= count; ++index) {
-        skipErrors([&] { wrappers_.AddExpl(colExpl_.item(index)); });
+        skipErrors([&] {
+            const outlook::Explorer explorer = colExpl_.item(index);
+            if (!wrappers_.watches(explorer)) {
+                wrappers_.AddExpl(explorer, WindowWrappers::Window::Open);
+            }
+        });
     }
     return count >= 1;
+}
+
+/// One that opens inside of these calls is told of as any other.
+void Connect::wrapOpenInspectors() {
+    const std::int32_t count = attempt([&] { return colInsp_.count(); }).value_or(0);
+    for (std::int32_t index = 1; index <= count; ++index) {
+        skipErrors([&] {
+            const outlook::Inspector inspector = colInsp_.item(index);
+            if (!wrappers_.watches(inspector)) {
+                setInspector(inspector);
+                wrapInspector(inspector);
+            }
+        });
+    }
 }
 
 void Connect::openAccountList() {

@@ -50,6 +50,9 @@ class Connect {
     void initialiseOutAddIn();
     /// False when none is open.
     bool wrapOpenExplorers();
+    void wrapOpenInspectors();
+    /// Where its item is of a class that is watched.
+    void wrapInspector(const outlook::Inspector& inspector);
     void openAccountList();
     void refreshEmailList();
 

@@ -87,12 +87,16 @@ void Connect::colExpl_NewExplorer(const outlook::Explorer& explorer) {
 void Connect::colInsp_NewInspector(const outlook::Inspector& inspector) {
     skipErrors([&] { setInspector(inspector); });
     ensureOutAddIn();
+    wrapInspector(inspector);
+    lookForLibrary();
+}
+
+void Connect::wrapInspector(const outlook::Inspector& inspector) {
     const outlook::Item item = inspector.currentItem();
     const std::int32_t itemClass = item.itemClass();
     if (isWrapped(itemClass)) {
         wrappers_.AddInsp(inspector, item, itemClass);
     }
-    lookForLibrary();
 }
 
 void Connect::ensureOutAddIn() {

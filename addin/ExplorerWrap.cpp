@@ -2,9 +2,12 @@
 
 #include "accounts/basSendAcct.h"
 #include "accounts/frmEmailAddress.h"
+#include "addin/eventArguments.h"
 #include "addin/missingLibrary.h"
 #include "addin/replyEvents.h"
+#include "addin/sendEvent.h"
 #include "addin/settingsWizard.h"
+#include "mail/OutgoingMail.h"
 #include "mail/OutlookVersion.h"
 #include "mail/errorTrap.h"
 #include "platform/files.h"
@@ -23,11 +26,13 @@ namespace events = outlook::events;
 
 void ExplorerWrap::setExplorer(const outlook::Explorer& explorer) {
     explorer_ = explorer;
+    const auto version = mail::attempt([&] { return mail::outlookVersion(globals_); });
+    hasInlineResponses_ = version && *version >= mail::outlook2013;
     explorerEvents_ = automation::subscribe(
-        explorer.object(), events::explorer,
-        [self = weak_from_this()](std::int32_t event, std::span<automation::Value>) {
+        explorer.object(), hasInlineResponses_ ? events::laterExplorer : events::explorer,
+        [self = weak_from_this()](std::int32_t event, std::span<automation::Value> arguments) {
             if (const auto wrapper = self.lock()) {  // Held while it handles the closing of its window.
-                wrapper->onExplorerEvent(event);
+                wrapper->onExplorerEvent(event, arguments);
             }
         });
 }
@@ -142,13 +147,78 @@ void ExplorerWrap::gcmdTWl_Veltro_List_Click() {
     });
 }
 
-void ExplorerWrap::onExplorerEvent(std::int32_t event) {
-    if (event == events::explorerActivate) {
-        InitButton();
-    } else if (event == events::explorerSelectionChange) {
-        m_objExpl_SelectionChange();
-    } else if (event == events::explorerClose) {
-        m_objExpl_Close();
+void ExplorerWrap::onExplorerEvent(std::int32_t event, std::span<automation::Value> arguments) {
+    switch (event) {
+        case events::explorerActivate:
+            InitButton();
+            break;
+        case events::explorerSelectionChange:
+            m_objExpl_SelectionChange();
+            break;
+        case events::explorerInlineResponse:
+            mail::skipErrors(
+                [&] { watchInline(outlook::Item(eventArguments::at(arguments, 0).toObject())); });
+            break;
+        case events::explorerInlineResponseClose:
+            mail::skipErrors([&] { watchInline({}); });
+            break;
+        case events::explorerClose:
+            m_objExpl_Close();
+            break;
+        default:
+            break;
+    }
+}
+
+/// Popped out, the response gets a window of its own, and that a wrapper.
+void ExplorerWrap::watchInline(const outlook::Item& response) {
+    inlineEvents_.end();
+    inlineItem_ = response;
+    inlineMail_.reset();
+    if (response) {
+        inlineEvents_ = automation::subscribe(
+            response.object(), events::item,
+            [self = weak_from_this()](std::int32_t event, std::span<automation::Value> arguments) {
+                if (const auto wrapper = self.lock()) {  // Held: the window may close while a check asks.
+                    wrapper->onInlineEvent(event, arguments);
+                }
+            });
+    }
+}
+
+void ExplorerWrap::onInlineEvent(std::int32_t event, std::span<automation::Value> arguments) {
+    if (event != events::itemSend) {
+        return;
+    }
+    mail::skipErrors([&] {
+        eventArguments::Cancel cancel(eventArguments::at(arguments, 0));
+        const auto mail = inlineMail_ = std::make_shared<mail::OutgoingMail>(globals_, inlineItem_, true);
+        sendEvent::handle(globals_, mail, cancel.flag());
+        if (cancel.flag()) {
+            inlineMail_.reset();
+        }
+    });
+}
+
+/// Outlook may hand out the response as another object than before. One that was never saved has no id; then
+/// it is the one whose Send has just been seen.
+bool ExplorerWrap::writesInline(const outlook::Item& item) const {
+    if (!inlineItem_) {
+        return false;
+    }
+    const auto same = [&] {
+        const std::wstring id = item.entryId();
+        return inlineItem_.object() == item.object() ||
+               (id.empty() ? inlineMail_ != nullptr : id == inlineItem_.entryId());
+    };
+    return mail::attempt(same).value_or(false);
+}
+
+void ExplorerWrap::watchSelection() {
+    const std::size_t change = ++changes_;
+    mail::skipErrors([&] { watch(showsOutbox() ? outlook::Item() : selectedMail(), change); });
+    if (hasInlineResponses_) {
+        mail::skipErrors([&] { watchInline(explorer_.activeInlineResponse()); });
     }
 }
 
@@ -232,6 +302,7 @@ void ExplorerWrap::m_objExpl_Close() {
 void ExplorerWrap::release() {
     explorerEvents_.end();
     watch({}, ++changes_);
+    watchInline({});
     buttonEvents_.clear();
     buttons_ = {};
     explorer_ = {};

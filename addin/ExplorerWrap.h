@@ -39,11 +39,17 @@ class ExplorerWrap : public std::enable_shared_from_this<ExplorerWrap> {
     /// built is guarded all the same; that of a new window can be built from its first Activate on.
     void InitButton();
 
+    /// Watches the mail that is selected now, as after a change of the selection. Where that cannot be read,
+    /// none.
+    void watchSelection();
     /// The mail whose events are watched, or nothing.
     const outlook::Item& watchedItem() const { return mailItem_; }
     /// Compared by id, as one item comes in different objects and many share a subject. Throws
     /// automation::Error.
     bool watches(const outlook::Item& item) const;
+
+    /// True while the user writes this response in the window's reading pane.
+    bool writesInline(const outlook::Item& item) const;
 
     // The commands of the tutorial and the manual, each under its two names.
     void gcmdTWL_Veltro_Tutorial_Click() { gmnuTutorial_Click(); }
@@ -55,7 +61,9 @@ class ExplorerWrap : public std::enable_shared_from_this<ExplorerWrap> {
     void SetCorrectItemSelection() const;
 
   private:
-    void onExplorerEvent(std::int32_t event);
+    void onExplorerEvent(std::int32_t event, std::span<automation::Value> arguments);
+    void watchInline(const outlook::Item& response);
+    void onInlineEvent(std::int32_t event, std::span<automation::Value> arguments);
     void m_objExpl_SelectionChange();
     void watch(const outlook::Item& item, std::size_t change);
     void onItemEvent(std::int32_t event, std::span<automation::Value> arguments);
@@ -79,8 +87,13 @@ class ExplorerWrap : public std::enable_shared_from_this<ExplorerWrap> {
     outlook::Item mailItem_;
     /// Counts the changes of the selection.
     std::size_t changes_ = 0;
+    bool hasInlineResponses_ = false;
     automation::Subscription explorerEvents_;
     automation::Subscription itemEvents_;
+    /// The response in the reading pane, and its send from its Send event on.
+    outlook::Item inlineItem_;
+    std::shared_ptr<mail::OutgoingMail> inlineMail_;
+    automation::Subscription inlineEvents_;
     bool buildingMenu_ = false;
     menu::Buttons buttons_;
     std::vector<automation::Subscription> buttonEvents_;

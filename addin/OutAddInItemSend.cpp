@@ -58,7 +58,7 @@ std::shared_ptr<mail::OutgoingMail> OutAddIn::outgoingMail(const outlook::Item& 
     return mail;
 }
 
-/// The window that the item is written in, where that may be Word's. A window from before the connection has
+/// The window that the item is written in, where that may be Word's. A window that could not be wrapped has
 /// no wrapper.
 outlook::Inspector OutAddIn::windowOf(const outlook::Item& item) const {
     const auto find = [&] {
@@ -75,7 +75,7 @@ outlook::Inspector OutAddIn::windowOf(const outlook::Item& item) const {
 }
 
 void OutAddIn::objOutlook_ItemSend(const outlook::Item& item, bool& cancel) {
-    if (!hasWindow(globals_)) {
+    if (!wrappers_.writesInline(item) && !hasWindow(globals_)) {
         return;
     }
     const auto list = accounts::basSendAcct::OpenList(globals_);

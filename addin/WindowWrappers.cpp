@@ -10,7 +10,7 @@
 
 namespace addin {
 
-void WindowWrappers::AddExpl(const outlook::Explorer& explorer) {
+void WindowWrappers::AddExpl(const outlook::Explorer& explorer, Window window) {
     auto wrapper = std::make_shared<ExplorerWrap>(
         globals_, ExplorerWrap::Keeper{.closed = [this](auto closed) { KillExpl(closed->Key(), closed); },
                                        .othersAct =
@@ -20,6 +20,9 @@ void WindowWrappers::AddExpl(const outlook::Explorer& explorer) {
     wrapper->setExplorer(explorer);
     explorers_.add(wrapper);
     wrapper->InitButton();
+    if (window == Window::Open) {
+        wrapper->watchSelection();
+    }
 }
 
 void WindowWrappers::RemoveExplMenu() const {
@@ -33,7 +36,7 @@ void WindowWrappers::KillExpl(std::int32_t key, std::shared_ptr<ExplorerWrap>& w
 }
 
 /// True when the mail is open in the active item window and that window has a wrapper, which then handles the
-/// event. Windows from before the connection have none.
+/// event. A window that could not be wrapped has none.
 bool WindowWrappers::inspectorActs(const ExplorerWrap& asking) const {
     const auto acts = [&] {
         const outlook::Inspector active = globals_.outlook.activeInspector();
@@ -125,6 +128,20 @@ bool WindowWrappers::watches(const outlook::Inspector& inspector) const {
     };
     bool found = std::ranges::any_of(aside_, [&](const auto& wrapper) { return mine(*wrapper); });
     inspectors_.forEach([&](const clsInspWrap& wrapper) { found = found || mine(wrapper); });
+    return found;
+}
+
+bool WindowWrappers::writesInline(const outlook::Item& item) const {
+    bool found = false;
+    explorers_.forEach([&](const ExplorerWrap& wrapper) { found = found || wrapper.writesInline(item); });
+    return found;
+}
+
+bool WindowWrappers::watches(const outlook::Explorer& explorer) const {
+    bool found = false;
+    explorers_.forEach([&](const ExplorerWrap& wrapper) {
+        found = found || wrapper.Explorer().object() == explorer.object();
+    });
     return found;
 }
 

@@ -21,7 +21,12 @@ class WindowWrappers {
   public:
     explicit WindowWrappers(mail::Globals& globals) : globals_(globals) {}
 
-    void AddExpl(const outlook::Explorer& explorer);
+    enum class Window {
+        /// Not on the screen yet: Outlook will tell what is selected in it.
+        New,
+        Open
+    };
+    void AddExpl(const outlook::Explorer& explorer, Window window = Window::New);
     void KillExpl(std::int32_t key, std::shared_ptr<ExplorerWrap>& wrapper);
     /// Takes the product's menu from every main window.
     void RemoveExplMenu() const;
@@ -32,9 +37,12 @@ class WindowWrappers {
 
     /// True when a wrapper, be it one that is set aside, watches this item window.
     bool watches(const outlook::Inspector& inspector) const;
+    bool watches(const outlook::Explorer& explorer) const;
 
     /// The window that shows this very item; nothing when no wrapper watches it.
     outlook::Inspector inspectorOf(const outlook::Item& item) const;
+    /// True while the item is written in a main window's reading pane.
+    bool writesInline(const outlook::Item& item) const;
     /// True once a mail was edited in a window of Word's.
     bool editedInWord() const;
 

@@ -2,10 +2,8 @@
 
 #include "addin/eventArguments.h"
 #include "addin/replyEvents.h"
-#include "checks/basVeltro.h"
+#include "addin/sendEvent.h"
 #include "mail/OutgoingMail.h"
-#include "mail/OutlookVersion.h"
-#include "mail/basGlobals.h"
 #include "mail/basWordMail.h"
 #include "mail/errorTrap.h"
 
@@ -83,34 +81,9 @@ bool clsInspWrap::isActiveInspector() const {
 void clsInspWrap::m_ObjMail_Send(bool& cancel) {
     sending_ = true;
     const auto mail = outgoing_ = std::make_shared<mail::OutgoingMail>(globals_, item_, true, inspector_);
-    globals_.outgoing = mail;
-    mail::trapErrors(globals_, mail::ErrorReport::check(L"m_ObjMail_Send"), [&] {
-        if (mail::itemUnreadable(item_)) {
-            return;
-        }
-        checkSubject(*mail, cancel);
-        if (globals_.redemptionMissing) {
-            mail::note(mail::Skipped::LibraryMissing);
-        } else if (!cancel) {
-            checks::vtAttachMissingCheck(globals_, *mail, cancel);
-        }
-    });
-    if (cancel) {
-        mail->release();
-    }
-}
-
-void clsInspWrap::checkSubject(mail::OutgoingMail& mail, bool& cancel) {
-    // Of this window, not the active one: to a program that sends, none may be active.
-    const auto inWord = mail::attempt([&] { return mail.editsInWord(); });
-    if (!inWord.value_or(false)) {
-        checks::vtEmptySubjectCheck(globals_, mail, cancel);
-        return;
-    }
-    inWord_ = true;  // The macros start Word where it does not run yet.
-    if (mail::outlookVersion(globals_) != mail::outlook2000) {
-        basWordMail::runCheck(globals_, inspector_, L"vtEmptySubjectCheckWord", item_, cancel);
-    }
+    // The macros start Word where it does not run yet.
+    inWord_ = mail::attempt([&] { return mail->editsInWord(); }).value_or(false) || inWord_;
+    sendEvent::handle(globals_, mail, cancel);
 }
 
 bool clsInspWrap::isAbandoned() const {

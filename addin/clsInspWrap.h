@@ -60,7 +60,6 @@ class clsInspWrap : public std::enable_shared_from_this<clsInspWrap> {
     void onInspectorEvent(std::int32_t event, std::span<automation::Value> arguments);
     void onMailEvent(std::int32_t event, std::span<automation::Value> arguments);
     void m_ObjMail_Send(bool& cancel);
-    void checkSubject(mail::OutgoingMail& mail, bool& cancel);
     void onAnswered(std::int32_t event, std::span<automation::Value> arguments);
     bool isActiveInspector() const;
     void activated();

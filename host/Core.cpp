@@ -132,9 +132,18 @@ Address Core::currentUser() const {
 
 void Core::raise(const EventSource& source, std::wstring_view name, std::int32_t event,
                  std::vector<automation::Value> arguments) {
-    source.raise(event, arguments, [&](std::int32_t number, const std::wstring& description) {
-        errors_.push_back({std::wstring(name), number, description});
-    });
+    source.raise(event, arguments, keepingErrors(name));
+}
+
+void Core::raiseNewer(const EventSource& source, std::wstring_view name, std::int32_t event,
+                      std::vector<automation::Value> arguments) {
+    source.raiseNewer(event, arguments, keepingErrors(name));
+}
+
+EscapedError Core::keepingErrors(std::wstring_view name) {
+    return [this, name = std::wstring(name)](std::int32_t number, const std::wstring& description) {
+        errors_.push_back({name, number, description});
+    };
 }
 
 bool Core::raiseCancellable(const EventSource& source, std::wstring_view name, std::int32_t event,

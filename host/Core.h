@@ -64,6 +64,9 @@ class Core : public std::enable_shared_from_this<Core> {
     /// Raises an event that cannot be cancelled. Errors of handlers go to errors().
     void raise(const EventSource& source, std::wstring_view name, std::int32_t event,
                std::vector<automation::Value> arguments = {});
+    /// The same of an event that only the newer event interfaces have.
+    void raiseNewer(const EventSource& source, std::wstring_view name, std::int32_t event,
+                    std::vector<automation::Value> arguments = {});
     /// Raises an event whose last argument is a cancel flag; true when a handler has set it.
     bool raiseCancellable(const EventSource& source, std::wstring_view name, std::int32_t event,
                           std::vector<automation::Value> arguments = {});
@@ -81,6 +84,8 @@ class Core : public std::enable_shared_from_this<Core> {
   private:
     Core(Profile profile, std::function<automation::Date()> now);
     void start();
+    /// Puts what a handler lets escape into errors().
+    EscapedError keepingErrors(std::wstring_view name);
 
     Profile profile_;
     int majorVersion_ = 0;

@@ -25,14 +25,21 @@ class EventSource {
     /// Throws automation::Error 459 for an interface that the object has not.
     automation::Subscription add(automation::EventInterface events, automation::EventSink sink);
     void raise(std::int32_t event, std::span<automation::Value> arguments, const EscapedError& escaped) const;
+    /// An event that only the newer interfaces have, all but the first.
+    void raiseNewer(std::int32_t event, std::span<automation::Value> arguments,
+                    const EscapedError& escaped) const;
     void removeAll() noexcept { entries_->clear(); }
 
   private:
     struct Entry {
         automation::EventSink sink;
+        bool newer = false;
         bool ended = false;
     };
     using Entries = std::vector<std::shared_ptr<Entry>>;
+
+    void raiseTo(bool newerOnly, std::int32_t event, std::span<automation::Value> arguments,
+                 const EscapedError& escaped) const;
 
     std::vector<std::uint32_t> interfaces_;
     /// Subscription tokens may outlive the source; they hold this weakly.

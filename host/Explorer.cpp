@@ -38,6 +38,7 @@ bool Explorer::showFolder(const std::shared_ptr<Folder>& folder) {
     if (core().raiseCancellable(events_, L"BeforeFolderSwitch", 0xF003, {folder->object()})) {
         return false;
     }
+    leaveInline();
     folder_ = folder;
     selection_.clear();
     core().raise(events_, L"FolderSwitch", 0xF002);
@@ -45,7 +46,28 @@ bool Explorer::showFolder(const std::shared_ptr<Folder>& folder) {
     return true;
 }
 
+void Explorer::showInline(std::shared_ptr<Item> response) {
+    inline_ = std::move(response);
+    inline_->writtenInline(true);
+    core().raiseNewer(events_, L"InlineResponse", 0xFC92, {core().makeObject<ItemAlias>(inline_)});
+}
+
+void Explorer::closeInline() {
+    if (const auto response = std::exchange(inline_, nullptr)) {
+        response->writtenInline(false);
+        core().raiseNewer(events_, L"InlineResponseClose", 0xFC96);
+    }
+}
+
+void Explorer::leaveInline() {
+    if (inline_) {
+        inline_->save();
+        closeInline();
+    }
+}
+
 void Explorer::select(const std::vector<std::shared_ptr<Item>>& items) {
+    leaveInline();
     selection_.clear();
     core().raise(events_, L"SelectionChange", 0xF007);
     selection_.assign(items.begin(), items.end());
@@ -100,6 +122,14 @@ constinit const Members<Explorer> Explorer::members = {
      .get = [](Explorer& explorer,
                Arguments) { return Value(explorer.folder_->name() + L" - Microsoft Outlook"); }},
     {.name = L"Activate", .id = 8467, .call = use<activate>},
+    {.name = L"ActiveInlineResponse",
+     .id = 64659,
+     .get =
+         [](Explorer& explorer, Arguments) {
+             return explorer.inline_ ? Value(explorer.core().makeObject<ItemAlias>(explorer.inline_))
+                                     : Value(automation::Object());
+         },
+     .has = [](const Explorer& explorer) { return explorer.core().majorVersion() >= 15; }},
     {.name = L"Selection",
      .id = 8706,
      .get = [](Explorer& explorer,

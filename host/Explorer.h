@@ -32,13 +32,23 @@ class Explorer : public Automated<Explorer> {
     bool showFolder(const std::shared_ptr<Folder>& folder);
     /// Raises SelectionChange twice: for what was left and for what is selected.
     void select(const std::vector<std::shared_ptr<Item>>& items);
+    /// The response that is written in the reading pane; nothing when there is none.
+    const std::shared_ptr<Item>& inlineResponse() const noexcept { return inline_; }
+    /// Raises InlineResponse.
+    void showInline(std::shared_ptr<Item> response);
+    /// The response is written there no longer, whatever becomes of it. Raises InlineResponseClose.
+    void closeInline();
     void closed() { closed_ = true; }
     /// The window comes to the screen.
     void shown() { shown_ = true; }
 
   private:
+    /// What the user has written so far goes to the Drafts.
+    void leaveInline();
+
     std::shared_ptr<Folder> folder_;
     std::vector<std::weak_ptr<Item>> selection_;
+    std::shared_ptr<Item> inline_;
     std::shared_ptr<CommandBars> bars_;
     bool closed_ = false;
     /// Until it was on the screen an explorer has no command bars that a caller could get.

@@ -82,6 +82,10 @@ class Item : public Automated<Item> {
     void lost();
     /// Where the first save puts a new item, instead of the Drafts.
     void saveInto(const std::shared_ptr<Folder>& folder) { firstFolder_ = folder; }
+    /// It is written in a main window's reading pane, where it cannot be closed, sent or answered by its own
+    /// methods.
+    void writtenInline(bool isInline) { inline_ = isInline; }
+    bool isInline() const noexcept { return inline_; }
     /// Called by the folder that takes the item.
     void placed(const std::shared_ptr<Folder>& folder);
 
@@ -97,6 +101,7 @@ class Item : public Automated<Item> {
     Parts written_;
     std::wstring entryId_;
     bool gone_ = false;
+    bool inline_ = false;
     /// A body that another Outlook has stored while this one's changes were not saved.
     std::optional<std::wstring> storedElsewhere_;
     std::weak_ptr<Folder> folder_;

@@ -132,6 +132,15 @@ void setAccount(Item& item, Arguments, const Value& value) {
     item.changed(Part::Account, L"SendUsingAccount");
 }
 
+/// What an item cannot do while it is an inline response.
+template <auto Call>
+Value inWindow(Item& item, Arguments arguments) {
+    if (item.isInline()) {
+        raise::operationFailed();
+    }
+    return use<Call>(item, arguments);
+}
+
 }  // namespace
 
 constinit const Members<Item> Item::members = {
@@ -221,15 +230,15 @@ constinit const Members<Item> Item::members = {
      .id = 66,
      .get = [](Item& item, Arguments) { return Value(item.content_.field(0x0042001E).toText()); },
      .has = onlyMail},
-    {.name = L"Reply", .id = 63504, .call = respond<ReplyKind::Reply>, .has = isMessage},
-    {.name = L"ReplyAll", .id = 63505, .call = respond<ReplyKind::ReplyAll>, .has = onlyMail},
-    {.name = L"Forward", .id = 63507, .call = respond<ReplyKind::Forward>, .has = isMessage},
-    {.name = L"Send", .id = 61557, .call = sendItem, .has = hasRecipients},
+    {.name = L"Reply", .id = 63504, .call = inWindow<respond<ReplyKind::Reply>>, .has = isMessage},
+    {.name = L"ReplyAll", .id = 63505, .call = inWindow<respond<ReplyKind::ReplyAll>>, .has = onlyMail},
+    {.name = L"Forward", .id = 63507, .call = inWindow<respond<ReplyKind::Forward>>, .has = isMessage},
+    {.name = L"Send", .id = 61557, .call = inWindow<sendItem>, .has = hasRecipients},
     {.name = L"Save", .id = 61512, .call = use<&Item::save>},
-    {.name = L"Close", .id = 61475, .call = closeItem, .least = 1, .most = 1},
+    {.name = L"Close", .id = 61475, .call = inWindow<closeItem>, .least = 1, .most = 1},
     {.name = L"Display", .id = 61606, .call = displayItem, .most = 1},
-    {.name = L"Delete", .id = 61514, .call = use<&Item::remove>},
-    {.name = L"Move", .id = 61492, .call = moveItem, .least = 1, .most = 1},
+    {.name = L"Delete", .id = 61514, .call = inWindow<&Item::remove>},
+    {.name = L"Move", .id = 61492, .call = inWindow<moveItem>, .least = 1, .most = 1},
     {.name = L"GetInspector", .id = 61502, .get = inspectorOf},
     {.name = L"SendUsingAccount",
      .id = 64209,

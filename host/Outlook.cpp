@@ -273,13 +273,34 @@ ReplyOutcome Outlook::answerIn(const Object& window, ReplyKind kind, const Objec
     if (!shows) {
         raise::operationFailed();
     }
+    return respond(*pressed, kind, *answered,
+                   [this](const std::shared_ptr<Item>& response) { return core_->windows().show(response); });
+}
+
+ReplyOutcome Outlook::answerInline(const Object& explorer, ReplyKind kind, const Object& item) {
+    constexpr int outlook2013 = 15;
+    const auto answered = handle<Item>(*core_, item);
+    const auto pane = handle<Explorer>(*core_, explorer);
+    if (core_->majorVersion() < outlook2013 || !showsFirst(*pane, answered)) {
+        raise::operationFailed();
+    }
+    return respond(*pane, kind, *answered, [&](const std::shared_ptr<Item>& response) {
+        pane->showInline(response);
+        return nullptr;
+    });
+}
+
+/// The user presses the button in the window; `open` shows the response and gives its inspector, if it has
+/// one.
+template <class Open>
+ReplyOutcome Outlook::respond(HostObject& window, ReplyKind kind, Item& answered, const Open& open) {
     WindowList& windows = core_->windows();
-    windows.activate(pressed);
+    windows.activate(window.shared_from_this());
     const auto before = windows.inspectors();
     ReplyOutcome outcome;
-    if (const auto response = raiseAnswer(*answered, kind)) {
-        const auto inspector = windows.show(response);
-        outcome.opened = inspector != nullptr;
+    if (const auto response = raiseAnswer(answered, kind)) {
+        const std::shared_ptr<Inspector> inspector = open(response);
+        outcome.opened = inspector != nullptr || response->isInline();
         outcome.item = response->object();
         outcome.inspector = inspector ? inspector->object() : Object();
     }
@@ -289,6 +310,36 @@ ReplyOutcome Outlook::answerIn(const Object& window, ReplyKind kind, const Objec
         }
     }
     return outcome;
+}
+
+namespace {
+
+std::shared_ptr<Item> inlineOf(const Explorer& explorer) {
+    if (!explorer.inlineResponse()) {
+        raise::operationFailed();
+    }
+    return explorer.inlineResponse();
+}
+
+}  // namespace
+
+SendOutcome Outlook::sendInline(const Object& explorer) {
+    return host::send(*core_, inlineOf(*handle<Explorer>(*core_, explorer)));
+}
+
+Object Outlook::popOut(const Object& explorer) {
+    const auto pane = handle<Explorer>(*core_, explorer);
+    const auto response = inlineOf(*pane);
+    pane->closeInline();
+    const auto inspector = core_->windows().show(response);
+    return inspector ? inspector->object() : Object();
+}
+
+void Outlook::discardInline(const Object& explorer) {
+    const auto pane = handle<Explorer>(*core_, explorer);
+    const auto response = inlineOf(*pane);
+    pane->closeInline();
+    response->remove();
 }
 
 void Outlook::announceQuit() {

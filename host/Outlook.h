@@ -19,6 +19,8 @@
 namespace host {
 
 class Core;
+class HostObject;
+class Item;
 
 enum class ReplyKind { Reply, ReplyAll, Forward };
 
@@ -171,6 +173,15 @@ class Outlook {
     /// Presses the button in this window, an explorer in which the item is selected or its inspector,
     /// wherever else the item may be open.
     ReplyOutcome answerIn(const automation::Object& window, ReplyKind kind, const automation::Object& item);
+    /// The same in the reading pane of an explorer, where the response is then written; from version 15 on.
+    /// The explorer's InlineResponse tells of it.
+    ReplyOutcome answerInline(const automation::Object& explorer, ReplyKind kind,
+                              const automation::Object& item);
+    /// Presses Send above the explorer's inline response.
+    SendOutcome sendInline(const automation::Object& explorer);
+    /// Pops it out into a window of its own: InlineResponseClose, then NewInspector. Gives the inspector.
+    automation::Object popOut(const automation::Object& explorer);
+    void discardInline(const automation::Object& explorer);
     /// Closes all windows and raises Application.Quit.
     void quit();
     /// Raises Application.Quit with the windows still open.
@@ -210,6 +221,9 @@ class Outlook {
     const std::vector<HandlerError>& errors() const;
 
   private:
+    template <class Open>
+    ReplyOutcome respond(HostObject& window, ReplyKind kind, Item& answered, const Open& open);
+
     std::shared_ptr<Core> core_;
     std::unique_ptr<automation::Automation> automation_;
 };

@@ -2,6 +2,7 @@
 
 #include "host/Application.h"
 #include "host/Core.h"
+#include "host/Explorer.h"
 #include "host/Folder.h"
 #include "host/Inspector.h"
 #include "host/Item.h"
@@ -68,6 +69,10 @@ SendOutcome send(Core& core, const std::shared_ptr<Item>& item) {
     }
     if (core.raiseCancellable(*item->eventSource(), L"Write", 0xF002)) {
         return cancelled(item);
+    }
+    if (const auto explorer =
+            core.windows().topExplorer([&](const Explorer& each) { return each.inlineResponse() == item; })) {
+        explorer->closeInline();
     }
     const auto inspector = core.windows().inspectorOf(*item);
     if (inspector) {

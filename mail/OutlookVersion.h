@@ -28,6 +28,9 @@ inline constexpr OutlookVersion outlook2003{11};
 /// From here on Word, as the editor of mails, has no window of its own.
 inline constexpr OutlookVersion outlook2007{12};
 
+/// From here on responses are written in the reading pane of a main window.
+inline constexpr OutlookVersion outlook2013{15};
+
 /// The version of the Outlook that runs. Throws automation::Error.
 OutlookVersion outlookVersion(const Globals& globals);
 

@@ -42,6 +42,8 @@ namespace events {
 inline constexpr automation::EventInterface application{0x0006304E};
 inline constexpr automation::EventInterface explorers{0x00063078};
 inline constexpr automation::EventInterface explorer{0x0006304F};
+/// That of later versions, which alone tells of responses in the reading pane.
+inline constexpr automation::EventInterface laterExplorer{0x0006300F};
 inline constexpr automation::EventInterface inspectors{0x00063079};
 inline constexpr automation::EventInterface inspector{0x0006307D};
 inline constexpr automation::EventInterface item{0x0006303A};
@@ -55,6 +57,8 @@ inline constexpr std::int32_t newInspector = 0xF001;
 inline constexpr std::int32_t explorerActivate = 0xF001;
 inline constexpr std::int32_t explorerSelectionChange = 0xF007;
 inline constexpr std::int32_t explorerClose = 0xF008;
+inline constexpr std::int32_t explorerInlineResponse = 0xFC92;
+inline constexpr std::int32_t explorerInlineResponseClose = 0xFC96;
 inline constexpr std::int32_t inspectorActivate = 0xF001;
 inline constexpr std::int32_t inspectorClose = 0xF008;
 inline constexpr std::int32_t itemClose = 0xF004;
@@ -200,6 +204,8 @@ class Explorer : public Front {
     std::wstring caption() const { return object_.get(L"Caption").toText(); }
     Folder currentFolder() const { return Folder(object_.get(L"CurrentFolder").toObject()); }
     Collection<Item> selection() const { return Collection<Item>(object_.get(L"Selection").toObject()); }
+    /// The response written in the reading pane; nothing when there is none. From version 15 on.
+    Item activeInlineResponse() const { return Item(object_.get(L"ActiveInlineResponse").toObject()); }
 };
 
 class Inspector : public Front {

@@ -45,6 +45,8 @@ constexpr char usageText[] =
   --service ADDRESS|Off    the update service that the machine's registry names
   --days-later N           today is so many days later
   --bcc-me                 the received message reached the user blind (reply commands)
+  --inline                 write the response in the reading pane and press Send there (reply commands, Outlook
+                           15 and later)
   --first-run              a profile on which the add-in never ran; its start shows the settings, which need an
                            answer then, and brings an e-mail that introduces it
   --answer 'WHERE=WHAT'    an answer to a prompt, repeatable, used in order. WHERE is the start of a message
@@ -180,6 +182,7 @@ std::map<std::wstring, Option> makeOptions() {
         {L"--days-later", {true, setDaysLater}},
         {L"--answer", {true, addAnswer}},
         {L"--bcc-me", {false, [](CommandLine& line, const std::wstring&) { line.bccMe = true; }}},
+        {L"--inline", {false, [](CommandLine& line, const std::wstring&) { line.inlineResponse = true; }}},
         {L"--first-run", {false, [](CommandLine& line, const std::wstring&) { line.firstRun = true; }}},
         {L"--trace", {false, [](CommandLine& line, const std::wstring&) { line.trace = true; }}},
         {L"--json", {false, [](CommandLine& line, const std::wstring&) { line.json = true; }}},
@@ -240,6 +243,13 @@ void checkTogether(const CommandLine& line) {
                            line.command == Command::Forward;
     if (line.bccMe && !answering) {
         throw UsageError("--bcc-me goes with reply, reply-all and forward only");
+    }
+    if (line.inlineResponse && !answering) {
+        throw UsageError("--inline goes with reply, reply-all and forward only");
+    }
+    if (line.inlineResponse && std::wcstol(line.outlookVersion.c_str(), nullptr, 10) < 15) {
+        throw UsageError(
+            "--inline needs an Outlook of version 15 or later, such as --outlook 15.0.4420.1017");
     }
     if (line.firstRun && !line.preferredAccounts.empty()) {
         throw UsageError("--list goes not with --first-run: such a profile has no list");

@@ -58,6 +58,8 @@ struct CommandLine {
     /// How far the clock of Outlook and the add-in is ahead.
     int daysLater = 0;
     bool bccMe = false;
+    /// The response is written in the reading pane, and sent from there.
+    bool inlineResponse = false;
     bool firstRun = false;
     bool json = false;
     /// Tell at the end what the add-in left undone.

@@ -181,8 +181,10 @@ bool Session::answer(host::ReplyKind kind, host::Message message) {
     }
     try {
         const automation::Object item = outlook_.receive(message);
-        outlook_.select(outlook_.explorers().front(), {item});
-        const host::ReplyOutcome outcome = outlook_.answer(kind, item);
+        const automation::Object window = outlook_.explorers().front();
+        outlook_.select(window, {item});
+        const host::ReplyOutcome outcome =
+            line_.inlineResponse ? outlook_.answerInline(window, kind, item) : outlook_.answer(kind, item);
         reportErrors();
         if (promptUnanswered_()) {
             return false;
@@ -190,7 +192,7 @@ bool Session::answer(host::ReplyKind kind, host::Message message) {
         if (const automation::Object response = opened(outcome)) {
             const host::ItemView view = outlook_.view(response);
             report_.reply(view.answers.value_or(kind), view);
-            return true;
+            return !line_.inlineResponse || !outcome.opened || sendInline(window);
         }
     } catch (const automation::Error& error) {
         report_.error(error.description());
@@ -198,6 +200,12 @@ bool Session::answer(host::ReplyKind kind, host::Message message) {
     reportErrors();
     report_.replyCancelled();
     return false;
+}
+
+bool Session::sendInline(const automation::Object& window) {
+    const host::SendOutcome outcome = outlook_.sendInline(window);
+    reportErrors();
+    return tell(outcome);
 }
 
 /// The response, or what a handler opened in its place.

@@ -38,6 +38,7 @@ class Session {
     /// False when something was cancelled.
     bool send(const host::Message& message);
     bool tell(const host::SendOutcome& outcome);
+    bool sendInline(const automation::Object& window);
     bool answer(host::ReplyKind kind, host::Message message);
     /// What does without messages; nothing for the commands that take them.
     std::optional<ExitStatus> runMenu();

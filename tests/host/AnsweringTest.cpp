@@ -155,4 +155,34 @@ TEST(HostAnsweringTest, OnlyAnItemThatAWindowShowsHasButtons) {
     EXPECT_TRUE(desk.outlook.reply(other).opened);
 }
 
+/// Only the later event interface tells of it.
+TEST(HostAnsweringTest, ToTheReadingPaneHasNoWindowUntilItIsPoppedOut) {
+    host::Outlook outlook({.version = L"15.0.4420.1017"});
+    const Object explorer = outlook.explorers().front();
+    const Object item = outlook.receive(received());
+    outlook.select(explorer, {item});
+    EventLog log;
+    log.watch(explorer, outlook::events::explorer, L"old");
+    log.watch(explorer, outlook::events::laterExplorer, L"later");
+    log.watch(outlook.application().get(L"Inspectors").toObject(), outlook::events::inspectors,
+              L"inspectors");
+    const Object response = outlook.answerInline(explorer, ReplyKind::Reply, item).item;
+    EXPECT_EQ(log.lines(), Lines{L"later 64658"});
+    EXPECT_TRUE(outlook.inspectors().empty());
+    EXPECT_TRUE(explorer.get(L"ActiveInlineResponse").toObject());
+    for (const wchar_t* method : {L"Send", L"Reply", L"ReplyAll", L"Forward", L"Delete"}) {
+        EXPECT_NE(errorOf([&] { response.call(method); }), 0);
+    }
+    EXPECT_NE(errorOf([&] { response.call(L"Close", 0); }), 0);
+
+    log.clear();
+    EXPECT_TRUE(outlook.popOut(explorer));
+    ASSERT_GE(log.lines().size(), 2U);
+    EXPECT_EQ(log.lines()[0], L"later 64662");
+    EXPECT_EQ(log.lines()[1], L"inspectors New");
+    EXPECT_FALSE(explorer.get(L"ActiveInlineResponse").toObject());
+    EXPECT_NE(errorOf([&] { outlook.sendInline(explorer); }), 0);
+    log.endAll();
+}
+
 }  // namespace

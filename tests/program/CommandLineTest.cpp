@@ -54,6 +54,8 @@ TEST(CommandLine, SaysInOneLineWhatIsWrong) {
         {{L"send", L"a.eml", L"--editor", L"vi"}, "--editor"},
         {{L"send", L"a.eml", L"--answer", L"Yes"}, "WHERE=WHAT"},
         {{L"send", L"a.eml", L"--bcc-me"}, "--bcc-me"},
+        {{L"send", L"a.eml", L"--outlook", L"15.0", L"--inline"}, "--inline"},
+        {{L"reply", L"a.eml", L"--inline"}, "version 15"},
         {{L"send", L"a.eml", L"--json=yes"}, "--json"},
         {{L"send", L"a.eml", L"--list", L"Work"}, "--list"},
         {{L"send", L"a.eml", L"--outlook", L"99999999999"}, "99999999999"},

@@ -30,6 +30,18 @@ TEST(Connection, GuardsWindowsThatOpenAfterIt) {
     }
 }
 
+TEST(Connection, GuardsWindowsThatWereOpenBefore) {
+    Bench bench({.answers = {L"Attachment(s) missing=No", L"BCCed e-mail=No"}, .connected = false});
+    const auto window = bench.outlook().openNewMail(plainMail(L"Budget", promise));
+    const auto item = bench.outlook().receive(plainMail());
+    bench.outlook().select(bench.outlook().explorers().front(), {item});
+    bench.connect();
+    EXPECT_EQ(bench.outlook().send(window).state, SendState::Cancelled);
+    bench.outlook().replyAll(item);
+    EXPECT_EQ(bench.prompts().size(), 2U);
+    bench.outlook().closeInspector(window);
+}
+
 TEST(Connection, EndsWithDisconnection) {
     Bench bench;
     bench.disconnect();

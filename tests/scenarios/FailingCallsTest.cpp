@@ -204,15 +204,31 @@ TEST(FailingCalls, NeverCancelAReplyNorKeepADroppedRecipientSilently) {
                                 failed(L"basVeltro.pruneReply"), failed(L"basVeltro.vtRemoveSpamMarks")}));
 }
 
+/// Which call of a start asks for Outlook's version.
+std::size_t callForVersion() {
+    Bench bench({.profile = profileWith(listText(Entries{}), corvaneFolder), .connected = false});
+    bench.outlook().meter()->record(true);
+    bench.connect();
+    const auto log = bench.outlook().meter()->log();
+    const auto found = std::ranges::find(log, L"Application.Version");
+    return static_cast<std::size_t>(found - log.begin()) + 1;
+}
+
 TEST(FailingCalls, NeverLoseAPlainReplyNorLeaveASecond) {
+    const std::size_t versionCall = callForVersion();
     std::size_t calls = 1;
     Reports reports;
     for (std::size_t n = 0; n <= calls; ++n) {
-        // Where there is a list the reply is the first to ask for Outlook's version.
+        // Where there is a list, and the start could not read Outlook's version, the reply is the next to
+        // ask.
         Given given{.profile = profileWith(listText(Entries{}), corvaneFolder),
-                    .answers = std::vector<std::wstring>(20, L"Veltro=OK")};
+                    .answers = std::vector<std::wstring>(20, L"Veltro=OK"),
+                    .connected = false};
         given.answers.push_back(L"frmReplyMultRecipt=lstRecipients=1,2; cmdOK");
         Bench bench(given);
+        bench.outlook().failCall(versionCall);
+        bench.connect();
+        bench.outlook().failCall(0);
         const auto [outcome, made] = press(bench, host::ReplyKind::Reply, n);
         EXPECT_FALSE(outcome.newInspectors.empty()) << "call " << n << " of " << calls;
         // The draft is the reply of the add-in's own making; one that was given up leaves nothing behind.

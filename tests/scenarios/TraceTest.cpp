@@ -24,7 +24,7 @@ TEST(Trace, ExplainsWhyNothingWasAsked) {
         bool library = true;
         std::vector<std::wstring> answers{};
     } cases[] = {
-        {"m_ObjMail_Send",
+        {"sendEvent::handle",
          "the Redemption library is missing",
          [](Bench& bench) { bench.send(plainMail(L"Budget", L"See attached")); },
          false,

@@ -206,8 +206,8 @@ TEST(MailInMainWindowsBehind, IsCheckedWhenTheMailInFrontCannotBeTold) {
     EXPECT_EQ(bench.prompts().size(), 2U);
 }
 
-/// A window that was open before the add-in came has nobody but the main window to watch its mail.
-TEST(MailInAWindowFromBefore, IsCheckedByTheMainWindow) {
+/// The window was open before the add-in came, and its mail is selected in the main window, too.
+TEST(MailInAWindowFromBefore, IsCheckedOnce) {
     Bench bench({.answers = answers(toBobToo), .connected = false});
     const Object item = receiveFromAnn(bench);
     bench.outlook().openItem(item);
