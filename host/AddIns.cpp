@@ -14,7 +14,11 @@ constinit const Members<AddIn> AddIn::members = {
     {.name = L"ProgId", .id = 3, .get = use<&AddIn::progId_>},
     {.name = L"Guid", .id = 4, .get = [](AddIn&, Arguments) { return Value(L""); }},
     {.name = L"Connect", .id = 6, .get = use<&AddIn::connected_>, .put = set<&AddIn::connected_>},
-    {.name = L"Object", .id = 7, .get = use<&AddIn::object_>, .put = set<&AddIn::object_>},
+    {.name = L"Object",
+     .id = 7,
+     .get = use<&AddIn::object_>,
+     .put = set<&AddIn::object_>,
+     .putReference = set<&AddIn::object_>},
 };
 
 AddIn& AddIns::add(const std::wstring& progId, const std::wstring& description) {

@@ -66,10 +66,14 @@ void AttachmentObject::remove() {
     noteChange(*item_, safe_);
 }
 
-Value AttachmentObject::field(Arguments arguments) const {
-    switch (mapiTag(arguments[0])) {
+Value AttachmentObject::property(std::uint32_t tag) const {
+    switch (tag) {
         case 0x3712001E:
             return data_->contentId.empty() ? Value() : Value(data_->contentId);
+        case 0x37140003:
+            return data_->flags ? Value(*data_->flags) : Value();
+        case 0x7FFE000B:
+            return data_->hidden ? Value(*data_->hidden) : Value();
         case 0x3704001E:
         case 0x3707001E:
             return data_->fileName;
@@ -82,8 +86,10 @@ constinit const Members<AttachmentObject> AttachmentObject::members = {
     {.name = L"FileName", .id = 14084, .get = use<&AttachmentObject::data_, &Attachment::fileName>},
     {.name = L"DisplayName", .id = 12289, .get = use<&AttachmentObject::data_, &Attachment::fileName>},
     {.name = L"Delete", .id = 105, .call = use<&AttachmentObject::remove>},
+    propertyAccessorRow<AttachmentObject>,
     {.name = L"Fields",
-     .get = use<&AttachmentObject::field>,
+     .get = [](AttachmentObject& attachment,
+               Arguments arguments) { return attachment.property(mapiTag(arguments[0])); },
      .least = 1,
      .most = 1,
      .has = [](const AttachmentObject& attachment) { return attachment.safe_; }},

@@ -5,6 +5,7 @@
 
 #include "host/Collection.h"
 #include "host/Item.h"
+#include "host/PropertyAccessor.h"
 
 namespace host {
 
@@ -29,7 +30,7 @@ class Attachments : public Collection<Attachments> {
 };
 
 /// One attachment. Redemption's has its MAPI properties too.
-class AttachmentObject : public Automated<AttachmentObject> {
+class AttachmentObject : public Automated<AttachmentObject>, public HasProperties {
   public:
     static constexpr std::wstring_view defaultName = L"DisplayName";
     static const Members<AttachmentObject> members;
@@ -37,11 +38,12 @@ class AttachmentObject : public Automated<AttachmentObject> {
     AttachmentObject(Core& core, std::shared_ptr<Item> item, std::shared_ptr<Attachment> data, bool safe);
 
     std::wstring className() const override { return safe_ ? L"SafeAttachment" : L"Attachment"; }
+    bool ofRedemption() const override { return safe_; }
     void checkUsable() const override;
+    automation::Value property(std::uint32_t tag) const override;
 
   private:
     void remove();
-    automation::Value field(Arguments arguments) const;
 
     std::shared_ptr<Item> item_;
     std::shared_ptr<Attachment> data_;

@@ -9,6 +9,7 @@
 #include <type_traits>
 #include <utility>
 
+#include "host/Guard.h"
 #include "host/HostObject.h"
 #include "host/hostErrors.h"
 #include "platform/text.h"
@@ -16,19 +17,23 @@
 namespace host {
 
 /// One member of an object of class T. A property has `get`, `put` or both, a method has `call`; a method
-/// with no result answers an empty value.
+/// with no result answers an empty value. Where a put by reference is no error, `putReference` says what it
+/// does.
 template <class T>
 struct Member {
     const wchar_t* name;  // GCC 12 takes no constinit list of rows that hold a view.
     std::int32_t id = dispatchId::unlisted;
     automation::Value (*get)(T& object, Arguments arguments) = nullptr;
     void (*put)(T& object, Arguments index, const automation::Value& value) = nullptr;
+    void (*putReference)(T& object, Arguments index, const automation::Value& value) = nullptr;
     automation::Value (*call)(T& object, Arguments arguments) = nullptr;
     /// How many arguments the member takes, a new value not counted.
     std::size_t least = 0;
     std::size_t most = 0;
     /// Says whether an object has the member; without it every one has.
     bool (*has)(const T& object) = nullptr;
+    /// Reading or calling it asks the user first. Writing does not.
+    Guarded guarded = Guarded::No;
 };
 
 template <class T>
@@ -132,24 +137,11 @@ class Automated : public HostObject {
             raise::memberNotFound(L"");
         }
         T& self = static_cast<T&>(*this);
-        if (access == automation::Access::Put) {
-            if (!member->put) {
-                raise::memberNotFound(member->name);
-            }
-            if (arguments.empty()) {
-                raise::wrongArgumentCount(member->name);
-            }
-            const auto index = arguments.first(arguments.size() - 1);
-            checkCount(*member, index.size());
-            // A new value is never written back, and what is kept of it must not refer to the caller's
-            // variable.
-            const automation::Value* value = &arguments.back();
-            while (value->isReference()) {
-                value = &value->variable();
-            }
-            member->put(self, Arguments(index), *value);
+        if (automation::isPut(access)) {
+            put(*member, access == automation::Access::Put ? member->put : member->putReference, arguments);
             return {};
         }
+        this->checkGuard(member->name, member->guarded);
         // Callers that cannot tell a method from a property ask for either.
         const auto read = member->get ? member->get : member->call;
         if (!read) {
@@ -191,6 +183,24 @@ class Automated : public HostObject {
             ++index;
         }
         return id == dispatchId::defaultMember ? standard : nullptr;
+    }
+
+    void put(const Member<T>& member, decltype(Member<T>::put) write,
+             std::span<const automation::Value> arguments) {
+        if (!write) {
+            raise::memberNotFound(member.name);
+        }
+        if (arguments.empty()) {
+            raise::wrongArgumentCount(member.name);
+        }
+        const auto index = arguments.first(arguments.size() - 1);
+        checkCount(member, index.size());
+        // A new value is never written back, and what is kept of it must not refer to the caller's variable.
+        const automation::Value* value = &arguments.back();
+        while (value->isReference()) {
+            value = &value->variable();
+        }
+        write(static_cast<T&>(*this), Arguments(index), *value);
     }
 
     static void checkCount(const Member<T>& member, std::size_t count) {

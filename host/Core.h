@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "host/EventSource.h"
+#include "host/Guard.h"
 #include "host/Mailbox.h"
 #include "host/Outlook.h"
 #include "host/WindowList.h"
@@ -30,6 +31,7 @@ class Core : public std::enable_shared_from_this<Core> {
     const Profile& profile() const noexcept { return profile_; }
     /// The number before the first "." of the version.
     int majorVersion() const noexcept { return majorVersion_; }
+    Guard& guard() noexcept { return guard_; }
     automation::Date now() const { return now_(); }
     const std::shared_ptr<Meter>& meter() const noexcept { return meter_; }
     /// A new id of an entry, as long as those of Outlook.
@@ -89,6 +91,7 @@ class Core : public std::enable_shared_from_this<Core> {
 
     Profile profile_;
     int majorVersion_ = 0;
+    Guard guard_{profile_, majorVersion_};
     std::function<automation::Date()> now_;
     std::shared_ptr<Meter> meter_ = std::make_shared<Meter>();
     std::uint32_t lastEntry_ = 0;

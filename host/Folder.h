@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -89,18 +90,29 @@ class Items : public Collection<Items> {
   public:
     static const Members<Items> members;
 
-    Items(Core& core, std::shared_ptr<Folder> folder);
+    Items(Core& core, std::shared_ptr<Folder> folder) : Collection(core), folder_(std::move(folder)) {}
+    /// Some of them, as Restrict finds them.
+    Items(Core& core, std::shared_ptr<Folder> folder, std::vector<std::shared_ptr<Item>> found)
+        : Collection(core), folder_(std::move(folder)), found_(std::move(found)) {}
 
     std::wstring className() const override { return L"Items"; }
     void checkUsable() const override { folder_->checkUsable(); }
     Folder& folder() const { return *folder_; }
-    const std::vector<std::shared_ptr<Item>>& list() const noexcept { return folder_->items(); }
+    const std::vector<std::shared_ptr<Item>>& list() const noexcept {
+        return found_ ? *found_ : folder_->items();
+    }
     std::shared_ptr<Item> at(std::size_t index) const;
     /// By its default value, which is the subject.
     static bool isNamed(const std::shared_ptr<Item>& item, std::wstring_view subject);
 
   private:
+    /// Those of the list that a filter names.
+    std::vector<std::shared_ptr<Item>> matching(Arguments arguments) const;
+    automation::Object findFirst(Arguments arguments) const;
+    automation::Object restrictTo(Arguments arguments) const;
+
     std::shared_ptr<Folder> folder_;
+    std::optional<std::vector<std::shared_ptr<Item>>> found_;
 };
 
 }  // namespace host

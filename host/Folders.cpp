@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <iterator>
+
 #include "host/Core.h"
 #include "host/Folder.h"
 #include "host/Item.h"
@@ -85,8 +88,6 @@ constinit const Members<Folders> Folders::members = {
     removeRow<Folders>,
 };
 
-Items::Items(Core& core, std::shared_ptr<Folder> folder) : Collection(core), folder_(std::move(folder)) {}
-
 std::shared_ptr<Item> Items::at(std::size_t index) const {
     const auto& item = list()[index];
     item->opened();
@@ -97,11 +98,66 @@ bool Items::isNamed(const std::shared_ptr<Item>& item, std::wstring_view subject
     return text::equalsIgnoringCase(item->message().subject, subject);
 }
 
+namespace {
+
+/// The subject that a filter wants: `[Subject] = 'text'`, with quotes of either kind, which are doubled
+/// inside of the text. Of what else Outlook understands nothing is simulated.
+std::wstring wantedSubject(std::wstring_view filter) {
+    constexpr std::wstring_view property = L"[Subject]";
+    filter = text::trim(filter);
+    if (!text::equalsIgnoringCase(filter.substr(0, property.size()), property)) {
+        raise::cannotParse();
+    }
+    filter = text::trim(filter.substr(property.size()));
+    if (!filter.starts_with(L'=')) {
+        raise::cannotParse();
+    }
+    filter = text::trim(filter.substr(1));
+    const wchar_t quote = filter.empty() ? L' ' : filter.front();
+    if ((quote != L'\'' && quote != L'"') || filter.size() < 2 || filter.back() != quote) {
+        raise::cannotParse();
+    }
+    filter = filter.substr(1, filter.size() - 2);
+    std::wstring subject;
+    for (std::size_t place = 0; place < filter.size(); ++place) {
+        subject += filter[place];
+        if (filter[place] == quote && (++place == filter.size() || filter[place] != quote)) {
+            raise::cannotParse();
+        }
+    }
+    return subject;
+}
+
+}  // namespace
+
+std::vector<std::shared_ptr<Item>> Items::matching(Arguments arguments) const {
+    const std::wstring subject = wantedSubject(arguments.text(0));
+    std::vector<std::shared_ptr<Item>> found;
+    std::ranges::copy_if(list(), std::back_inserter(found),
+                         [&](const auto& item) { return isNamed(item, subject); });
+    return found;
+}
+
+automation::Object Items::findFirst(Arguments arguments) const {
+    const auto found = matching(arguments);
+    if (found.empty()) {
+        return {};
+    }
+    found.front()->opened();
+    return found.front()->object();
+}
+
+automation::Object Items::restrictTo(Arguments arguments) const {
+    return core().makeObject<Items>(folder_, matching(arguments));
+}
+
 constinit const Members<Items> Items::members = {
     countRow<Items>,
     itemRow<Items>,
     {.name = L"Add", .id = 95, .call = addItem, .most = 1},
     removeRow<Items>,
+    {.name = L"Find", .id = 98, .call = use<&Items::findFirst>, .least = 1, .most = 1},
+    {.name = L"Restrict", .id = 100, .call = use<&Items::restrictTo>, .least = 1, .most = 1},
 };
 
 }  // namespace host

@@ -4,6 +4,7 @@
 #include "host/Core.h"
 #include "host/RdoSession.h"
 #include "host/SafeItem.h"
+#include "host/Untrusted.h"
 #include "host/Word.h"
 #include "platform/text.h"
 
@@ -45,9 +46,9 @@ constexpr RedemptionClass redemptionClasses[] = {
 
 Object HostAutomation::createObject(std::wstring_view progId) {
     core_.meter()->called(L"createObject", progId);
-    // Outlook runs once: making its application gives the one that runs.
+    // Outlook runs once: making its application gives the one that runs, but without its trust.
     if (text::equalsIgnoringCase(progId, L"Outlook.Application")) {
-        return core_.application().object();
+        return core_.makeObject<Untrusted>(core_.application().shared_from_this());
     }
     if (text::equalsIgnoringCase(progId, L"Word.Application") && core_.profile().wordRegistered) {
         return core_.makeObject<WordApplication>();

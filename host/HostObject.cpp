@@ -1,6 +1,7 @@
 #include "host/HostObject.h"
 
 #include "host/Core.h"
+#include "host/Guard.h"
 #include "host/hostErrors.h"
 
 namespace host {
@@ -49,6 +50,12 @@ automation::Value HostObject::dispatch(std::int32_t member, automation::Access a
                                        std::span<const automation::Value> arguments) {
     checkUsable();
     return perform(member, access, arguments);
+}
+
+void HostObject::checkGuard(std::wstring_view member, Guarded guarded) const {
+    if (guarded != Guarded::No && !ofRedemption()) {
+        core().guard().check(className(), member, guarded);
+    }
 }
 
 automation::Subscription HostObject::subscribe(automation::EventInterface events,

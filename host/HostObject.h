@@ -14,6 +14,7 @@
 namespace host {
 
 class Core;
+enum class Guarded;
 
 /// The arguments of one call. An empty value counts as left out, as an omitted one arrives so.
 class Arguments {
@@ -60,6 +61,8 @@ class HostObject : public automation::Target, public std::enable_shared_from_thi
     virtual void checkUsable() const {}
     virtual std::wstring className() const = 0;
     virtual EventSource* eventSource() { return nullptr; }
+    /// Redemption's objects are never guarded.
+    virtual bool ofRedemption() const { return false; }
     /// The object that this one stands for; itself, unless it is another one's alias.
     virtual std::shared_ptr<HostObject> behind() { return shared_from_this(); }
 
@@ -79,6 +82,8 @@ class HostObject : public automation::Target, public std::enable_shared_from_thi
 
   protected:
     explicit HostObject(Core& core);
+    /// Throws when Outlook refuses the member to the caller.
+    void checkGuard(std::wstring_view member, Guarded guarded) const;
 
     virtual Found findMember(std::wstring_view name) = 0;
     virtual std::wstring memberName(std::int32_t member) = 0;

@@ -89,7 +89,7 @@ constinit const Members<Inspector> Inspector::members = {
     {.name = L"Close", .id = 8451, .call = use<close>, .least = 1, .most = 1},
     {.name = L"Display", .id = 8452, .call = use<activate>, .most = 1},
     {.name = L"IsWordMail", .id = 8453, .call = use<&Inspector::editedInWord>},
-    {.name = L"WordEditor", .id = 8463, .get = use<&Inspector::wordEditor>},
+    {.name = L"WordEditor", .id = 8463, .get = use<&Inspector::wordEditor>, .guarded = Guarded::Yes},
     {.name = L"EditorType", .id = 8464, .get = use<&Inspector::editorType>},
     {.name = L"Caption", .id = 8465, .get = use<captionOf>},
     {.name = L"Activate", .id = 8467, .call = use<activate>},

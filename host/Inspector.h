@@ -32,9 +32,9 @@ class Inspector : public Automated<Inspector> {
     bool editedInWord() const { return editorType() == Editor::Word; }
     void closed();
 
-  private:
     automation::Value wordEditor();
 
+  private:
     std::shared_ptr<Item> item_;
     std::shared_ptr<CommandBars> bars_;
     std::shared_ptr<WordApplication> word_;

@@ -119,6 +119,22 @@ std::wstring Item::sendingAccount() const {
     return accounts.empty() ? std::wstring() : accounts.front().name;
 }
 
+void Item::setProperty(std::uint32_t tag, const Value& value) {
+    constexpr std::uint32_t body = 0x1000;
+    constexpr std::uint32_t html = 0x1013;
+    if (tag >> 16 == body || tag >> 16 == html) {
+        raise::operationFailed();  // Its object model has members for them.
+    }
+    touch(content_.setField(tag, value));
+}
+
+void Item::deleteProperty(std::uint32_t tag) {
+    if (content_.fields.erase(tag) == 0) {
+        raise::objectNotFound();
+    }
+    touch(Part::Fields);
+}
+
 void Item::touch(Part part) {
     dirty_.add(part);
     content_.saved = false;

@@ -9,6 +9,7 @@
 #include "host/Automated.h"
 #include "host/ItemContent.h"
 #include "host/Outlook.h"
+#include "host/PropertyAccessor.h"
 
 namespace host {
 
@@ -20,7 +21,7 @@ class Inspector;
 /// Outlook keeps what was changed in a window or through its object model to itself until it saves the item:
 /// content(). The MAPI library works on the message below it, which holds what was saved last and what that
 /// library has written since: message(). Outlook skips the saving of an item that it has not changed itself.
-class Item : public Automated<Item> {
+class Item : public Automated<Item>, public HasProperties {
   public:
     static constexpr std::wstring_view defaultName = L"Subject";
     static const Members<Item> members;
@@ -54,6 +55,12 @@ class Item : public Automated<Item> {
     /// The name of the account that the item leaves with.
     std::wstring sendingAccount() const;
 
+    automation::Value property(std::uint32_t tag) const override { return content_.field(tag); }
+    void setProperty(std::uint32_t tag, const automation::Value& value) override;
+    void deleteProperty(std::uint32_t tag) override;
+
+    /// Whether Outlook's side of a part has changes that nobody has saved.
+    bool unsaved(Part part) const { return dirty_.contains(part); }
     /// Notes that Outlook's side of a part was changed.
     void touch(Part part);
     /// The same, for a change that raises PropertyChange.

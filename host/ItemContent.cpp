@@ -8,6 +8,8 @@ namespace host {
 
 namespace {
 
+constexpr std::uint32_t tagOfHeaders = 0x007D001E;
+
 void addRecipients(RecipientList& list, const std::vector<Address>& addresses, int type) {
     for (const Address& address : addresses) {
         list.push_back(std::make_shared<RecipientData>(RecipientData{type, address, isResolved(address)}));
@@ -44,6 +46,9 @@ ItemContent ItemContent::of(const Message& message) {
     content.html = message.html;
     for (const Attachment& attachment : message.attachments) {
         content.attachments.push_back(std::make_shared<Attachment>(attachment));
+    }
+    if (!message.headers.empty()) {
+        content.fields[tagOfHeaders] = message.headers;
     }
     content.deliveryTime = message.deliveryTime;
     content.deferred = message.deferredDeliveryTime;

@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "host/AddressEntry.h"
 #include "host/ItemContent.h"
 #include "host/hostErrors.h"
 
@@ -20,6 +21,7 @@ constexpr std::uint32_t deferredSend = 0x3FEF0040;
 constexpr std::uint32_t senderName = 0x0C1A001E;
 constexpr std::uint32_t senderType = 0x0C1E001E;
 constexpr std::uint32_t senderAddress = 0x0C1F001E;
+constexpr std::uint32_t senderEntry = 0x0C190102;
 constexpr std::uint32_t bcc = 0x0E02001E;
 constexpr std::uint32_t cc = 0x0E03001E;
 constexpr std::uint32_t to = 0x0E04001E;
@@ -84,6 +86,8 @@ Value ItemContent::field(std::uint32_t property) const {
             return part(sender, &Address::type);
         case tag::senderAddress:
             return part(sender, &Address::address);
+        case tag::senderEntry:
+            return sender ? Value(entryIdBytes(*sender)) : Value();
         case tag::onBehalfName:
             return part(principal, &Address::name);
         case tag::onBehalfType:
@@ -140,6 +144,7 @@ Part ItemContent::setField(std::uint32_t property, const Value& value) {
         case tag::cc:
         case tag::bcc:
         case tag::messageClass:
+        case tag::senderEntry:
             raise::noPermission();  // Computed by the store.
         default:
             fields[property] = storable(value);

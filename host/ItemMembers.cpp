@@ -1,8 +1,9 @@
+#include "host/AddressEntry.h"
 #include "host/Attachments.h"
 #include "host/Folder.h"
 #include "host/Inspector.h"
 #include "host/Item.h"
-#include "host/NameSpace.h"
+#include "host/OutlookAccount.h"
 #include "host/Recipients.h"
 #include "host/UserProperties.h"
 #include "host/outlookRows.h"
@@ -33,11 +34,15 @@ bool hasRecipients(const Item& item) {
 }
 
 bool hasSendUsingAccount(const Item& item) {
-    return item.isMail() && item.core().majorVersion() >= 12;
+    return item.isMail() && since<12>(item);
+}
+
+bool hasSender(const Item& item) {
+    return isMessage(item) && since<14>(item);
 }
 
 bool hasSenderAddress(const Item& item) {
-    return isMessage(item) && item.core().majorVersion() >= 11;
+    return isMessage(item) && since<11>(item);
 }
 
 template <int Type>
@@ -55,6 +60,11 @@ template <std::wstring Address::*Part>
 Value getSender(Item& item, Arguments) {
     const auto& sender = item.content().sender;
     return sender ? Value((*sender).*Part) : Value(L"");
+}
+
+Value getSenderEntry(Item& item, Arguments) {
+    const auto& sender = item.content().sender;
+    return sender ? Value(item.core().makeObject<AddressEntry>(*sender, false)) : Value(automation::Object());
 }
 
 template <RecipientList ItemContent::*List>
@@ -123,9 +133,13 @@ Value inspectorOf(Item& item, Arguments) {
 }
 
 Value getAccount(Item& item, Arguments) {
-    const std::wstring& name = item.content().account;
-    return name.empty() ? Value(automation::Object()) : Value(item.core().makeObject<OutlookAccount>(name));
+    const Account* const account = item.core().account(item.content().account);
+    return account ? Value(item.core().makeObject<OutlookAccount>(account->name))
+                   : Value(automation::Object());
 }
+
+/// Outlook takes an account by reference only, and says nothing when it gets one otherwise.
+void ignoreAccount(Item&, Arguments, const Value&) {}
 
 void setAccount(Item& item, Arguments, const Value& value) {
     item.content().account = required<OutlookAccount>(value)->name();
@@ -164,7 +178,8 @@ constinit const Members<Item> Item::members = {
              item.content_.body = value.toText();
              item.content_.html.clear();
              item.changed(Part::Body, L"Body");
-         }},
+         },
+     .guarded = Guarded::Since2003},
     {.name = L"HTMLBody",
      .id = 62468,
      .get =
@@ -178,15 +193,36 @@ constinit const Members<Item> Item::members = {
              item.content_.html = value.toText();  // The text body is not derived from it.
              item.changed(Part::Body, L"HTMLBody");
          },
-     .has = isMessage},
-    {.name = L"To", .id = 3588, .get = getNames<1>, .put = host::setNames<1>, .has = onlyMail},
-    {.name = L"CC", .id = 3587, .get = getNames<2>, .put = host::setNames<2>, .has = onlyMail},
-    {.name = L"BCC", .id = 3586, .get = getNames<3>, .put = host::setNames<3>, .has = onlyMail},
+     .has = isMessage,
+     .guarded = Guarded::Since2003},
+    {.name = L"To",
+     .id = 3588,
+     .get = getNames<1>,
+     .put = host::setNames<1>,
+     .has = onlyMail,
+     .guarded = Guarded::Yes},
+    {.name = L"CC",
+     .id = 3587,
+     .get = getNames<2>,
+     .put = host::setNames<2>,
+     .has = onlyMail,
+     .guarded = Guarded::Yes},
+    {.name = L"BCC",
+     .id = 3586,
+     .get = getNames<3>,
+     .put = host::setNames<3>,
+     .has = onlyMail,
+     .guarded = Guarded::Yes},
     {.name = L"Recipients",
      .id = 63508,
      .get = getRecipients<&ItemContent::recipients>,
-     .has = hasRecipients},
-    {.name = L"ReplyRecipients", .id = 61459, .get = getRecipients<&ItemContent::replyTo>, .has = onlyMail},
+     .has = hasRecipients,
+     .guarded = Guarded::Yes},
+    {.name = L"ReplyRecipients",
+     .id = 61459,
+     .get = getRecipients<&ItemContent::replyTo>,
+     .has = onlyMail,
+     .guarded = Guarded::Yes},
     {.name = L"Attachments",
      .id = 63509,
      .get = [](Item& item,
@@ -223,17 +259,31 @@ constinit const Members<Item> Item::members = {
     {.name = L"MessageClass",
      .id = 26,
      .get = [](Item& item, Arguments) { return item.content_.field(0x001A001E); }},
-    {.name = L"SenderName", .id = 3098, .get = getSender<&Address::name>, .has = isMessage},
-    {.name = L"SenderEmailType", .id = 3102, .get = getSender<&Address::type>, .has = hasSenderAddress},
-    {.name = L"SenderEmailAddress", .id = 3103, .get = getSender<&Address::address>, .has = hasSenderAddress},
+    {.name = L"SenderName",
+     .id = 3098,
+     .get = getSender<&Address::name>,
+     .has = isMessage,
+     .guarded = Guarded::Yes},
+    {.name = L"SenderEmailType",
+     .id = 3102,
+     .get = getSender<&Address::type>,
+     .has = hasSenderAddress,
+     .guarded = Guarded::Yes},
+    {.name = L"SenderEmailAddress",
+     .id = 3103,
+     .get = getSender<&Address::address>,
+     .has = hasSenderAddress,
+     .guarded = Guarded::Yes},
+    {.name = L"Sender", .get = getSenderEntry, .has = hasSender, .guarded = Guarded::Yes},
     {.name = L"SentOnBehalfOfName",
      .id = 66,
      .get = [](Item& item, Arguments) { return Value(item.content_.field(0x0042001E).toText()); },
-     .has = onlyMail},
+     .has = onlyMail,
+     .guarded = Guarded::Yes},
     {.name = L"Reply", .id = 63504, .call = inWindow<respond<ReplyKind::Reply>>, .has = isMessage},
     {.name = L"ReplyAll", .id = 63505, .call = inWindow<respond<ReplyKind::ReplyAll>>, .has = onlyMail},
     {.name = L"Forward", .id = 63507, .call = inWindow<respond<ReplyKind::Forward>>, .has = isMessage},
-    {.name = L"Send", .id = 61557, .call = inWindow<sendItem>, .has = hasRecipients},
+    {.name = L"Send", .id = 61557, .call = inWindow<sendItem>, .has = hasRecipients, .guarded = Guarded::Yes},
     {.name = L"Save", .id = 61512, .call = use<&Item::save>},
     {.name = L"Close", .id = 61475, .call = inWindow<closeItem>, .least = 1, .most = 1},
     {.name = L"Display", .id = 61606, .call = displayItem, .most = 1},
@@ -243,8 +293,10 @@ constinit const Members<Item> Item::members = {
     {.name = L"SendUsingAccount",
      .id = 64209,
      .get = getAccount,
-     .put = setAccount,
+     .put = ignoreAccount,
+     .putReference = setAccount,
      .has = hasSendUsingAccount},
+    propertyAccessorRow<Item>,
 };
 
 }  // namespace host

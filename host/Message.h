@@ -39,6 +39,9 @@ struct Attachment {
     std::wstring fileName{};
     /// Without the angle brackets; empty when there is none.
     std::wstring contentId{};
+    /// Its flags and whether it is hidden, as programs of the senders set them; none: not told.
+    std::optional<int> flags{};
+    std::optional<bool> hidden{};
 };
 
 /// Outlook's numbers of the item classes.
@@ -70,6 +73,8 @@ struct Message {
     /// Empty for a mail in plain text.
     std::wstring html{};
     std::vector<Attachment> attachments{};
+    /// The header lines of a mail that came over the Internet.
+    std::wstring headers{};
     /// When a received mail was delivered, in local time; none: when receive() put it into the Inbox.
     std::optional<automation::Date> deliveryTime{};
     /// The deferred delivery time that the user has set.

@@ -8,6 +8,7 @@
 #include <optional>
 
 #include "host/CompoundFile.h"
+#include "host/hostErrors.h"
 #include "platform/automation.h"
 #include "platform/files.h"
 #include "platform/text.h"
@@ -121,6 +122,25 @@ MsgFile parseMsgFile(std::string_view bytes) {
     return result;
 }
 
+int itemClassOf(std::wstring_view messageClass) {
+    if (text::equalsIgnoringCase(messageClass, L"IPM.Note")) {
+        return itemClass::mail;
+    }
+    if (text::equalsIgnoringCase(messageClass, L"IPM.Post")) {
+        return itemClass::post;
+    }
+    raise::operationFailed();  // No other class is simulated.
+}
+
+ItemContent contentOf(const MsgFile& file) {
+    ItemContent content = ItemContent::of(file.message);
+    content.itemClass = itemClassOf(file.messageClass);
+    content.sent = file.sent;
+    content.unread = file.unread;
+    content.saved = true;
+    return content;
+}
+
 MsgFile readMsgFile(const std::wstring& path) {
     constexpr std::uintmax_t longest = 8'000'000;  // What lies behind is in no chain.
     const std::filesystem::path file = platform::filePath(path);
@@ -130,7 +150,7 @@ MsgFile readMsgFile(const std::wstring& path) {
     if (error || !std::ifstream(file, std::ios::binary)
                       .read(bytes.data(), static_cast<std::streamsize>(bytes.size()))) {
         constexpr auto notFound = static_cast<std::int32_t>(0x80030002);  // STG_E_FILENOTFOUND
-        throw automation::Error(notFound, L"The file could not be found.", L"Redemption");
+        throw automation::Error(notFound, L"The file could not be found.");
     }
     return parseMsgFile(bytes);
 }

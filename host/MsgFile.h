@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "host/Message.h"
+#include "host/ItemContent.h"
 
 namespace host {
 
@@ -14,6 +14,11 @@ struct MsgFile {
     bool sent = false;
     bool unread = false;
 };
+
+/// What an item made of it holds. Throws automation::Error for a class that is not simulated.
+ItemContent contentOf(const MsgFile& file);
+/// The item class of "IPM.Note" or "IPM.Post"; the same.
+int itemClassOf(std::wstring_view messageClass);
 
 /// Reads the 8-bit form. Throws automation::Error for what Outlook would refuse: a compound file that is
 /// damaged, or not that of a message; one without a table of named properties; a property whose size differs

@@ -1,8 +1,13 @@
 #include "host/NameSpace.h"
 
+#include "host/AddressEntry.h"
 #include "host/Folder.h"
 #include "host/Item.h"
 #include "host/ItemAlias.h"
+#include "host/MsgFile.h"
+#include "host/OutlookAccount.h"
+#include "host/OutlookStore.h"
+#include "host/PropertyAccessor.h"
 #include "host/Recipients.h"
 #include "host/outlookRows.h"
 
@@ -11,10 +16,6 @@ namespace host {
 using automation::Value;
 
 namespace {
-
-bool hasAccounts(const NameSpace& session) {
-    return session.core().majorVersion() >= 12;
-}
 
 Value currentUser(NameSpace& session, Arguments) {
     auto data = std::make_shared<RecipientData>(RecipientData{0, session.core().currentUser(), true});
@@ -46,9 +47,23 @@ Value folderFromId(NameSpace& session, Arguments arguments) {
     return folder->object();
 }
 
-Value addressOf(OutlookAccount& account, Arguments) {
-    const Account* const found = account.core().account(account.name());
-    return found ? Value(found->address) : Value(L"");
+/// The entry behind an id, such as that of a mail's sender.
+Value addressEntryFromId(NameSpace& session, Arguments arguments) {
+    auto address = addressOfEntryId(session.core(), arguments.text(0));
+    if (!address) {
+        raise::objectNotFound();
+    }
+    return session.core().makeObject<AddressEntry>(std::move(*address), false);
+}
+
+/// The message of a file, as an item that no folder has yet.
+Value openSharedItem(NameSpace& session, Arguments arguments) {
+    return session.core().make<Item>(contentOf(readMsgFile(arguments.text(0))))->object();
+}
+
+template <class T>
+Value makeList(NameSpace& session, Arguments) {
+    return session.core().makeObject<T>();
 }
 
 }  // namespace
@@ -60,7 +75,7 @@ constinit const Members<NameSpace> NameSpace::members = {
     parentRow<NameSpace>,
     classRow<NameSpace, 1>,
     sessionRow<NameSpace>,
-    {.name = L"CurrentUser", .id = 8449, .get = currentUser},
+    {.name = L"CurrentUser", .id = 8449, .get = currentUser, .guarded = Guarded::Yes},
     {.name = L"Folders",
      .id = 8451,
      .get = [](NameSpace& session, Arguments) { return Value(session.core().makeObject<Folders>(nullptr)); }},
@@ -70,36 +85,14 @@ constinit const Members<NameSpace> NameSpace::members = {
     {.name = L"GetItemFromID", .id = 8457, .call = itemFromId, .least = 1, .most = 2},
     {.name = L"GetDefaultFolder", .id = 8459, .call = defaultFolderOf, .least = 1, .most = 1},
     {.name = L"MAPIOBJECT", .id = 61696, .get = use<&NameSpace::mapiObject_>},
-    {.name = L"Accounts",
-     .id = 64208,
-     .get = [](NameSpace& session, Arguments) { return Value(session.core().makeObject<OutlookAccounts>()); },
-     .has = hasAccounts},
-};
-
-OutlookAccount::OutlookAccount(Core& core, std::wstring name) : Automated(core), name_(std::move(name)) {}
-
-bool OutlookAccount::sameAs(const Target& other) const {
-    const auto* const account = dynamic_cast<const OutlookAccount*>(&other);
-    return account && text::equalsIgnoringCase(account->name_, name_);
-}
-
-constinit const Members<OutlookAccount> OutlookAccount::members = {
-    {.name = L"DisplayName", .id = 12289, .get = use<&OutlookAccount::name_>},
-    {.name = L"UserName", .get = addressOf},
-    {.name = L"SmtpAddress", .id = 64212, .get = addressOf},
-};
-
-const std::vector<Account>& OutlookAccounts::list() const {
-    return core().profile().accounts;
-}
-
-automation::Object OutlookAccounts::at(std::size_t index) const {
-    return core().makeObject<OutlookAccount>(list()[index].name);
-}
-
-constinit const Members<OutlookAccounts> OutlookAccounts::members = {
-    countRow<OutlookAccounts>,
-    itemRow<OutlookAccounts>,
+    {.name = L"Accounts", .id = 64208, .get = makeList<OutlookAccounts>, .has = since<12, NameSpace>},
+    {.name = L"Stores", .get = makeList<OutlookStores>, .has = since<12, NameSpace>},
+    {.name = L"GetAddressEntryFromID",
+     .call = addressEntryFromId,
+     .least = 1,
+     .most = 1,
+     .has = since<12, NameSpace>},
+    {.name = L"OpenSharedItem", .call = openSharedItem, .least = 1, .most = 1, .has = since<12, NameSpace>},
 };
 
 }  // namespace host

@@ -389,6 +389,10 @@ void Outlook::onWordMacro(WordMacro macro) {
     core_->wordMacro = std::move(macro);
 }
 
+const std::vector<std::wstring>& Outlook::guardPrompts() const {
+    return core_->guard().prompts();
+}
+
 // Measuring
 
 std::shared_ptr<Meter> Outlook::meter() const {

@@ -212,6 +212,9 @@ class Outlook {
         std::function<automation::Value(const std::wstring& name, std::span<const automation::Value>)>;
     void onWordMacro(WordMacro macro);
 
+    /// The calls that Outlook's guard has refused, as "Class.Member", oldest first.
+    const std::vector<std::wstring>& guardPrompts() const;
+
     // Measuring. See Meter; it may be kept beyond the Outlook's end.
     std::shared_ptr<Meter> meter() const;
     std::size_t calls() const;

@@ -45,6 +45,22 @@ struct Store {
 /// The editor of mail windows below version 12; later versions answer Word whatever this says.
 enum class Editor { Text = 1, Html = 2, RichText = 3, Word = 4 };
 
+/// Whom Outlook's guard of addresses, texts and sending stops.
+enum class GuardMode {
+    /// Nobody, as in an Outlook 2000 without its service packs.
+    Off,
+    /// Up to 2002 every program; from 2003 on what a program reaches from an application that it has made.
+    OfVersion,
+    /// Everybody: the administrator says so.
+    Everybody
+};
+
+/// What a guarded call fails with when it is refused: either was seen.
+namespace guardRefusal {
+inline constexpr auto aborted = static_cast<std::int32_t>(0x80004004);
+inline constexpr auto userCancelled = static_cast<std::int32_t>(0x80040102);
+}  // namespace guardRefusal
+
 /// An item that a folder holds when Outlook starts.
 struct StoredMessage {
     /// Path below the root of the default store, parts joined by "\".
@@ -78,7 +94,12 @@ struct Profile {
     bool sentItemsStay = false;
     /// MAPI properties, by their tags, that the store refuses to set on an item.
     std::set<std::uint32_t> refusedFields{};
+    /// Without it programs have Outlook's own objects only.
     bool redemptionRegistered = true;
+    GuardMode guard = GuardMode::OfVersion;
+    std::int32_t guardRefusal = guardRefusal::aborted;
+    /// What local time is ahead of UTC, in which MAPI keeps times, in minutes.
+    int minutesAheadOfUtc = 60;
     bool wordRegistered = true;
     /// Word's macro security lets the macros of templates run.
     bool macrosAllowed = true;

@@ -13,16 +13,6 @@ namespace {
 
 constexpr std::uint32_t submitTime = 0x00390040;
 
-int itemClassOf(std::wstring_view messageClass) {
-    if (text::equalsIgnoringCase(messageClass, L"IPM.Note")) {
-        return itemClass::mail;
-    }
-    if (text::equalsIgnoringCase(messageClass, L"IPM.Post")) {
-        return itemClass::post;
-    }
-    raise::operationFailed();  // No other class is simulated.
-}
-
 }  // namespace
 
 RdoMessage::RdoMessage(Core& core, const std::wstring& messageClass, std::shared_ptr<Folder> folder)
@@ -30,12 +20,7 @@ RdoMessage::RdoMessage(Core& core, const std::wstring& messageClass, std::shared
     content_.itemClass = itemClassOf(messageClass);
 }
 
-RdoMessage::RdoMessage(Core& core, const MsgFile& file)
-    : Automated(core), content_(ItemContent::of(file.message)) {
-    content_.itemClass = itemClassOf(file.messageClass);
-    content_.sent = file.sent;
-    content_.unread = file.unread;
-}
+RdoMessage::RdoMessage(Core& core, const MsgFile& file) : Automated(core), content_(contentOf(file)) {}
 
 ItemContent& RdoMessage::changeable() {
     if (saved_) {

@@ -139,8 +139,8 @@ bool Recipient::resolveSelf() {
     return item_ ? resolveListed(*item_, list_, *data_, safe_) : resolve(core(), *data_);
 }
 
-Value Recipient::field(Arguments arguments) const {
-    switch (mapiTag(arguments[0])) {
+Value Recipient::property(std::uint32_t tag) const {
+    switch (tag) {
         case 0x0C150003:
             return data_->type;
         case 0x3001001E:
@@ -149,15 +149,23 @@ Value Recipient::field(Arguments arguments) const {
             return address().type;
         case 0x3003001E:
             return address().address;
+        case 0x39FE001E: {
+            const bool isSmtp = text::equalsIgnoringCase(address().type, L"SMTP");
+            const std::wstring& smtp = isSmtp ? address().address : address().smtpAddress;
+            return smtp.empty() ? Value() : Value(smtp);
+        }
         default:
             return {};
     }
 }
 
 constinit const Members<Recipient> Recipient::members = {
-    {.name = L"Name", .id = 12289, .get = use<&Recipient::name>},
-    {.name = L"Address", .id = 12291, .get = use<&Recipient::address, &Address::address>},
-    {.name = L"AddressEntry", .id = 121, .get = use<&Recipient::addressEntry>},
+    {.name = L"Name", .id = 12289, .get = use<&Recipient::name>, .guarded = Guarded::Yes},
+    {.name = L"Address",
+     .id = 12291,
+     .get = use<&Recipient::address, &Address::address>,
+     .guarded = Guarded::Yes},
+    {.name = L"AddressEntry", .id = 121, .get = use<&Recipient::addressEntry>, .guarded = Guarded::Yes},
     {.name = L"Type",
      .id = 3093,
      .get = use<&Recipient::data_, &RecipientData::type>,
@@ -169,14 +177,23 @@ constinit const Members<Recipient> Recipient::members = {
              }
              recipient.data_->type = type;
              recipient.changed();
-         }},
-    {.name = L"Resolved", .id = 100, .get = use<&Recipient::data_, &RecipientData::resolved>},
-    {.name = L"EntryID", .id = 61470, .get = use<&Recipient::address, entryIdOf>},
-    {.name = L"DisplayType", .id = 14592, .get = use<&Recipient::address, displayTypeOf>},
-    {.name = L"Delete", .id = 110, .call = use<&Recipient::remove>},
-    {.name = L"Resolve", .id = 113, .call = use<&Recipient::resolveSelf>, .most = 1},
+         },
+     .guarded = Guarded::Yes},
+    {.name = L"Resolved",
+     .id = 100,
+     .get = use<&Recipient::data_, &RecipientData::resolved>,
+     .guarded = Guarded::Yes},
+    {.name = L"EntryID", .id = 61470, .get = use<&Recipient::address, entryIdOf>, .guarded = Guarded::Yes},
+    {.name = L"DisplayType",
+     .id = 14592,
+     .get = use<&Recipient::address, displayTypeOf>,
+     .guarded = Guarded::Yes},
+    {.name = L"Delete", .id = 110, .call = use<&Recipient::remove>, .guarded = Guarded::Yes},
+    {.name = L"Resolve", .id = 113, .call = use<&Recipient::resolveSelf>, .most = 1, .guarded = Guarded::Yes},
+    propertyAccessorRow<Recipient>,
     {.name = L"Fields",
-     .get = use<&Recipient::field>,
+     .get = [](Recipient& recipient,
+               Arguments arguments) { return recipient.property(mapiTag(arguments[0])); },
      .least = 1,
      .most = 1,
      .has = [](const Recipient& recipient) { return recipient.safe_; }},

@@ -5,6 +5,7 @@
 
 #include "host/Collection.h"
 #include "host/Item.h"
+#include "host/PropertyAccessor.h"
 
 namespace host {
 
@@ -16,6 +17,7 @@ class Recipients : public Collection<Recipients> {
     Recipients(Core& core, std::shared_ptr<Item> item, RecipientList ItemContent::*list, bool safe);
 
     std::wstring className() const override { return safe_ ? L"SafeRecipients" : L"Recipients"; }
+    bool ofRedemption() const override { return safe_; }
     void checkUsable() const override { item_->checkUsable(); }
     RecipientList& list() const { return item_->side(safe_).*list_; }
     automation::Object at(std::size_t index) const;
@@ -34,7 +36,7 @@ class Recipients : public Collection<Recipients> {
 };
 
 /// One recipient; of no item for the session's current user.
-class Recipient : public Automated<Recipient> {
+class Recipient : public Automated<Recipient>, public HasProperties {
   public:
     static constexpr std::wstring_view defaultName = L"Name";
     static const Members<Recipient> members;
@@ -43,8 +45,10 @@ class Recipient : public Automated<Recipient> {
               std::shared_ptr<RecipientData> data, bool safe);
 
     std::wstring className() const override { return safe_ ? L"SafeRecipient" : L"Recipient"; }
+    bool ofRedemption() const override { return safe_; }
     void checkUsable() const override;
     bool sameAs(const Target& other) const override;
+    automation::Value property(std::uint32_t tag) const override;
 
   private:
     /// Where the recipient stands in its list; throws when it was removed.
@@ -55,7 +59,6 @@ class Recipient : public Automated<Recipient> {
     automation::Object addressEntry() const;
     void remove();
     bool resolveSelf();
-    automation::Value field(Arguments arguments) const;
 
     std::shared_ptr<Item> item_;
     RecipientList ItemContent::*list_;

@@ -95,15 +95,17 @@ ItemContent& SafeItem::message() const {
     return item().message();
 }
 
+/// Nothing releases the item.
+void SafeItem::setItem(SafeItem& safe, Arguments, const Value& value) {
+    safe.wrapped_ = value.toObject() ? required<HostObject>(value) : nullptr;
+}
+
 constinit const Members<SafeItem> SafeItem::members = {
     {.name = L"Item",
      .id = 12245934,
      .get = use<&SafeItem::wrapped_>,
-     .put =
-         [](SafeItem& safe, Arguments, const Value& value) {
-             // Nothing releases the item.
-             safe.wrapped_ = value.toObject() ? required<HostObject>(value) : nullptr;
-         },
+     .put = &SafeItem::setItem,
+     .putReference = &SafeItem::setItem,
      .has = [](const SafeItem& safe) { return !isRdo(safe); }},
     {.name = L"Fields",
      .id = 12245937,
@@ -150,14 +152,19 @@ HostObject* SafeInspector::wrapped() const {
     return inspector_.get();
 }
 
+void SafeInspector::setItem(SafeInspector& safe, Arguments, const Value& value) {
+    safe.inspector_ = value.toObject() ? required<Inspector>(value) : nullptr;
+}
+
 constinit const Members<SafeInspector> SafeInspector::members = {
     {.name = L"Item",
      .id = 12245934,
      .get = use<&SafeInspector::inspector_>,
-     .put =
-         [](SafeInspector& safe, Arguments, const Value& value) {
-             safe.inspector_ = value.toObject() ? required<Inspector>(value) : nullptr;
-         }},
+     .put = &SafeInspector::setItem,
+     .putReference = &SafeInspector::setItem},
+    {.name = L"WordEditor",
+     .get = [](SafeInspector& safe,
+               Arguments) { return safe.inspector_ ? safe.inspector_->wordEditor() : Value(Object()); }},
 };
 
 }  // namespace host

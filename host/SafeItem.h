@@ -75,6 +75,8 @@ class SafeItem : public Wrapper<SafeItem> {
     HostObject* wrapped() const override { return wrapped_.get(); }
 
   private:
+    static void setItem(SafeItem& safe, Arguments index, const automation::Value& value);
+
     Kind kind_;
     std::shared_ptr<HostObject> wrapped_;
 };
@@ -92,6 +94,8 @@ class SafeInspector : public Wrapper<SafeInspector> {
     HostObject* wrapped() const override;
 
   private:
+    static void setItem(SafeInspector& safe, Arguments index, const automation::Value& value);
+
     std::shared_ptr<Inspector> inspector_;
 };
 

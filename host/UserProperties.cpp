@@ -46,7 +46,12 @@ constinit const Members<UserProperties> UserProperties::members = {
     countRow<UserProperties>,
     itemRow<UserProperties>,
     {.name = L"Add", .id = 102, .call = use<&UserProperties::add>, .least = 2, .most = 4},
-    {.name = L"Find", .id = 103, .call = use<&UserProperties::findByName>, .least = 1, .most = 2},
+    {.name = L"Find",
+     .id = 103,
+     .call = use<&UserProperties::findByName>,
+     .least = 1,
+     .most = 2,
+     .guarded = Guarded::Yes},
     removeRow<UserProperties, 82>,
 };
 

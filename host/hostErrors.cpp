@@ -48,6 +48,18 @@ void objectNotFound() {
     fromOutlook(notFound, L"The operation failed. An object could not be found.");
 }
 
+void noSuchProperty(std::wstring_view name) {
+    fromOutlook(notFound, L"The property \"" + std::wstring(name) + L"\" is unknown or cannot be found.");
+}
+
+void outOfMemory() {
+    fromOutlook(automation::errors::outOfMemory, L"Out of memory or system resources.");
+}
+
+void cannotParse() {
+    fromOutlook(badIndex, L"Cannot parse condition.");
+}
+
 void itemGone() {
     fromOutlook(objectDeleted, L"The item has been moved or deleted.");
 }

@@ -26,6 +26,10 @@ inline constexpr std::int32_t noSuchEvents = 459;
 [[noreturn]] void operationAborted();
 [[noreturn]] void noPermission();
 [[noreturn]] void objectNotFound();
+/// Outlook's words for a property that an accessor does not find.
+[[noreturn]] void noSuchProperty(std::wstring_view name);
+[[noreturn]] void outOfMemory();
+[[noreturn]] void cannotParse();
 [[noreturn]] void itemGone();
 [[noreturn]] void messageChanged();
 [[noreturn]] void explorerClosed();

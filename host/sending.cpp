@@ -55,6 +55,7 @@ SendOutcome send(Core& core, const std::shared_ptr<Item>& item) {
     if (const wchar_t* const refusal = refusalOf(*item)) {
         return cancelled(item, refusal);
     }
+    const std::wstring account = item->content().account;
     if (core.raiseCancellable(*item->eventSource(), L"Send", 0xF005)) {
         return cancelled(item);
     }
@@ -66,6 +67,10 @@ SendOutcome send(Core& core, const std::shared_ptr<Item>& item) {
     }
     if (const wchar_t* const refusal = refusalOf(*item)) {
         return cancelled(item, refusal);  // A handler has changed the recipients.
+    }
+    // Whether one that a handler has set counts without a save is not known.
+    if (item->unsaved(Part::Account)) {
+        item->content().account = account;
     }
     if (core.raiseCancellable(*item->eventSource(), L"Write", 0xF002)) {
         return cancelled(item);

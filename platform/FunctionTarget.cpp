@@ -25,15 +25,16 @@ Value FunctionTarget::invoke(std::int32_t member, Access access, std::span<const
         throw Error(errors::failed, L"The add-in is not connected.");
     }
     const auto index = static_cast<std::size_t>(member) - 1;
-    if (member < 1 || index >= members_.size() || (access == Access::Put && !members_[index].put)) {
+    const bool put = isPut(access);
+    if (member < 1 || index >= members_.size() || (put && !members_[index].put)) {
         throw Error(errors::memberNotFound, L"Object doesn't support this property or method");
     }
     const Member& called = members_[index];
-    if (arguments.size() != (access == Access::Put ? called.arguments + 1 : called.arguments)) {
+    if (arguments.size() != (put ? called.arguments + 1 : called.arguments)) {
         throw Error(wrongArgumentCount, L"Wrong number of arguments or invalid property assignment: " +
                                             std::wstring(called.name));
     }
-    if (access == Access::Put) {
+    if (put) {
         called.put(arguments.back());
         return {};
     }

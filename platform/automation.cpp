@@ -188,4 +188,11 @@ const Array& Value::toArray() const {
     throwTypeMismatch();
 }
 
+const Binary& Value::toBinary() const {
+    if (const auto* value = std::get_if<Binary>(&resolved().data_)) {
+        return *value;
+    }
+    throwTypeMismatch();
+}
+
 }  // namespace automation

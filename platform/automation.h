@@ -22,6 +22,8 @@ namespace automation {
 class Target;
 class Value;
 using Array = std::vector<Value>;
+/// What MAPI calls a binary property: automation keeps it apart from an array of numbers.
+using Binary = std::vector<std::uint8_t>;
 
 /// A point in local time as OLE automation counts it: days since 30 December 1899, the time of day being
 /// the fraction.
@@ -112,6 +114,10 @@ class Object {
     /// Writes a property; the last argument is the value, those before it the index. Throws Error.
     template <class... Arguments>
     void put(std::wstring_view name, Arguments&&... arguments) const;
+    /// The same for a property that takes an object by reference, as VBA's Set does. An object may refuse
+    /// either way, or take it and do nothing. Throws Error.
+    template <class... Arguments>
+    void putReference(std::wstring_view name, Arguments&&... arguments) const;
     /// Calls a method. Throws Error.
     template <class... Arguments>
     Value call(std::wstring_view name, Arguments&&... arguments) const;
@@ -139,6 +145,7 @@ class Value {
     Value(const wchar_t* value) : data_(std::wstring(value)) {}
     Value(Object value) : data_(std::move(value)) {}
     Value(Array value) : data_(std::move(value)) {}
+    Value(Binary value) : data_(std::move(value)) {}
     /// Pointers would silently become bool.
     template <class T>
     Value(T*) = delete;
@@ -146,8 +153,8 @@ class Value {
     /// A by-reference argument: the callee writes into `variable`, which must outlive the call.
     static Value reference(Value& variable);
 
-    using Data =
-        std::variant<std::monostate, bool, std::int32_t, double, Date, std::wstring, Object, Array, Value*>;
+    using Data = std::variant<std::monostate, bool, std::int32_t, double, Date, std::wstring, Object, Array,
+                              Binary, Value*>;
     /// The bare variant, for the two worlds that translate it.
     const Data& data() const noexcept { return data_; }
 
@@ -170,6 +177,7 @@ class Value {
     std::wstring toText() &&;
     Object toObject() const;
     const Array& toArray() const;
+    const Binary& toBinary() const;
 
   private:
     const Value& resolved() const noexcept;
@@ -177,7 +185,12 @@ class Value {
     Data data_;
 };
 
-enum class Access { Get, Put, Call };
+enum class Access { Get, Put, PutReference, Call };
+
+/// Whether the last argument is a new value.
+inline bool isPut(Access access) {
+    return access == Access::Put || access == Access::PutReference;
+}
 
 /// What an Object refers to; the two worlds derive from it. Mirrors IDispatch, so that the simulated host can
 /// be exported through COM as it stands.
@@ -186,7 +199,7 @@ class Target {
     virtual ~Target() = default;
     /// The dispatch id of a member, letter case ignored. Throws Error 438 when there is none.
     virtual std::int32_t memberId(std::wstring_view name) = 0;
-    /// Reads, writes or calls a member. A Put has the new value as its last argument. Throws Error.
+    /// Reads, writes or calls a member. Either put has the new value as its last argument. Throws Error.
     virtual Value invoke(std::int32_t member, Access access, std::span<const Value> arguments) = 0;
     /// Starts to send the events of `events` to `sink`. Throws Error when the object is no source of them.
     virtual Subscription subscribe(EventInterface events, EventSink sink) = 0;
@@ -219,6 +232,14 @@ void Object::put(std::wstring_view name, Arguments&&... arguments) const {
     const Value values[]{Value(std::forward<Arguments>(arguments))...};
     Target& target = required(name);
     target.invoke(target.memberId(name), Access::Put, values);
+}
+
+template <class... Arguments>
+void Object::putReference(std::wstring_view name, Arguments&&... arguments) const {
+    static_assert(sizeof...(arguments) > 0, "a put needs the new value");
+    const Value values[]{Value(std::forward<Arguments>(arguments))...};
+    Target& target = required(name);
+    target.invoke(target.memberId(name), Access::PutReference, values);
 }
 
 template <class... Arguments>

@@ -110,9 +110,9 @@ Json toJson(const MessageFile& file) {
     json["body"] = textToJson(message.body);
     json["html"] = textToJson(message.html);
     json["attachments"] = Json::array();
-    for (const auto& [fileName, contentId] : message.attachments) {
+    for (const host::Attachment& attachment : message.attachments) {
         json["attachments"].push_back(
-            {{"fileName", textToJson(fileName)}, {"contentId", textToJson(contentId)}});
+            {{"fileName", textToJson(attachment.fileName)}, {"contentId", textToJson(attachment.contentId)}});
     }
     json["deliveryTime"] = toJson(message.deliveryTime);
     json["deferredDeliveryTime"] = toJson(message.deferredDeliveryTime);

@@ -49,7 +49,7 @@ std::int32_t ComTarget::memberId(std::wstring_view name) {
 }
 
 Value ComTarget::invoke(std::int32_t member, Access access, std::span<const Value> arguments) {
-    const bool put = access == Access::Put;
+    const bool put = isPut(access);
     OutgoingArguments outgoing(arguments, put, *translator_);
     const auto invokeAs = [&](int flags, VARIANT* result) {
         EXCEPINFO details{};
@@ -64,7 +64,7 @@ Value ComTarget::invoke(std::int32_t member, Access access, std::span<const Valu
         return !again;
     };
     if (put) {
-        if (!invokeAs(DISPATCH_PROPERTYPUT, nullptr)) {
+        if (access == Access::PutReference || !invokeAs(DISPATCH_PROPERTYPUT, nullptr)) {
             invokeAs(DISPATCH_PROPERTYPUTREF, nullptr);
         }
         return {};

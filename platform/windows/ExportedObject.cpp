@@ -75,8 +75,11 @@ STDMETHODIMP ExportedObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, 
 }
 
 Value ExportedObject::access(DISPID member, WORD flags, std::span<const Value> arguments) {
-    if ((flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0) {
+    if ((flags & DISPATCH_PROPERTYPUT) != 0) {
         return target_->invoke(member, Access::Put, arguments);
+    }
+    if ((flags & DISPATCH_PROPERTYPUTREF) != 0) {
+        return target_->invoke(member, Access::PutReference, arguments);
     }
     if ((flags & DISPATCH_PROPERTYGET) == 0) {
         return target_->invoke(member, Access::Call, arguments);

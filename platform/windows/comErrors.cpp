@@ -74,8 +74,9 @@ std::wstring descriptionOf(HRESULT result) {
 
 Error exceptionOf(const EXCEPINFO& details) {
     const HRESULT result = FAILED(details.scode) ? details.scode : E_FAIL;
-    // An object gives either the one or the other number.
-    const std::int32_t number = details.wCode != 0 ? details.wCode : numberOf(result);
+    // Outlook gives both, and its code is 4096 whatever has failed.
+    const bool byCode = details.wCode != 0 && !FAILED(details.scode);
+    const std::int32_t number = byCode ? details.wCode : numberOf(result);
     std::wstring description = Bstr::toText(details.bstrDescription);
     if (description.empty()) {
         description = descriptionOf(result);

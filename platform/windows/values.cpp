@@ -11,6 +11,7 @@ namespace platform::windows {
 namespace {
 
 using automation::Array;
+using automation::Binary;
 using automation::Date;
 using automation::Object;
 using automation::Value;
@@ -68,19 +69,51 @@ std::size_t sizeOf(VARTYPE type) {
     }
 }
 
-Array toArray(SAFEARRAY* array, VARTYPE elementType, ObjectTranslator& translator) {
+/// How many elements an array of one dimension has; none for no array.
+ULONG countOf(SAFEARRAY* array, VARTYPE elementType) {
     if (!array) {
-        return {};
+        return 0;
     }
     // An array that is not of the type it is passed as would not fit into an element.
     if (SafeArrayGetDim(array) != 1 || SafeArrayGetElemsize(array) != sizeOf(elementType)) {
         throwTypeMismatch();
     }
+    return array->rgsabound[0].cElements;
+}
+
+/// Lets the elements of an array be touched for as long as it lives.
+class ArrayData {
+  public:
+    explicit ArrayData(SAFEARRAY* array) : array_(array) { check(SafeArrayAccessData(array, &data_)); }
+    ~ArrayData() { SafeArrayUnaccessData(array_); }
+    ArrayData(const ArrayData&) = delete;
+    ArrayData& operator=(const ArrayData&) = delete;
+
+    void* get() const noexcept { return data_; }
+
+  private:
+    SAFEARRAY* array_;
+    void* data_ = nullptr;
+};
+
+Binary toBinary(SAFEARRAY* array) {
+    Binary bytes(countOf(array, VT_UI1));
+    if (!bytes.empty()) {
+        std::memcpy(bytes.data(), ArrayData(array).get(), bytes.size());
+    }
+    return bytes;
+}
+
+Array toArray(SAFEARRAY* array, VARTYPE elementType, ObjectTranslator& translator) {
+    const ULONG count = countOf(array, elementType);
+    if (count == 0) {
+        return {};
+    }
     LONG first = 0;
     check(SafeArrayGetLBound(array, 1, &first));
     Array values;
     // By count: the last index may be the greatest of its type, and that of an empty array before the least.
-    for (ULONG position = 0; position < array->rgsabound[0].cElements; ++position) {
+    for (ULONG position = 0; position < count; ++position) {
         auto index = static_cast<LONG>(static_cast<ULONG>(first) + position);
         Variant element;
         if (elementType == VT_VARIANT) {
@@ -97,15 +130,27 @@ Array toArray(SAFEARRAY* array, VARTYPE elementType, ObjectTranslator& translato
 
 using ArrayOwner = std::unique_ptr<SAFEARRAY, decltype(&SafeArrayDestroy)>;
 
-ArrayOwner toSafeArray(const Array& values, ObjectTranslator& translator) {
-    if (!std::in_range<LONG>(values.size())) {
+ArrayOwner makeVector(VARTYPE elementType, std::size_t count) {
+    if (!std::in_range<LONG>(count)) {
         throw std::bad_alloc();
     }
-    ArrayOwner array(SafeArrayCreateVector(VT_VARIANT, 0, static_cast<ULONG>(values.size())),
-                     &SafeArrayDestroy);
+    ArrayOwner array(SafeArrayCreateVector(elementType, 0, static_cast<ULONG>(count)), &SafeArrayDestroy);
     if (!array) {
         throw std::bad_alloc();
     }
+    return array;
+}
+
+ArrayOwner toSafeArray(const Binary& bytes) {
+    ArrayOwner array = makeVector(VT_UI1, bytes.size());
+    if (!bytes.empty()) {
+        std::memcpy(ArrayData(array.get()).get(), bytes.data(), bytes.size());
+    }
+    return array;
+}
+
+ArrayOwner toSafeArray(const Array& values, ObjectTranslator& translator) {
+    ArrayOwner array = makeVector(VT_VARIANT, values.size());
     LONG index = 0;
     for (const Value& value : values) {
         Variant element = toVariant(value, translator);
@@ -143,6 +188,9 @@ Value toValue(const VARIANT& variant, ObjectTranslator& translator) {
         Variant copy;
         check(VariantCopyInd(copy.address(), const_cast<VARIANT*>(&variant)));
         return toValue(copy.get(), translator);
+    }
+    if (variant.vt == (VT_ARRAY | VT_UI1)) {
+        return toBinary(variant.parray);
     }
     if ((variant.vt & VT_ARRAY) != 0) {
         return toArray(variant.parray, static_cast<VARTYPE>(variant.vt & ~VT_ARRAY), translator);
@@ -218,6 +266,9 @@ Variant toVariant(const Value& value, ObjectTranslator& translator) {
     } else if (const auto* array = std::get_if<Array>(&data)) {
         variant->parray = toSafeArray(*array, translator).release();
         variant->vt = VT_ARRAY | VT_VARIANT;
+    } else if (const auto* bytes = std::get_if<Binary>(&data)) {
+        variant->parray = toSafeArray(*bytes).release();
+        variant->vt = VT_ARRAY | VT_UI1;
     }
     return variant;
 }

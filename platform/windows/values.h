@@ -17,7 +17,8 @@
 ///
 /// A byte, a short, a currency: numbers of every width become the 32-bit integer if that is their kind and
 /// they fit, else a double. Null, missing arguments and error values become the empty value. Texts are
-/// counted, so NULs and lone surrogates in them survive. Arrays have one dimension.
+/// counted, so NULs and lone surrogates in them survive. Arrays have one dimension; one of
+/// bytes is Binary.
 namespace platform::windows {
 
 /// Turns objects into COM interfaces and back.

@@ -174,7 +174,7 @@ TEST_F(HostAccountsTest, AStampedMailLeavesWithThatAccountAndKeepsTheStamps) {
         const Object item = outlook_->itemOf(inspector);
         EXPECT_FALSE(item.get(L"SendUsingAccount").toObject()) << "none chosen yet";
         if (test.chosen) {
-            item.put(L"SendUsingAccount", nameSpace_.get(L"Accounts", test.chosen));
+            item.putReference(L"SendUsingAccount", nameSpace_.get(L"Accounts", test.chosen));
         }
         if (test.stamped) {
             stamp(item, account(test.stamped));
@@ -200,7 +200,7 @@ TEST_F(HostAccountsTest, AnItemTellsTheAccountChosenOrStampedButNotTheDefaultOne
     const Object item = outlook_->receive(mailTo(L"me@example.org"));
     const Object mail = message(item);
     EXPECT_FALSE(mail.get(L"Account").toObject());
-    item.put(L"SendUsingAccount", nameSpace_.get(L"Accounts", L"Web"));
+    item.putReference(L"SendUsingAccount", nameSpace_.get(L"Accounts", L"Web"));
     EXPECT_FALSE(mail.get(L"Account").toObject()) << "not saved yet";
     item.call(L"Save");
     EXPECT_EQ(mail.get(L"ACCOUNT").toObject(), account(L"Web"));
@@ -212,8 +212,10 @@ TEST_F(HostAccountsTest, AnItemTellsTheAccountChosenOrStampedButNotTheDefaultOne
     EXPECT_EQ(mail.get(L"Account").toObject(), account(L"Web"))
         << "a stamp that is not whole counts for none";
     EXPECT_EQ(errorOf([&] { safe(item).get(L"Account"); }), 438) << "only the session's messages have it";
-    EXPECT_EQ(errorOf([&] { item.put(L"SendUsingAccount", L"Web"); }), 13) << "an account, not its name";
-    EXPECT_EQ(errorOf([&] { item.put(L"SendUsingAccount", account(L"Web")); }), 13) << "not Redemption's";
+    EXPECT_EQ(errorOf([&] { item.putReference(L"SendUsingAccount", L"Web"); }), 13)
+        << "an account, not its name";
+    EXPECT_EQ(errorOf([&] { item.putReference(L"SendUsingAccount", account(L"Web")); }), 13)
+        << "not Redemption's";
 }
 
 TEST_F(HostAccountsTest, ASessionAnswersOnlyWhileItIsTiedOrLoggedOn) {

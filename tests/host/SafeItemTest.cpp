@@ -246,7 +246,8 @@ TEST(HostSafeItemTest, TheSessionKnowsAccountsStoresAndMessages) {
 TEST(HostSafeItemTest, RedemptionCanBeMissing) {
     host::Outlook outlook({.redemptionRegistered = false});
     EXPECT_EQ(errorOf([&] { outlook.automation().createObject(L"vtRedemption.vtMAPIUtils"); }), 429);
-    EXPECT_EQ(outlook.automation().createObject(L"outlook.application"), outlook.application());
+    const Object application = outlook.automation().createObject(L"outlook.application");
+    EXPECT_EQ(application.get(L"Version").toText(), L"14.0.0.4760");
 }
 
 }  // namespace

@@ -82,6 +82,7 @@ TEST(ProgramsSend, IsCheckedByItsOwnEditor) {
     for (const wchar_t* version : {L"9.0.0.2711", L"11.0.0.5510", L"14.0.0.4760"}) {
         Given setup{.answers = {L"frmNoSubject=cmdOK", L"Attachment(s) missing=No"}};
         setup.profile.version = version;
+        setup.profile.guard = host::GuardMode::Off;  // The user lets the program send.
         Bench bench(setup);
         const Object mail = newMailOfProgram(bench, L"", L"See attached.");
         EXPECT_THROW(mail.call(L"Send"), automation::Error);

@@ -12,12 +12,14 @@
 #include "platform/windows/Bstr.h"
 #include "platform/windows/ComAutomation.h"
 #include "platform/windows/Variant.h"
+#include "platform/windows/comErrors.h"
 #include "platform/windows/values.h"
 #include "tests/windows/ComTest.h"
 #include "tests/windows/TestTarget.h"
 
 using automation::Access;
 using automation::Array;
+using automation::Binary;
 using automation::Date;
 using automation::Error;
 using automation::Object;
@@ -114,6 +116,38 @@ TEST_F(AutomationTest, ArraysCross) {
     EXPECT_EQ(array[1].toInteger(), 2);
     EXPECT_TRUE(array[2].toArray().at(0).toBool());
     EXPECT_TRUE(array[3].isEmpty());
+    for (const Binary& bytes : {Binary{}, Binary{0, 127, 255}}) {
+        EXPECT_EQ(object.call(L"Echo", bytes).toBinary(), bytes);
+    }
+}
+
+/// Outlook has properties that take an object only by reference, and ignore one that comes otherwise.
+TEST_F(AutomationTest, PutsByReferenceAreToldFromOthers) {
+    Access used = Access::Get;
+    target_->add(L"Account", [&used](Access access, std::span<const Value>) {
+        used = access;
+        return Value();
+    });
+    const Object object = toAddIn(Object(target_));
+    object.put(L"Account", object);
+    EXPECT_EQ(used, Access::Put);
+    object.putReference(L"Account", object);
+    EXPECT_EQ(used, Access::PutReference);
+}
+
+/// An object that takes it only by reference and says so is given it that way.
+TEST_F(AutomationTest, AnObjectIsPutByReferenceWhereOnlyThatIsTaken) {
+    bool taken = false;
+    target_->add(L"Account", [&taken](Access access, std::span<const Value>) -> Value {
+        if (access == Access::Put) {
+            throw Error(automation::errors::memberNotFound, L"");
+        }
+        taken = true;
+        return {};
+    });
+    const Object object = toAddIn(Object(target_));
+    object.put(L"Account", object);
+    EXPECT_TRUE(taken);
 }
 
 TEST_F(AutomationTest, ReadsTypedArraysFromTheirOwnLowerBound) {
@@ -130,7 +164,7 @@ TEST_F(AutomationTest, ReadsTypedArraysFromTheirOwnLowerBound) {
         const platform::windows::Bstr text(std::to_wstring(index));
         SafeArrayPutElement(texts->parray, &index, text.get());
     }
-    EXPECT_EQ(toValue(bytes.get(), *addIn).toArray().at(1).toInteger(), 200);
+    EXPECT_EQ(toValue(bytes.get(), *addIn).toBinary(), (Binary{100, 200}));
     EXPECT_EQ(toValue(texts.get(), *addIn).toArray().at(0).toText(), L"1");
 }
 
@@ -141,7 +175,7 @@ TEST_F(AutomationTest, ReadsAnEmptyArrayWhateverItsBounds) {
         Variant bytes;
         bytes->vt = VT_ARRAY | VT_UI1;
         bytes->parray = SafeArrayCreate(VT_UI1, 1, &bound);
-        EXPECT_TRUE(toValue(bytes.get(), *addIn).toArray().empty()) << first;
+        EXPECT_TRUE(toValue(bytes.get(), *addIn).toBinary().empty()) << first;
     }
 }
 
@@ -238,6 +272,30 @@ TEST_F(AutomationTest, ErrorsCrossWithNumberTextAndSource) {
             EXPECT_EQ(error.number(), number);
             EXPECT_EQ(error.description(), L"it went wrong");
             EXPECT_EQ(error.source(), L"Outlook");
+        }
+    }
+}
+
+/// Outlook's code is 4096 with every failure.
+TEST_F(AutomationTest, TheNumberOfAFailureIsItsResultBeforeItsCode) {
+    const struct {
+        WORD code;
+        HRESULT result;
+        std::int32_t number;
+    } cases[] = {{4096, E_ABORT, static_cast<std::int32_t>(0x80004004)},
+                 {4096, static_cast<HRESULT>(0x8004010F), static_cast<std::int32_t>(0x8004010F)},
+                 {0, E_ABORT, static_cast<std::int32_t>(0x80004004)},
+                 {1004, S_OK, 1004},
+                 {0, S_OK, automation::errors::failed}};
+    for (const auto& test : cases) {
+        EXCEPINFO details{};
+        details.wCode = test.code;
+        details.scode = test.result;
+        try {
+            platform::windows::checkInvoke(DISP_E_EXCEPTION, details);
+            ADD_FAILURE();
+        } catch (const Error& error) {
+            EXPECT_EQ(error.number(), test.number);
         }
     }
 }
