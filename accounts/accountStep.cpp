@@ -5,7 +5,6 @@
 #include "accounts/frmEmailAddressEdit.h"
 #include "accounts/frmSelectSendAcct.h"
 #include "accounts/wordSide.h"
-#include "mail/MapiSession.h"
 #include "mail/OutlookVersion.h"
 #include "mail/errorTrap.h"
 #include "platform/text.h"
@@ -50,6 +49,10 @@ void Step::run(const listFolder::Place& found) {
     if (version == mail::outlook2000 || version == mail::outlook2002) {
         return;
     }
+    if (!globals_.provider->hasAccounts()) {
+        mail::note(mail::Skipped::LibraryMissing);
+        return;
+    }
     const bool offers = modRegKeys::MsgAddAddress.read(globals_) != 1;
     const bool loaded = list_.LoadFound(found);
     if (loaded && list_.count() == 0 && !offers) {
@@ -78,7 +81,7 @@ bool Step::concerns() const {
     if (mail_.recipientCount() == 0) {
         return false;
     }
-    const redemption::AddressEntry entry = mail_.firstRecipient();
+    const outlook::AddressEntry entry = mail_.firstRecipient();
     if (!entry) {
         return false;  // Nobody that Outlook knows: it will refuse the mail itself.
     }
@@ -159,15 +162,18 @@ void checkPreferredAccount(Globals& globals, clsSendAcct& list, mail::OutgoingMa
     try {
         Step(globals, list, mail, cancel).run(found);
     } catch (...) {
-        cancel = true;
         const automation::Error error = mail::currentError();
+        if (mail::isRefusal(error)) {
+            return;  // Nobody has let the add-in look: there is nothing that it could ask by.
+        }
+        cancel = true;
         mail::skipErrors([&] {
             globals.platform.desktop.messageBox(L"Error Number : " + std::to_wstring(error.number()) +
                                                     L"\r\nError Description : " + error.description(),
                                                 {platform::Buttons::Ok, platform::Icon::Critical},
                                                 globals.product.title);
         });
-        mail::skipErrors([&] { redemption::cleanUp(globals.platform.automation); });
+        mail::skipErrors([&] { mail::cleanUpMapi(globals); });
     }
 }
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <optional>
 
-#include "mail/MapiSession.h"
+#include "mail/Provider.h"
 #include "mail/errorTrap.h"
 #include "platform/text.h"
 
@@ -70,10 +70,10 @@ std::shared_ptr<clsSendAcct> OpenList(Globals& globals) {
 
 std::vector<std::wstring> AccountOrder(Globals& globals) {
     const auto read = [&] {
-        const redemption::Session session(globals);
+        const auto session = globals.provider->session(globals);
         std::vector<std::wstring> names;
-        for (const redemption::Account account : session.accountsInOrder()) {
-            names.push_back(account.name());
+        for (const auto& account : session->accounts()) {
+            names.push_back(account->name());
         }
         return names;
     };

@@ -2,8 +2,7 @@
 #include "accounts/clsSendAcct.h"
 #include "accounts/emptyList.h"
 #include "accounts/listFolder.h"
-#include "mail/MapiSession.h"
-#include "mail/SafeItems.h"
+#include "mail/Provider.h"
 #include "mail/basGlobals.h"
 #include "mail/errorTrap.h"
 
@@ -19,7 +18,7 @@ using mail::skipErrors;
 using platform::Icon;
 
 bool holdsList(const Globals& globals, const outlook::Item& item) {
-    return skipErrors([&] { AccountRows(redemption::SafeItem(globals.platform.automation, item).body()); });
+    return skipErrors([&] { AccountRows(mail::SafeItem(globals, item).body()); });
 }
 
 /// An item of the list's that was made, but could be neither moved to its folder nor deleted: it lies among
@@ -48,7 +47,7 @@ outlook::Item newItem(Globals& globals, const outlook::Folder& folder) {
     const outlook::Item draft = globals.outlook.createMail();
     try {
         draft.setSubject(listFolder::listSubject);
-        const redemption::SafeItem safe(globals.platform.automation, draft);
+        const mail::SafeItem safe(globals, draft);
         safe.setBody(emptyList);
         if (!googleApps) {  // Its connector would carry the draft to the server before it is moved.
             safe.save();
@@ -126,10 +125,8 @@ outlook::Item clsSendAcct::makeItem(const outlook::Folder& folder) {
 /// So that the folder shows no unread count; one that stays is not worth a message.
 void clsSendAcct::MarkMailAsRead(const outlook::Item& item) {
     skipErrors([&] {
-        const redemption::MapiCleanUp cleanUp(globals_.platform.automation);
-        const redemption::Session session(globals_);
-        const outlook::Folder folder(item.object().get(L"Parent").toObject());
-        session.message(item.entryId(), folder.storeId()).put(L"UnRead", false);
+        const mail::MapiCleanUp cleanUp(globals_);
+        globals_.provider->session(globals_)->markAsRead(item);
     });
 }
 

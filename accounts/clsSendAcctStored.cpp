@@ -6,7 +6,7 @@
 #include "accounts/listBody.h"
 #include "accounts/listFolder.h"
 #include "accounts/listMessages.h"
-#include "mail/SafeItems.h"
+#include "mail/Provider.h"
 #include "mail/errorTrap.h"
 
 namespace accounts {
@@ -22,8 +22,8 @@ using platform::Icon;
 /// How often a change is made anew because somebody else has stored the list meanwhile.
 constexpr int mostAttempts = 5;
 
-redemption::SafeItem safe(const Globals& globals, const outlook::Item& item) {
-    return {globals.platform.automation, item};
+mail::SafeItem safe(const Globals& globals, const outlook::Item& item) {
+    return {globals, item};
 }
 
 /// What the items hold that have the subject of the list.
@@ -122,7 +122,7 @@ bool clsSendAcct::EmailAddressMailSave(const rowset::Rowset& rows, const std::ws
             showItemMissing();
             return false;
         }
-        const redemption::SafeItem mail = safe(globals_, item);
+        const mail::SafeItem mail = safe(globals_, item);
         const std::wstring before = mail.body();
         static_cast<void>(AccountRows(before));  // What is no list may be something the user can still mend.
         const listBody::Result result = listBody::replace(mail, before, text);

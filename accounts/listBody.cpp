@@ -12,7 +12,7 @@ using mail::attempt;
 
 /// An item that could not be saved would go on showing, and Outlook perhaps save later, what was only meant
 /// to be stored. What somebody else has written there meanwhile stays.
-Outcome takeBack(const redemption::SafeItem& item, const std::wstring& before, const std::wstring& after) {
+Outcome takeBack(const mail::SafeItem& item, const std::wstring& before, const std::wstring& after) {
     const bool takenBack = mail::skipErrors([&] {
         if (holdSameList(item.body(), after)) {
             item.setBody(before);
@@ -45,7 +45,7 @@ bool holdSameList(const std::wstring& left, const std::wstring& right) {
 /// Outlook has no means to write only what nobody else has written meanwhile. What another writer stores
 /// during the one call that sets the body, between the last look at it and the new text, is lost; what he
 /// stores later is either seen afterwards or lets the saving fail.
-Result replace(const redemption::SafeItem& item, const std::wstring& before, const std::wstring& after) {
+Result replace(const mail::SafeItem& item, const std::wstring& before, const std::wstring& after) {
     if (!holdSameList(item.body(), before)) {
         return {Outcome::Overtaken, {}};
     }

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "mail/SafeItems.h"
+#include "mail/Provider.h"
 
 /// The body of the item that holds the list, which others write as well: Outlook delivers other sends inside
 /// of its calls, and another Outlook may be at work on the same mailbox.
@@ -31,6 +31,6 @@ struct Result {
 
 /// Writes a list in place of the one that was read as `before`, all of it or none. Throws automation::Error
 /// when the item cannot be read.
-Result replace(const redemption::SafeItem& item, const std::wstring& before, const std::wstring& after);
+Result replace(const mail::SafeItem& item, const std::wstring& before, const std::wstring& after);
 
 }  // namespace accounts::listBody

@@ -4,6 +4,7 @@
 #include "accounts/accountStep.h"
 #include "addin/productTexts.h"
 #include "checks/basVeltro.h"
+#include "mail/Provider.h"
 #include "mail/errorTrap.h"
 #include "platform/FunctionTarget.h"
 #include "settings/prompts.h"
@@ -20,6 +21,9 @@ using Arguments = std::span<const Value>;
 
 Buttons::Buttons(const platform::Platform& ports) : around_(ports) {
     readProductTexts(globals_);
+    if (!mail::hasRedemption(globals_)) {
+        globals_.provider = &mail::untrustedProvider();  // Outlook's trust ends with its process.
+    }
 }
 
 automation::Object Buttons::object(std::shared_ptr<Buttons> buttons) {

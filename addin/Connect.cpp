@@ -10,6 +10,7 @@
 #include "addin/settingsFolder.h"
 #include "addin/settingsWizard.h"
 #include "mail/ProfileAddresses.h"
+#include "mail/Provider.h"
 #include "mail/errorTrap.h"
 #include "settings/modLoadSettings.h"
 #include "settings/modRegKeys.h"
@@ -74,15 +75,15 @@ void Connect::OnConnection(const automation::Object& application, int /*connectM
 
 void Connect::lookForLibrary() {
     if (!std::exchange(libraryLookedFor_, true)) {
-        missingLibrary::lookFor(globals_);
+        globals_.provider = &missingLibrary::bestProvider(globals_);
     }
 }
 
 /// Once, and with a window on the screen: a program that has started Outlook without one, or works with a
 /// window that it never shows, must not wait for an answer.
 void Connect::tellOfMissingLibrary() {
-    if (globals_.redemptionMissing && !std::exchange(toldOfLibrary_, true)) {
-        skipErrors([&] { missingLibrary::tell(globals_); });
+    if (!globals_.provider->hasAccounts() && !std::exchange(toldOfLibrary_, true)) {
+        skipErrors([&] { missingLibrary::tellOnce(globals_); });
     }
 }
 
@@ -167,16 +168,16 @@ void Connect::openAccountList() {
         settingsFolder::moveToCurrentPlace(globals_, *top);
     }
     const auto found = top ? list->Initialise(*top) : list->Initialise();
-    if (!globals_.redemptionMissing && !list->LoadFound(found)) {
+    if (globals_.provider->hasAccounts() && !list->LoadFound(found)) {
         list->LoadList();
     }
 }
 
 void Connect::refreshEmailList() {
-    if (globals_.redemptionMissing || !modRegKeys::UseOutlookSettings.read(globals_)) {
+    if (!modRegKeys::UseOutlookSettings.read(globals_)) {
         return;
     }
-    // A profile that could not be read must not empty the list.
+    // A profile that cannot be read must not empty the list.
     if (const auto addresses = mail::vtAccountsEmailAddress(globals_)) {
         modRegKeys::EmailList.write(globals_, *addresses);
     }

@@ -137,7 +137,7 @@ void ExplorerWrap::gcmdTWl_Veltro_List_Click() {
                 prompts::titled(globals_, L"Account Sentry"));
             return;
         }
-        if (globals_.redemptionMissing) {
+        if (!globals_.provider->hasAccounts()) {
             missingLibrary::tell(globals_);
             return;
         }

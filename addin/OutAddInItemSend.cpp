@@ -81,8 +81,7 @@ void OutAddIn::objOutlook_ItemSend(const outlook::Item& item, bool& cancel) {
     const auto list = accounts::basSendAcct::OpenList(globals_);
     const auto found = list->CreatePostrouteFolder();
     const auto mail = outgoingMail(item);
-    // Without the library that reads items there is nothing to ask by: the mail leaves.
-    if (!found || !mail->isMail() || globals_.redemptionMissing || cancel) {
+    if (!found || !mail->isMail() || cancel) {
         return;
     }
     const Release release(*mail);

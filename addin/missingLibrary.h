@@ -1,14 +1,16 @@
 #pragma once
 
-#include "mail/Globals.h"
+#include "mail/Provider.h"
 
-/// What the user is told when the library that reads mails is missing.
+/// The Redemption library, which some Outlooks can do without.
 namespace addin::missingLibrary {
 
-/// Finds out whether the library can be had, without a word.
-void lookFor(mail::Globals& globals);
+/// The way to read that the machine and its Outlook allow.
+const mail::Provider& bestProvider(const mail::Globals& globals);
 
-/// Says what is missing and what is not done without it.
+/// Says what is missing and what is not done without it. Throws automation::Error.
 void tell(const mail::Globals& globals);
+/// The same, unless the user has been told before, at this start or another.
+void tellOnce(const mail::Globals& globals);
 
 }  // namespace addin::missingLibrary

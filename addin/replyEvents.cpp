@@ -3,6 +3,7 @@
 #include "addin/eventArguments.h"
 #include "checks/basVeltro.h"
 #include "checks/pruneReply.h"
+#include "mail/Provider.h"
 #include "mail/errorTrap.h"
 
 namespace addin::replyEvents {
@@ -13,24 +14,23 @@ using mail::Globals;
 using mail::note;
 using mail::Skipped;
 
-/// What reads mails is left out where the library for it is missing.
-bool canRead(const Globals& globals) {
-    if (globals.redemptionMissing) {
+/// Who a mail is from and to is not looked at where Outlook would ask the user about it.
+bool readsPeople(const Globals& globals) {
+    const bool reads = globals.provider->readsPeople();
+    if (!reads) {
         note(Skipped::LibraryMissing);
     }
-    return !globals.redemptionMissing;
+    return reads;
 }
 
 void checkSubject(Globals& globals, const outlook::Item& answered, const outlook::Item& response) {
-    if (!globals.redemptionMissing) {
-        checks::vtOldSubject(globals, answered, response);
-    }
+    checks::vtOldSubject(globals, answered, response);
     checks::vtRemoveSpamMarks(globals, response);
 }
 
 void reply(Globals& globals, const outlook::Item& answered, const outlook::Item& response, bool& cancel) {
     checkSubject(globals, answered, response);
-    if (!canRead(globals)) {
+    if (!readsPeople(globals)) {
         return;
     }
     checks::AnsweredMail mail(globals, answered);
@@ -39,7 +39,7 @@ void reply(Globals& globals, const outlook::Item& answered, const outlook::Item&
 
 void replyAll(Globals& globals, const outlook::Item& answered, const outlook::Item& response, bool& cancel) {
     checkSubject(globals, answered, response);
-    if (!canRead(globals)) {
+    if (!readsPeople(globals)) {
         return;
     }
     checks::AnsweredMail mail(globals, answered);

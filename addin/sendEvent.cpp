@@ -29,9 +29,7 @@ void handle(mail::Globals& globals, const std::shared_ptr<mail::OutgoingMail>& m
             return;
         }
         checkSubject(globals, *mail, cancel);
-        if (globals.redemptionMissing) {
-            mail::note(mail::Skipped::LibraryMissing);
-        } else if (!cancel) {
+        if (!cancel) {
             checks::vtAttachMissingCheck(globals, *mail, cancel);
         }
     });

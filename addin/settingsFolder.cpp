@@ -1,6 +1,5 @@
 #include "addin/settingsFolder.h"
 
-#include "mail/SafeItems.h"
 #include "mail/errorTrap.h"
 #include "platform/text.h"
 #include "settings/modRegKeys.h"
@@ -35,9 +34,8 @@ OldPlace findOldPlace(const accounts::listFolder::Folders& top) {
 }
 
 /// The item that holds the list of preferred accounts.
-bool holdsList(const Globals& globals, const outlook::Folder& folder) {
-    for (const outlook::Item found : folder.items()) {
-        const redemption::SafeItem item(globals.platform.automation, found);
+bool holdsList(const outlook::Folder& folder) {
+    for (const outlook::Item item : folder.items()) {
         if (text::equalsTrimmed(item.subject(), accounts::listFolder::listSubject)) {
             return true;
         }
@@ -78,7 +76,7 @@ void moveToCurrentPlace(Globals& globals, const accounts::listFolder::Folders& t
     if (!place || !place->dataFolder) {
         return;
     }
-    const auto found = attempt([&] { return holdsList(globals, place->dataFolder); });
+    const auto found = attempt([&] { return holdsList(place->dataFolder); });
     if (!found) {
         return;  // Unread is not empty: the next start looks again.
     }

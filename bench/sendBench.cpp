@@ -21,25 +21,52 @@ host::Profile profileWithList(const std::wstring& listed) {
     return profile;
 }
 
-enum class Sender { Alone, WithAddIn, WithOthersPreferredAccount, WithPreferredAccount };
+enum class Sender { Alone, WithAddIn, WithOthersPreferredAccount, WithPreferredAccount, WithAllChecks };
+
+/// What reads the mails.
+enum class Reader { Redemption, OwnObjects };
+
+host::Profile readBy(Reader reader, host::Profile profile) {
+    if (reader == Reader::OwnObjects) {
+        profile.redemptionRegistered = false;
+        profile.version = L"16.0.17328.20550";
+    }
+    return profile;
+}
 
 host::Profile profileOf(Sender sender) {
     switch (sender) {
         case Sender::WithOthersPreferredAccount:
             return profileWithList(L"ann@example.org");
         case Sender::WithPreferredAccount:
+        case Sender::WithAllChecks:
             return profileWithList(L"bob@example.org");
         default:
             return {};
     }
 }
 
+/// Without a question.
+void switchEverythingOn(platform::SettingsStore& settings) {
+    settings.write(L"DisplayConfirmation", L"2");
+    settings.write(L"ConfirmEmailAddrs", L"nobody@example.org");
+    settings.write(L"ConfirmForXRecipients", L"True");
+    settings.write(L"DelayEmails", L"True");
+    settings.write(L"AutoDelayAll", L"0");
+    settings.write(L"DelayedEmailAddrs", L"bob@example.org");
+    settings.write(L"NotifyBeforeDelaying", L"False");
+    settings.write(L"MsgAddAddress", L"0");
+}
+
 /// One press of Send in an open window.
-void send(benchmark::State& state, Sender sender) {
-    BenchWorld world(profileOf(sender));
+void send(benchmark::State& state, Sender sender, Reader reader = Reader::Redemption) {
+    BenchWorld world(readBy(reader, profileOf(sender)));
     world.settings.write(L"ShowStartupWizard", L"False");
     world.settings.write(L"MsgAddAddress", L"1");
     world.settings.write(L"DoNotShowSelect", L"1");
+    if (sender == Sender::WithAllChecks) {
+        switchEverythingOn(world.settings);
+    }
     if (sender != Sender::Alone) {
         world.connect();
     }
@@ -68,12 +95,17 @@ BENCHMARK_CAPTURE(send, switchedToPreferredAccount, Sender::WithPreferredAccount
     ->Iterations(100)
     ->Unit(benchmark::kMicrosecond);
 
+BENCHMARK_CAPTURE(send, allChecks, Sender::WithAllChecks)->Iterations(100)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(send, allChecksByOwnObjects, Sender::WithAllChecks, Reader::OwnObjects)
+    ->Iterations(100)
+    ->Unit(benchmark::kMicrosecond);
+
 /// With one explorer open, and a stored list.
-void onConnection(benchmark::State& state) {
+void onConnection(benchmark::State& state, Reader reader) {
     std::size_t calls = 0;
     for (auto _ : state) {
         state.PauseTiming();
-        auto world = std::make_unique<BenchWorld>(profileWithList(L"bob@example.org"));
+        auto world = std::make_unique<BenchWorld>(readBy(reader, profileWithList(L"bob@example.org")));
         world->settings.write(L"ShowStartupWizard", L"False");
         state.ResumeTiming();
         world->connect();
@@ -86,6 +118,7 @@ void onConnection(benchmark::State& state) {
     state.counters["calls"] =
         benchmark::Counter(static_cast<double>(calls), benchmark::Counter::kAvgIterations);
 }
-BENCHMARK(onConnection)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(onConnection, redemption, Reader::Redemption)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(onConnection, ownObjects, Reader::OwnObjects)->Unit(benchmark::kMicrosecond);
 
 }  // namespace

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "checks/ownAddresses.h"
-#include "mail/MapiSession.h"
 #include "mail/basGlobals.h"
 #include "mail/errorTrap.h"
 #include "platform/text.h"
@@ -12,11 +11,11 @@ namespace checks {
 
 namespace {
 
-void readEntry(const redemption::AddressEntry& entry, MailRecipient& read) {
+void readEntry(const mail::Globals& globals, const outlook::AddressEntry& entry, MailRecipient& read) {
     const bool list = entry.isList();
     const std::wstring type = entry.type();
     read.rawAddress = entry.address();
-    read.address = mail::entryAddress(entry, type, read.rawAddress);
+    read.address = mail::entryAddress(globals, entry, type, read.rawAddress);
     read.exchange = text::equalsIgnoringCase(type, L"EX");
     if (read.exchange) {
         read.name = entry.name();
@@ -24,11 +23,11 @@ void readEntry(const redemption::AddressEntry& entry, MailRecipient& read) {
     read.list = list || read.address == mail::distributionListAddress;
 }
 
-MailRecipient readRecipient(const redemption::Recipient& recipient) {
+MailRecipient readRecipient(const mail::Globals& globals, const outlook::Recipient& recipient) {
     MailRecipient read;
     mail::skipErrors([&] { read.name = recipient.name(); });
     // Fails for one that was never resolved.
-    read.unknown = !mail::skipErrors([&] { readEntry(recipient.addressEntry(), read); });
+    read.unknown = !mail::skipErrors([&] { readEntry(globals, recipient.addressEntry(), read); });
     return read;
 }
 
@@ -50,11 +49,11 @@ std::wstring MailRecipient::shown() const {
 }
 
 std::vector<MailRecipient> readRecipients(mail::Globals& globals,
-                                          const outlook::Collection<redemption::Recipient>& recipients) {
-    const redemption::MapiCleanUp cleanUp(globals.platform.automation);
+                                          const outlook::Collection<outlook::Recipient>& recipients) {
+    const mail::MapiCleanUp cleanUp(globals);
     std::vector<MailRecipient> all;
-    for (const redemption::Recipient recipient : recipients) {
-        all.push_back(readRecipient(recipient));
+    for (const outlook::Recipient recipient : recipients) {
+        all.push_back(readRecipient(globals, recipient));
     }
     return all;
 }
@@ -70,9 +69,9 @@ bool OwnAddresses::contains(std::wstring_view address) const {
     return addresses_.contains(text::upper(text::trim(address)));
 }
 
-const redemption::SafeItem& AnsweredMail::safe() {
+const mail::SafeItem& AnsweredMail::safe() {
     if (!safe_) {
-        safe_.emplace(globals_.platform.automation, item_);
+        safe_.emplace(globals_, item_);
     }
     return *safe_;
 }
@@ -104,7 +103,7 @@ std::wstring AnsweredMail::smtpAddressOf(const std::wstring& rawAddress) {
             [&] { std::ranges::for_each(readRecipients(globals_, safe().replyRecipients()), note); });
         mail::skipErrors([&] {
             MailRecipient sender;
-            readEntry(safe().sender(), sender);
+            readEntry(globals_, safe().sender(), sender);
             note(sender);
         });
     }

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "mail/Globals.h"
-#include "mail/SafeItems.h"
+#include "mail/Provider.h"
 
 namespace checks {
 
@@ -33,7 +33,7 @@ struct MailRecipient {
 /// All of them in their order, each resolved once; one that cannot be read is unknown. Throws
 /// automation::Error when the recipients cannot be listed.
 std::vector<MailRecipient> readRecipients(mail::Globals& globals,
-                                          const outlook::Collection<redemption::Recipient>& recipients);
+                                          const outlook::Collection<outlook::Recipient>& recipients);
 
 /// The user's own addresses.
 class OwnAddresses {
@@ -57,7 +57,7 @@ class AnsweredMail {
 
     const outlook::Item& item() const { return item_; }
     /// These throw automation::Error.
-    const redemption::SafeItem& safe();
+    const mail::SafeItem& safe();
     const std::vector<MailRecipient>& recipients();
     const std::wstring& sender();
     /// The SMTP address of an Exchange user, when it is one of the mail's people; else empty.
@@ -68,7 +68,7 @@ class AnsweredMail {
   private:
     mail::Globals& globals_;
     outlook::Item item_;
-    std::optional<redemption::SafeItem> safe_;
+    std::optional<mail::SafeItem> safe_;
     std::optional<std::vector<MailRecipient>> recipients_;
     std::optional<std::wstring> sender_;
     /// By the address in Exchange's own form, in upper case.

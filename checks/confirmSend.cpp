@@ -1,3 +1,5 @@
+#include <source_location>
+
 #include "checks/basVeltro.h"
 #include "mail/errorTrap.h"
 #include "platform/number.h"
@@ -15,7 +17,8 @@ constexpr std::int16_t confirmEveryMail = 1;
 constexpr std::int16_t confirmListed = 2;
 
 bool userConfirms(Globals& globals, mail::OutgoingMail& mail) {
-    const std::wstring firstRecipient = GetFirstTORecipient(globals, mail);
+    const std::wstring firstRecipient =
+        mail.readsPeople() ? GetFirstTORecipient(globals, mail) : std::wstring();
     const std::wstring question = firstRecipient.empty()
                                       ? L"Do you wish to send this email?"
                                       : L"Do you wish to send this email to " + firstRecipient + L"?";
@@ -29,7 +32,8 @@ bool userConfirms(Globals& globals, mail::OutgoingMail& mail) {
 
 bool mustConfirm(Globals& globals, mail::OutgoingMail& mail) {
     const std::int16_t choice = modRegKeys::DisplayConfirmation.read(globals);
-    return choice == confirmEveryMail || (choice == confirmListed && AtLeast1EmailInRecipt(globals, mail));
+    return choice == confirmEveryMail ||
+           (choice == confirmListed && mail.readsPeople() && AtLeast1EmailInRecipt(globals, mail));
 }
 
 /// Held in 16 bits: a larger limit is an overflow, which goes back to Outlook.
@@ -40,7 +44,15 @@ std::int16_t recipientLimit(const Globals& globals) {
 bool hasManyRecipients(const Globals& globals, mail::OutgoingMail& mail) {
     const std::int16_t limit = recipientLimit(globals);
     mail::skipErrors([&] { mail.stored(); });  // Else those that were saved before are counted.
-    return mail.recipientCount() > limit;
+    try {
+        return mail.recipientCount() > limit;
+    } catch (const automation::Error& error) {
+        if (!mail::isRefusal(error)) {
+            throw;
+        }
+        mail::noteError(std::source_location::current());
+        return false;
+    }
 }
 
 }  // namespace
@@ -71,7 +83,8 @@ bool AtLeast1EmailInRecipt(Globals& globals, mail::OutgoingMail& mail) {
 void confirmSend(Globals& globals, mail::OutgoingMail& mail, bool& cancel) {
     if (mustConfirm(globals, mail)) {
         cancel = !userConfirms(globals, mail);
-    } else if (modRegKeys::ConfirmForXRecipients.read(globals) && hasManyRecipients(globals, mail)) {
+    } else if (modRegKeys::ConfirmForXRecipients.read(globals) && mail.readsPeople() &&
+               hasManyRecipients(globals, mail)) {
         cancel = !userConfirms(globals, mail);
     }
 }

@@ -49,7 +49,7 @@ class IgnoredNames {
         : active_(modRegKeys::IgnoreAttach.read(globals)),
           names_(modRegKeys::IgnoreAttachValue.read(globals)) {}
 
-    bool contain(const redemption::Attachment& attachment) const {
+    bool contain(const outlook::Attachment& attachment) const {
         if (!active_) {
             return false;
         }
@@ -69,22 +69,22 @@ class IgnoredNames {
 };
 
 /// True when an attachment counts: one that is neither disregarded nor a picture inside the text.
-bool hasAttachment(const Globals& globals, const redemption::SafeItem& mail) {
+bool hasAttachment(const Globals& globals, const mail::SafeItem& mail) {
     const IgnoredNames ignored(globals);
-    std::vector<std::wstring> contentIds;
-    for (const redemption::Attachment attachment : mail.attachments()) {
+    std::vector<std::wstring> marks;
+    for (const outlook::Attachment attachment : mail.attachments()) {
         if (ignored.contain(attachment)) {
             continue;
         }
-        // One whose id cannot be read is no picture inside the text.
-        const std::wstring contentId = mail::attempt([&] { return attachment.contentId(); }).value_or(L"");
-        if (contentId.empty()) {
+        // One of which that cannot be read is no picture inside the text.
+        const std::wstring mark = mail::attempt([&] { return mail.pictureMark(attachment); }).value_or(L"");
+        if (mark.empty()) {
             return true;
         }
-        contentIds.push_back(text::upper(contentId));
+        marks.push_back(text::upper(mark));
     }
     // Only now the body, which may be of any size: a mail with a real attachment costs no look at it.
-    return !contentIds.empty() && !allOccur(contentIds, text::upper(mail.htmlBody()));
+    return !marks.empty() && !allOccur(marks, text::upper(mail.htmlBody()));
 }
 
 }  // namespace

@@ -53,7 +53,7 @@ void delayEveryMail(const Globals& globals, const outlook::Item& mail, std::int3
 
 void delayListedMail(const Globals& globals, mail::OutgoingMail& mail, std::int32_t seconds) {
     const std::wstring listed = modRegKeys::DelayedEmailAddrs.read(globals);
-    if (listed.empty()) {
+    if (listed.empty() || !mail.readsPeople()) {
         return;
     }
     mail.stored();

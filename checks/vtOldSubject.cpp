@@ -2,7 +2,7 @@
 
 #include "checks/basVeltro.h"
 #include "checks/frmOldSubject.h"
-#include "mail/SafeItems.h"
+#include "mail/Provider.h"
 #include "mail/errorTrap.h"
 #include "settings/modRegKeys.h"
 #include "settings/prompts.h"
@@ -15,8 +15,7 @@ using mail::Globals;
 
 /// The number of midnights since the mail was delivered; 0 for one that never was.
 double ageInDays(const Globals& globals, const outlook::Item& answered) {
-    const redemption::SafeItem mail(globals.platform.automation, answered);
-    const automation::Value delivered = mail.field(redemption::tag::deliveryTime);
+    const automation::Value delivered = mail::SafeItem(globals, answered).deliveryTime();
     if (delivered.isEmpty()) {
         return 0;
     }

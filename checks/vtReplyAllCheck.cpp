@@ -4,7 +4,7 @@
 #include "checks/frmReplyMultRecipt.h"
 #include "checks/ownAddresses.h"
 #include "checks/pruneReply.h"
-#include "mail/MapiSession.h"
+#include "mail/Provider.h"
 #include "mail/basGlobals.h"
 #include "mail/errorTrap.h"
 #include "settings/modRegKeys.h"
@@ -93,7 +93,7 @@ bool userGoesOn(Globals& globals, AnsweredMail& answered, const outlook::Item& r
 }  // namespace
 
 void vtReplyAllCheck(Globals& globals, AnsweredMail& answered, const outlook::Item& reply, bool& cancel) {
-    const redemption::MapiCleanUp cleanUp(globals.platform.automation);
+    const mail::MapiCleanUp cleanUp(globals);
     if (!userGoesOn(globals, answered, reply)) {
         cancel = true;
         return;

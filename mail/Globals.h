@@ -10,7 +10,10 @@
 
 namespace mail {
 class OutgoingMail;
-}
+class Provider;
+/// The one that the globals begin with.
+const Provider& redemptionProvider() noexcept;
+}  // namespace mail
 namespace accounts {
 class clsSendAcct;
 }
@@ -42,9 +45,8 @@ struct Globals {
     /// The list of preferred accounts; nothing until it is first opened, and after the last window has
     /// closed.
     std::shared_ptr<accounts::clsSendAcct> sendAccounts;
-    /// The Redemption library, which reads mails, cannot be had. The user was told at the start, so that what
-    /// needs it is left out without a word.
-    bool redemptionMissing = false;
+    /// How mails and profiles are read; chosen when Outlook connects the add-in.
+    const Provider* provider = &redemptionProvider();
     /// From the first step of the start-up to its last; stays set when Outlook started without a window.
     bool startingUp = false;
     /// The entry id of the mail that the add-in itself is answering: its checks keep quiet about that answer,

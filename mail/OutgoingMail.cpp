@@ -39,7 +39,7 @@ void OutgoingMail::release() noexcept {
     forget();
     safe_.reset();
     if (std::exchange(mapiUsed_, false)) {
-        mail::skipErrors([&] { redemption::cleanUp(globals_.platform.automation); });
+        mail::skipErrors([&] { cleanUpMapi(globals_); });
     }
 }
 
@@ -54,27 +54,34 @@ bool OutgoingMail::editsInWord() {
         [&] { return basWordMail::editsInWord(globals_, window_); });
 }
 
-redemption::SafeItem OutgoingMail::safe() {
+bool OutgoingMail::readsPeople() const {
+    const bool reads = globals_.provider->readsPeople();
+    if (!reads) {
+        note(Skipped::LibraryMissing);
+    }
+    return reads;
+}
+
+SafeItem OutgoingMail::safe() {
     if (!safe_) {
-        safe_.emplace(globals_.platform.automation, item_);
+        safe_.emplace(globals_, item_);
     }
     return *safe_;
 }
 
-/// Redemption reads the stored message, and what was typed is not in it before a save. Outlook skips a save
-/// when there is nothing new.
-redemption::SafeItem OutgoingMail::stored() {
-    const redemption::SafeItem safe = this->safe();
+/// Outlook skips a save when there is nothing new.
+SafeItem OutgoingMail::stored() {
+    const SafeItem safe = this->safe();
     once(
         [](Known & known) -> auto& { return known.saved; },
         [&] {
-            safe.save();
+            safe.bringUpToDate();
             return true;
         });
     return safe;
 }
 
-outlook::Collection<redemption::Recipient> OutgoingMail::recipients() {
+outlook::Collection<outlook::Recipient> OutgoingMail::recipients() {
     mapiUsed_ = true;
     return once(
         [](Known & known) -> auto& { return known.recipients; }, [&] { return safe().recipients(); });
@@ -85,7 +92,7 @@ std::int32_t OutgoingMail::recipientCount() {
         [](Known & known) -> auto& { return known.recipientCount; }, [&] { return recipients().count(); });
 }
 
-redemption::AddressEntry OutgoingMail::firstRecipient() {
+outlook::AddressEntry OutgoingMail::firstRecipient() {
     return once(
         [](Known & known) -> auto& { return known.firstRecipient; },
         [&] { return recipients().item(1).addressEntry(); });
@@ -93,8 +100,8 @@ redemption::AddressEntry OutgoingMail::firstRecipient() {
 
 std::wstring OutgoingMail::recipientAddress(std::int32_t position) noexcept {
     const auto read = [&] {
-        return mail::entryAddress(position == 1 ? firstRecipient()
-                                                : recipients().item(position).addressEntry());
+        return mail::entryAddress(
+            globals_, position == 1 ? firstRecipient() : recipients().item(position).addressEntry());
     };
     return mail::attempt([&] {
                return once(
@@ -115,17 +122,18 @@ std::optional<std::wstring> OutgoingMail::findRecipientAddress(
     return std::nullopt;
 }
 
-redemption::Session OutgoingMail::session() {
+std::shared_ptr<const Session> OutgoingMail::session() {
     mapiUsed_ = true;
     return once(
-        [](Known & known) -> auto& { return known.session; }, [&] { return redemption::Session(globals_); });
+        [](Known & known) -> auto& { return known.session; },
+        [&] { return std::shared_ptr<const Session>(globals_.provider->session(globals_)); });
 }
 
 std::vector<OutgoingMail::NamedAccount> OutgoingMail::accounts() {
     const auto read = [&] {
         std::vector<NamedAccount> accounts;
-        for (const redemption::Account account : session().accountsInOrder()) {
-            accounts.push_back({account.name(), account});
+        for (const auto& account : session()->accounts()) {
+            accounts.push_back({account->name(), account});
         }
         return accounts;
     };
@@ -134,9 +142,7 @@ std::vector<OutgoingMail::NamedAccount> OutgoingMail::accounts() {
 }
 
 std::wstring OutgoingMail::chosenAccount() {
-    const automation::Object message = session().message(item_.entryId());
-    const redemption::Account account(message.get(L"Account").toObject());
-    return account ? account.name() : std::wstring();
+    return session()->chosenAccount(item_);
 }
 
 }  // namespace mail

@@ -3,13 +3,13 @@
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "mail/Globals.h"
-#include "mail/MapiSession.h"
-#include "mail/SafeItems.h"
+#include "mail/Provider.h"
 
 namespace mail {
 
@@ -41,15 +41,18 @@ class OutgoingMail {
     /// True when its window is one of Word's: the template's macros ask then.
     bool editsInWord();
 
-    /// What was last saved of the item, where it has such a form, and Outlook's own item for everything else.
-    redemption::SafeItem safe();
-    /// The same, with all that was typed in it: the item is saved first.
-    redemption::SafeItem stored();
+    /// False where Outlook would ask the user before it tells who the mail is to, which is left unknown then.
+    bool readsPeople() const;
+
+    /// The item as it can be read at once: perhaps what was last saved of it.
+    SafeItem safe();
+    /// The same, with all that was typed in it.
+    SafeItem stored();
 
     // Of the item as it is stored: stored() comes first.
     std::int32_t recipientCount();
     /// Nothing for one that Outlook could not resolve.
-    redemption::AddressEntry firstRecipient();
+    outlook::AddressEntry firstRecipient();
     /// The SMTP address of the recipient at the 1-based position, or mail::distributionListAddress;
     /// empty when it is unknown. Never throws.
     std::wstring recipientAddress(std::int32_t position) noexcept;
@@ -59,7 +62,7 @@ class OutgoingMail {
 
     struct NamedAccount {
         std::wstring name;
-        redemption::Account account;
+        std::shared_ptr<const Account> account;
     };
     /// The profile's mail accounts in their order.
     std::vector<NamedAccount> accounts();
@@ -74,24 +77,24 @@ class OutgoingMail {
         std::optional<bool> saved;
         std::optional<std::wstring> subject;
         std::optional<bool> editsInWord;
-        std::optional<outlook::Collection<redemption::Recipient>> recipients;
+        std::optional<outlook::Collection<outlook::Recipient>> recipients;
         std::optional<std::int32_t> recipientCount;
-        std::optional<redemption::AddressEntry> firstRecipient;
+        std::optional<outlook::AddressEntry> firstRecipient;
         std::map<std::int32_t, std::optional<std::wstring>> addresses;
-        std::optional<redemption::Session> session;
+        std::optional<std::shared_ptr<const Session>> session;
         std::optional<std::vector<NamedAccount>> accounts;
     };
 
     template <class Slot, class Read>
     auto once(const Slot& slot, const Read& read);
-    outlook::Collection<redemption::Recipient> recipients();
-    redemption::Session session();
+    outlook::Collection<outlook::Recipient> recipients();
+    std::shared_ptr<const Session> session();
 
     mail::Globals& globals_;
     outlook::Item item_;
     std::optional<bool> isMail_;
     outlook::Inspector window_;
-    std::optional<redemption::SafeItem> safe_;
+    std::optional<SafeItem> safe_;
     Known known_;
     /// Something was read that the MAPI library keeps.
     bool mapiUsed_ = false;

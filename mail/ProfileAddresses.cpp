@@ -1,17 +1,15 @@
 #include "mail/ProfileAddresses.h"
 
-#include "mail/MapiSession.h"
+#include "mail/Provider.h"
 #include "mail/errorTrap.h"
 
 namespace mail {
 
 namespace {
 
-/// Most are Internet accounts, which alone have an address to read.
-std::wstring accountAddress(Globals& globals, const redemption::Account& account) {
-    std::wstring address = attempt([&] { return account.smtpAddress(); }).value_or(L"");
-    const bool isExchange = address.empty() && account.type() == redemption::exchangeAccount;
-    return isExchange ? ExchangeAccountSMTPAddress(globals) : address;
+std::wstring accountAddress(Globals& globals, const Account& account) {
+    std::wstring address = account.smtpAddress();
+    return address.empty() && account.isExchange() ? ExchangeAccountSMTPAddress(globals) : address;
 }
 
 }  // namespace
@@ -20,10 +18,13 @@ std::optional<std::wstring> vtAccountsEmailAddress(Globals& globals) {
     return trapErrors(
         globals, ErrorReport::module(L"vtAccountsEmailAddress"),
         [&]() -> std::optional<std::wstring> {
-            const redemption::Session session(globals);
+            if (!globals.provider->hasAccounts()) {
+                return std::nullopt;
+            }
+            const auto session = globals.provider->session(globals);
             std::wstring addresses;
-            for (const redemption::Account account : session.accountsInOrder()) {
-                const std::wstring address = accountAddress(globals, account);
+            for (const auto& account : session->accounts()) {
+                const std::wstring address = accountAddress(globals, *account);
                 if (!address.empty()) {
                     addresses += (addresses.empty() ? L"" : L";") + address;
                 }
@@ -35,17 +36,7 @@ std::optional<std::wstring> vtAccountsEmailAddress(Globals& globals) {
 
 std::wstring ExchangeAccountSMTPAddress(Globals& globals) {
     return trapErrors(globals, ErrorReport::module(L"ExchangeAccountSMTPAddress"),
-                      [&]() -> std::wstring {
-                          const redemption::Session session(globals);
-                          session.logonIfNeeded();
-                          for (const redemption::Store store : session.stores()) {
-                              if (store.kind() == redemption::primaryExchangeStore) {
-                                  return store.owner().smtpAddress();
-                              }
-                          }
-                          return {};
-                      },
-                      {});
+                      [&] { return globals.provider->session(globals)->exchangeOwner(); }, {});
 }
 
 }  // namespace mail

@@ -25,7 +25,7 @@ const char* wordsFor(Skipped why) {
         case Skipped::ItemUnreadable:
             return "the item cannot be read";
         case Skipped::LibraryMissing:
-            return "the Redemption library is missing";
+            return "not to be read without the Redemption library";
         case Skipped::OwnAnswer:
             return "the add-in's own answer";
         case Skipped::OtherWindowActs:

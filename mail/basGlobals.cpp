@@ -1,7 +1,7 @@
 #include "mail/basGlobals.h"
 
-#include "mail/MapiSession.h"
 #include "mail/OutlookVersion.h"
+#include "mail/Provider.h"
 #include "mail/errorTrap.h"
 #include "platform/text.h"
 
@@ -9,74 +9,35 @@ namespace mail {
 
 namespace {
 
-using redemption::AddressEntry;
-using redemption::MapiCleanUp;
-namespace tag = redemption::tag;
-
 constexpr wchar_t unresolvedMessage[] = L"E-mail address cannot be resolved. Please check e-mail address.";
 
-std::wstring_view safeItemClass(std::int32_t itemClass) {
-    switch (itemClass) {
-        case outlook::itemClass::post:
-            return redemption::progId::safePostItem;
-        case outlook::itemClass::report:
-            return redemption::progId::safeReportItem;
-        default:
-            return redemption::progId::safeMailItem;
-    }
-}
-
-/// The primary address among an Exchange entry's proxy addresses; secondary ones have a lower-case prefix.
-std::wstring primaryProxy(const AddressEntry& entry) {
-    constexpr std::wstring_view prefix = L"SMTP:";
-    const automation::Value proxies = entry.field(tag::proxyAddresses);
-    if (!proxies.holds<automation::Array>()) {
-        return {};
-    }
-    for (const automation::Value& proxy : proxies.toArray()) {
-        const std::wstring text = proxy.toText();
-        if (text.starts_with(prefix)) {
-            return text.substr(prefix.size());
-        }
-    }
-    return {};
-}
-
-/// An Exchange entry whose proxy addresses cannot be read may still know its SMTP address.
-std::wstring exchangeAddress(const AddressEntry& entry) {
-    std::wstring address = attempt([&] { return primaryProxy(entry); }).value_or(L"");
-    return address.empty() ? entry.smtpAddress() : address;
-}
-
 template <class OwnAddress>
-std::wstring addressOf(const AddressEntry& entry, const std::wstring& type, const OwnAddress& ownAddress) {
+std::wstring addressOf(const Globals& globals, const outlook::AddressEntry& entry, const std::wstring& type,
+                       const OwnAddress& ownAddress) {
     if (text::equalsIgnoringCase(type, L"EX")) {
-        return exchangeAddress(entry);
+        return globals.provider->exchangeAddress(entry);
     }
     return text::equalsIgnoringCase(type, L"MAPIPDL") ? distributionListAddress : ownAddress();
 }
 
-std::wstring senderAddress(Globals& globals, const outlook::Item& item) {
-    const redemption::SafeItem safe(globals.platform.automation, safeItemClass(item.itemClass()), item);
-    const std::wstring type = safe.field(tag::senderAddressType).toText();
-    const AddressEntry sender = safe.sender();
+std::wstring senderAddress(const Globals& globals, const outlook::Item& item) {
+    const SafeItem safe(globals, item, item.itemClass());
+    const std::wstring type = safe.senderType();
     std::wstring address;
     if (text::equalsIgnoringCase(type, L"SMTP")) {
-        address = sender.address();
+        address = safe.senderAddress();
     } else if (text::equalsIgnoringCase(type, L"EX")) {
-        return exchangeAddress(sender);
+        return globals.provider->exchangeAddress(safe.sender());
     }
-    return address.empty() ? sender.smtpAddress() : address;
+    return address.empty() ? globals.provider->smtpAddress(safe.sender()) : address;
 }
 
-std::wstring onBehalfAddress(Globals& globals, const outlook::Item& item) {
+std::wstring onBehalfAddress(const Globals& globals, const outlook::Item& item) {
     if (item.itemClass() != outlook::itemClass::mail) {
         return {};
     }
-    const redemption::SafeItem safe(globals.platform.automation, item);
-    const std::wstring type = safe.field(tag::onBehalfAddressType).toText();
-    return text::equalsIgnoringCase(type, L"SMTP") ? safe.field(tag::onBehalfAddress).toText()
-                                                   : std::wstring();
+    const SafeItem safe(globals, item);
+    return text::equalsIgnoringCase(safe.onBehalfType(), L"SMTP") ? safe.onBehalfAddress() : std::wstring();
 }
 
 void showUnresolved(Globals& globals, const std::wstring& title) {
@@ -94,7 +55,7 @@ bool itemUnreadable(const outlook::Item& item, std::source_location where) {
 }
 
 std::wstring SenderEmailWithoutOnBehalf(Globals& globals, const outlook::Item& item) {
-    const MapiCleanUp cleanUp(globals.platform.automation);
+    const MapiCleanUp cleanUp(globals);
     const auto address = attempt([&] { return senderAddress(globals, item); });
     if (address && address->empty()) {
         showUnresolved(globals, L"Invalid E-mail Address - " + globals.product.title);
@@ -103,16 +64,15 @@ std::wstring SenderEmailWithoutOnBehalf(Globals& globals, const outlook::Item& i
 }
 
 std::wstring SenderEmail(Globals& globals, const outlook::Item& item) {
-    const MapiCleanUp cleanUp(globals.platform.automation);
+    const MapiCleanUp cleanUp(globals);
     std::wstring sender = SenderEmailWithoutOnBehalf(globals, item);
     std::wstring onBehalf = attempt([&] { return onBehalfAddress(globals, item); }).value_or(L"");
     const bool other = !onBehalf.empty() && !text::equalsIgnoringCase(onBehalf, sender);
     return other ? onBehalf : sender;
 }
 
-std::wstring RecipientEmail(Globals& globals, const redemption::Recipient& recipient,
-                            RecipientOptions options) {
-    const MapiCleanUp cleanUp(globals.platform.automation);
+std::wstring RecipientEmail(Globals& globals, const outlook::Recipient& recipient, RecipientOptions options) {
+    const MapiCleanUp cleanUp(globals);
     const auto read = [&]() -> std::wstring {
         if (options.resolveFirst) {
             const bool tied = outlookVersion(globals) < outlook2007;
@@ -128,18 +88,18 @@ std::wstring RecipientEmail(Globals& globals, const redemption::Recipient& recip
                 return distributionListAddress;
             }
         }
-        return entryAddress(recipient.addressEntry());
+        return entryAddress(globals, recipient.addressEntry());
     };
     return attempt(read).value_or(L"");
 }
 
-std::wstring entryAddress(const AddressEntry& entry) {
-    return addressOf(entry, entry.type(), [&] { return entry.address(); });
+std::wstring entryAddress(const Globals& globals, const outlook::AddressEntry& entry) {
+    return addressOf(globals, entry, entry.type(), [&] { return entry.address(); });
 }
 
-std::wstring entryAddress(const AddressEntry& entry, const std::wstring& type,
-                          const std::wstring& ownAddress) {
-    return addressOf(entry, type, [&] { return ownAddress; });
+std::wstring entryAddress(const Globals& globals, const outlook::AddressEntry& entry,
+                          const std::wstring& type, const std::wstring& ownAddress) {
+    return addressOf(globals, entry, type, [&] { return ownAddress; });
 }
 
 bool GoogleAppConnected(Globals& globals) {
@@ -147,27 +107,22 @@ bool GoogleAppConnected(Globals& globals) {
         if (outlookVersion(globals) == outlook2000) {
             return false;
         }
-        const redemption::Session session(globals);
+        const auto session = globals.provider->session(globals);
         globals.platform.desktop.processPendingEvents();
-        session.logonIfNeeded();
+        session->logonIfNeeded();
         globals.platform.desktop.processPendingEvents();
-        const auto stores = session.stores();
-        const std::int32_t count = stores.count();
-        for (std::int32_t index = 1; index <= count; ++index) {
-            if (text::equalsIgnoringCase(session.currentUserType(), L"GOOG") ||
-                text::containsIgnoringCase(stores.item(index).rootFolderPath(), L"\\\\google")) {
-                return true;
-            }
-        }
-        return false;
+        return session->anyStore([&](const std::wstring& rootPath) {
+            return text::equalsIgnoringCase(session->currentUserType(), L"GOOG") ||
+                   text::containsIgnoringCase(rootPath, L"\\\\google");
+        });
     };
-    const MapiCleanUp cleanUp(globals.platform.automation);
+    const MapiCleanUp cleanUp(globals);
     return attempt(connected).value_or(false);
 }
 
 automation::Object AddUserProperties(Globals& globals, const outlook::Item& item, const std::wstring& name,
                                      const std::wstring& value) {
-    const MapiCleanUp cleanUp(globals.platform.automation);
+    const MapiCleanUp cleanUp(globals);
     return trapErrors(
         globals, ErrorReport::usual(L"basGlobals.AddUserProperties"),
         [&] {
@@ -183,7 +138,7 @@ automation::Object AddUserProperties(Globals& globals, const outlook::Item& item
 }
 
 bool DeleteUserProperties(Globals& globals, const outlook::Item& item, const std::wstring& name) {
-    const MapiCleanUp cleanUp(globals.platform.automation);
+    const MapiCleanUp cleanUp(globals);
     return trapErrors(
         globals, ErrorReport::usual(L"basGlobals_DeleteUserProperties"),
         [&] {
@@ -200,8 +155,8 @@ bool DeleteUserProperties(Globals& globals, const outlook::Item& item, const std
 }
 
 void deleteByEntryId(Globals& globals, const std::wstring& entryId) {
-    const MapiCleanUp cleanUp(globals.platform.automation);
-    skipErrors([&] { redemption::Session(globals).message(entryId).call(L"Delete"); });
+    const MapiCleanUp cleanUp(globals);
+    skipErrors([&] { globals.provider->session(globals)->deleteMessage(entryId); });
 }
 
 }  // namespace mail

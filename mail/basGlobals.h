@@ -4,7 +4,6 @@
 #include <string>
 
 #include "mail/Globals.h"
-#include "mail/SafeItems.h"
 
 /// Functions that every room shares: the SMTP addresses behind senders and recipients, and
 /// user properties of items. An address function that fails returns what it has found so far, often nothing:
@@ -30,14 +29,14 @@ struct RecipientOptions {
 inline constexpr wchar_t distributionListAddress[] = L"General";
 
 /// The SMTP address of a recipient, or distributionListAddress.
-std::wstring RecipientEmail(Globals& globals, const redemption::Recipient& recipient,
+std::wstring RecipientEmail(Globals& globals, const outlook::Recipient& recipient,
                             RecipientOptions options = {});
 
 /// The SMTP address behind an address entry, as RecipientEmail gives it. Throws automation::Error.
-std::wstring entryAddress(const redemption::AddressEntry& entry);
+std::wstring entryAddress(const Globals& globals, const outlook::AddressEntry& entry);
 /// The same of an entry whose type, and address in the form of its own address book, were read already.
-std::wstring entryAddress(const redemption::AddressEntry& entry, const std::wstring& type,
-                          const std::wstring& ownAddress);
+std::wstring entryAddress(const Globals& globals, const outlook::AddressEntry& entry,
+                          const std::wstring& type, const std::wstring& ownAddress);
 
 /// True when one of the profile's stores belongs to Google Apps.
 bool GoogleAppConnected(Globals& globals);

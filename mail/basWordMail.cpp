@@ -6,7 +6,7 @@
 
 #include "mail/OpenPrompt.h"
 #include "mail/OutlookVersion.h"
-#include "mail/SafeItems.h"
+#include "mail/Provider.h"
 #include "mail/errorTrap.h"
 #include "platform/files.h"
 
@@ -22,12 +22,9 @@ constexpr wchar_t templateName[] = L"Veltro.dot";
 constexpr wchar_t wordProgId[] = L"Word.Application";
 constexpr std::int32_t doNotSaveChanges = 0;
 
-/// The document of the item window. Outlook's own Inspector would have the user asked whether a program may
-/// look at it.
+/// The document of the item window.
 Object documentOf(const Globals& globals, const outlook::Inspector& inspector) {
-    const Object safe = globals.platform.automation.createObject(redemption::progId::safeInspector);
-    safe.put(L"Item", inspector.object());
-    return safe.get(L"WordEditor").toObject();
+    return globals.provider->openWindow(globals, inspector).get(L"WordEditor").toObject();
 }
 
 /// The Word that edits the item of the window.

@@ -1,5 +1,7 @@
 #include "mail/errorTrap.h"
 
+#include "mail/Provider.h"
+
 namespace mail {
 
 std::wstring ErrorReport::text(const automation::Error& error) const {
@@ -17,6 +19,9 @@ std::wstring ErrorReport::text(const automation::Error& error) const {
 }
 
 void reportError(Globals& globals, const ErrorReport& report, const automation::Error& error) noexcept {
+    if (isRefusal(error)) {
+        return;  // Whoever refused knows.
+    }
     skipErrors([&] {
         globals.platform.desktop.messageBox(report.text(error), {platform::Buttons::Ok, platform::Icon::None},
                                             globals.product.title);

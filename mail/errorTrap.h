@@ -40,7 +40,7 @@ inline automation::Error currentError(std::source_location where = std::source_l
     return automation::currentError();
 }
 
-/// Shows the report in a message box with the product's title. Never throws.
+/// Shows the report in a message box with the product's title; nothing of a refusal. Never throws.
 void reportError(Globals& globals, const ErrorReport& report, const automation::Error& error) noexcept;
 
 // What these catch is noted in the trace with the procedure that called them.

@@ -120,6 +120,8 @@ class AddressEntry : public Front {
     std::wstring type() const { return object_.get(L"Type").toText(); }
     /// In the form of its own address book.
     std::wstring address() const { return object_.get(L"Address").toText(); }
+    /// Nothing unless the entry is a distribution list.
+    automation::Object members() const { return object_.get(L"Members").toObject(); }
     bool isList() const {
         constexpr std::int32_t distributionList = 1;
         constexpr std::int32_t personalList = 5;
@@ -134,7 +136,15 @@ class Recipient : public Front {
     std::wstring name() const { return object_.get(L"Name").toText(); }
     /// Nothing for one that was never resolved.
     AddressEntry addressEntry() const { return AddressEntry(object_.get(L"AddressEntry").toObject()); }
+    bool resolved() const { return object_.get(L"Resolved").toBool(); }
+    bool resolve() const { return object_.call(L"Resolve").toBool(); }
     void remove() const { object_.call(L"Delete"); }
+};
+
+class Attachment : public Front {
+  public:
+    using Front::Front;
+    std::wstring fileName() const { return object_.get(L"FileName").toText(); }
 };
 
 /// An item of any class.

@@ -1,6 +1,6 @@
 #include "settings/CopyMsgToInbox.h"
 
-#include "mail/MapiSession.h"
+#include "mail/Provider.h"
 #include "mail/errorTrap.h"
 #include "platform/files.h"
 #include "settings/modRegKeys.h"
@@ -10,12 +10,6 @@ namespace settings {
 namespace {
 
 constexpr wchar_t created[] = L"CREATED";
-
-void receive(const mail::Globals& globals, const std::wstring& file) {
-    const redemption::Session session(globals);
-    session.logonIfNeeded();
-    session.receiveFile(file, globals.platform.clock.now());
-}
 
 }  // namespace
 
@@ -29,7 +23,8 @@ void CopyMsgToInbox(const mail::Globals& globals) {
     }
     const std::wstring file =
         platform::joinPath(globals.platform.system.addInFolder(), L"Introducing_Veltro.msg");
-    if (mail::skipErrors([&] { receive(globals, file); })) {
+    if (mail::skipErrors(
+            [&] { globals.provider->session(globals)->receiveFile(file, globals.platform.clock.now()); })) {
         note(created);
     }
 }

@@ -116,8 +116,7 @@ std::wstring OwnAddresses::read(Globals& globals) const {
     if (value != keyNotInReg) {
         return value;
     }
-    // Without the library the user was told at the start that nothing can be read.
-    return globals.redemptionMissing ? std::wstring() : mail::vtAccountsEmailAddress(globals).value_or(L"");
+    return mail::vtAccountsEmailAddress(globals).value_or(L"");
 }
 
 void OwnAddresses::write(const Globals& globals, std::wstring_view value) const {

@@ -136,6 +136,8 @@ inline constexpr Plain strRegistryInitialise{L"strRegistryInitialise"};
 
 /// The machine-wide preset that was last applied.
 inline constexpr Plain PreSetupID{L"PreSetupID"};
+/// `1` once the user was told what is missing without the Redemption library.
+inline constexpr Plain LibraryMissingTold{L"LibraryMissingTold"};
 /// `1` once the mailbox folder with the list of preferred accounts has its present name.
 inline constexpr Plain blnMoveVT{L"blnMoveVT"};
 
@@ -184,6 +186,7 @@ inline constexpr std::tuple all{ReplyMultiple,
                                 IgnoreAttach,
                                 ShowStartupWizard,
                                 Tutorial,
+                                LibraryMissingTold,
                                 blnMoveVT,
                                 IntroEmailCreated,
                                 IgnoreTextValue,

@@ -1,6 +1,6 @@
 #include "support/supportEmail.h"
 
-#include "mail/SafeItems.h"
+#include "mail/Provider.h"
 #include "mail/errorTrap.h"
 #include "mail/product.h"
 #include "platform/text.h"
@@ -37,12 +37,9 @@ void ComposeSupportEmail(const mail::Globals& globals) {
         const outlook::Item item = globals.outlook.createMail();
         item.setTo(globals.product.supportAddress);
         item.setSubject(globals.product.title);
-        if (globals.redemptionMissing) {
-            item.setBody(body(globals));
-        } else {
-            const redemption::SafeItem safe(globals.platform.automation, item);
-            safe.setBody(body(globals));
-            safe.commit();
+        const mail::SafeItem safe(globals, item);
+        safe.prepareBody(body(globals));
+        if (globals.provider->readsPeople()) {
             mail::skipErrors([&] { safe.recipients().object().call(L"ResolveAll"); });
         }
         item.display();

@@ -5,7 +5,8 @@
 #include <algorithm>
 #include <functional>
 
-#include "mail/SafeItems.h"
+#include "mail/Provider.h"
+#include "mail/redemption.h"
 #include "tests/accounts/AccountsWorld.h"
 
 namespace {
@@ -80,9 +81,11 @@ TEST(AccountStepFailures, CancelTheSendOrLeaveTheMailAlone) {
         }
         // All that is decisive of the stamp or none of it.
         const outlook::Item item(mail);
-        const redemption::SafeItem safe(world.platform.automation, item);
-        const bool stamped = !safe.field(redemption::tag::primarySendAccount).toText().empty();
-        EXPECT_EQ(safe.field(redemption::tag::nextSendAccount).toText().empty(), !stamped) << "call " << call;
+        const mail::SafeItem safe(world.globals, item);
+        const bool stamped =
+            !safe.object().get(L"Fields", redemption::tag::primarySendAccount).toText().empty();
+        EXPECT_EQ(safe.object().get(L"Fields", redemption::tag::nextSendAccount).toText().empty(), !stamped)
+            << "call " << call;
         EXPECT_TRUE(stamped || account == L"Work") << "call " << call;
     }
     EXPECT_GT(reported, 3U);

@@ -4,7 +4,8 @@
 
 #include <functional>
 
-#include "mail/SafeItems.h"
+#include "mail/Provider.h"
+#include "mail/redemption.h"
 #include "tests/accounts/AccountsWorld.h"
 
 namespace {
@@ -36,11 +37,13 @@ TEST(Accounts, AreStampedOnTheMail) {
 
     EXPECT_TRUE(world.list.SendUsingPrefAccount(outgoing, L" home "));
     EXPECT_EQ(world.list.GetSelectedMailAccount(outgoing), L"Home");
-    const redemption::SafeItem safe(world.platform.automation, item);
-    EXPECT_EQ(safe.field(redemption::tag::primarySendAccount).toText(), profile.accounts[1].sendStamp);
-    EXPECT_EQ(safe.field(redemption::tag::nextSendAccount).toText(), profile.accounts[1].sendStamp);
-    EXPECT_EQ(safe.field(redemption::tag::itemAccountName).toText(), L"Home");
-    EXPECT_EQ(safe.field(redemption::tag::itemAccountStamp).toText(), L"00000002");
+    const mail::SafeItem safe(world.globals, item);
+    EXPECT_EQ(safe.object().get(L"Fields", redemption::tag::primarySendAccount).toText(),
+              profile.accounts[1].sendStamp);
+    EXPECT_EQ(safe.object().get(L"Fields", redemption::tag::nextSendAccount).toText(),
+              profile.accounts[1].sendStamp);
+    EXPECT_EQ(safe.object().get(L"Fields", redemption::tag::itemAccountName).toText(), L"Home");
+    EXPECT_EQ(safe.object().get(L"Fields", redemption::tag::itemAccountStamp).toText(), L"00000002");
 }
 
 constexpr std::int32_t stampTags[]{redemption::tag::primarySendAccount, redemption::tag::nextSendAccount,
@@ -56,9 +59,9 @@ struct Stamping {
         AccountsWorld world(profileWith(accounts::emptyList));
         mail::OutgoingMail mail(world.globals,
                                 outlook::Item(world.outlook.store(L"Drafts", {.subject = L"Budget"})));
-        const redemption::SafeItem safe = mail.safe();
+        const mail::SafeItem safe = mail.safe();
         for (const std::int32_t tag : stampTags) {
-            safe.setField(tag, before);
+            safe.object().put(L"Fields", tag, before);
         }
         mail.accounts();
         const auto meter = world.outlook.meter();
@@ -74,7 +77,7 @@ struct Stamping {
         stamped = world.list.SendUsingPrefAccount(mail, L"Home");
         meter->duringCall(0, nullptr);
         for (const std::int32_t tag : stampTags) {
-            fields.push_back(safe.field(tag).toText());
+            fields.push_back(safe.object().get(L"Fields", tag).toText());
         }
     }
 };

@@ -1,3 +1,4 @@
+#include "mail/Provider.h"
 #include "mail/basGlobals.h"
 
 #include <gtest/gtest.h>
@@ -43,8 +44,7 @@ TEST(RecipientEmail, GivesTheSmtpAddressOfEveryKind) {
     for (const auto& given : cases) {
         host::Message message;
         message.to = {given.address};
-        const redemption::SafeItem mail(world.outlook.automation(),
-                                        outlook::Item(world.outlook.receive(message)));
+        const mail::SafeItem mail(world.globals, outlook::Item(world.outlook.receive(message)));
         EXPECT_EQ(RecipientEmail(world.globals, mail.recipients().item(1)), given.expected);
     }
 }
@@ -72,8 +72,7 @@ TEST(RecipientEmail, ResolvesFirstWhereThatIsWanted) {
         TestWorld world({}, {.version = given.version, .addressBook = {smtp}});
         host::Message message;
         message.to = {given.address};
-        const redemption::SafeItem mail(world.outlook.automation(),
-                                        outlook::Item(world.outlook.receive(message)));
+        const mail::SafeItem mail(world.globals, outlook::Item(world.outlook.receive(message)));
         EXPECT_EQ(RecipientEmail(world.globals, mail.recipients().item(1),
                                  {.resolveFirst = true, .recogniseLists = given.recogniseLists}),
                   given.expected)
@@ -85,8 +84,7 @@ TEST(RecipientEmail, SaysThatARecipientCannotBeResolved) {
     TestWorld world({L"Veltro Invalid E-mail Address=OK"});
     host::Message message;
     message.to = {{.name = L"nobody", .address = L"", .resolvable = false}};
-    const redemption::SafeItem mail(world.outlook.automation(),
-                                    outlook::Item(world.outlook.receive(message)));
+    const mail::SafeItem mail(world.globals, outlook::Item(world.outlook.receive(message)));
 
     EXPECT_EQ(RecipientEmail(world.globals, mail.recipients().item(1), {.resolveFirst = true}), L"");
 

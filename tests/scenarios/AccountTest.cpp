@@ -293,9 +293,11 @@ TEST(AccountList, ThatHasNoFolderLeavesTheMailAlone) {
     setup.profile.stores[0].readOnly = true;
     Bench bench(setup);
     bench.send(plainMail());
-    ASSERT_EQ(bench.prompts().size(), 2U) << "nothing is asked once the folder is refused";
-    EXPECT_TRUE(bench.prompts()[0].text.starts_with(L"vtAttachMissingCheck - Error: "));
-    EXPECT_EQ(bench.prompts()[1].text, L"Unable to create the folder.");
+    // Whoever must save a mail to read it cannot do this either.
+    const bool saves = usualProvider == Provider::Redemption;
+    ASSERT_EQ(bench.prompts().size(), saves ? 2U : 1U) << "nothing is asked once the folder is refused";
+    EXPECT_EQ(bench.prompts().front().text.starts_with(L"vtAttachMissingCheck - Error: "), saves);
+    EXPECT_EQ(bench.prompts().back().text, L"Unable to create the folder.");
 }
 
 TEST(AccountList, ThatIsCorruptedIsLeftAloneAndTheMailGoes) {

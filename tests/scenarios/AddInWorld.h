@@ -13,9 +13,18 @@
 /// Wednesday, 15 May 2024, 12:00.
 inline constexpr automation::Date noonOfAnOrdinaryDay{45427.5};
 
+/// What reads mails and profiles: the Redemption library, or Outlook's own object model.
+enum class Provider { Redemption, Outlook };
+/// Of the scenarios that work with either.
+inline Provider usualProvider = Provider::Redemption;
+/// The Outlook of those that do not say which, where it reads by itself.
+inline constexpr wchar_t newestOutlook[] = L"16.0.17328.20550";
+
 /// How a scenario finds the machine and the user.
 struct Given {
     host::Profile profile{};
+    /// Given where the scenario is about one of them. An Outlook that cannot do without the library has it.
+    std::optional<Provider> provider{};
     /// The user's settings. Unless given here the wizard has been shown ("ShowStartupWizard" is "False"),
     /// unknown addresses are not offered for the list of preferred accounts ("MsgAddAddress" is "1"), and
     /// nothing looks for newer versions ("LastCheckUpdateDate" is "DoNotCheck").

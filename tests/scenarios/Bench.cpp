@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <string>
 
 #include "platform/text.h"
 #include "program/Answers.h"
@@ -18,7 +19,24 @@ platform::AnswerList parsed(const std::vector<std::wstring>& answers) {
     return platform::AnswerList(std::move(list));
 }
 
+bool needsRedemption(const host::Profile& profile) {
+    return std::stoi(profile.version) < 12;
+}
+
+void chooseProvider(Given& setup) {
+    host::Profile& profile = setup.profile;
+    const Provider usual = needsRedemption(profile) ? Provider::Redemption : usualProvider;
+    if (setup.provider.value_or(usual) == Provider::Redemption) {
+        return;
+    }
+    profile.redemptionRegistered = false;
+    if (profile.version == host::Profile().version) {
+        profile.version = newestOutlook;
+    }
+}
+
 Given withUsualSettings(Given setup) {
+    chooseProvider(setup);
     setup.settings.emplace(L"ShowStartupWizard", L"False");
     setup.settings.emplace(L"MsgAddAddress", L"1");
     setup.settings.emplace(L"LastCheckUpdateDate", L"DoNotCheck");

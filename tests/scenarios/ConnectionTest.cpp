@@ -204,6 +204,7 @@ TEST(OwnAddresses, FollowTheProfileUnlessTheUserListsThem) {
     setup.profile.stores[0].kind = host::StoreKind::PrimaryExchange;
     setup.profile.stores[0].owner = host::Address{
         .name = L"Me", .address = L"/o=x/cn=me", .type = L"EX", .smtpAddress = L"me@corp.example"};
+    setup.profile.user = setup.profile.stores[0].owner;
     for (const auto& [useProfile, expected] :
          {std::pair{L"True", L"me@work.example;me@corp.example;me@home.example"},
           {L"False", L"old@example.org"}}) {

@@ -22,10 +22,6 @@ std::wstring inCheck(const std::wstring& procedure) {
 std::wstring inModule(const std::wstring& procedure) {
     return L"Error -2147467259 (The operation failed.) in procedure " + procedure + L" of Module basVeltro";
 }
-constexpr wchar_t libraryMissing[] =
-    L"Veltro cannot read e-mails, because the Redemption library is missing on this computer.\r\n\r\nUntil it "
-    L"is installed and Outlook is started again, only the subjects of your e-mails are checked. Attachments, "
-    L"recipients, delayed sending and preferred accounts are not.";
 
 void addReports(const Bench& bench, Reports& reports) {
     for (const PromptLog::Prompt& prompt : bench.prompts()) {
@@ -71,9 +67,9 @@ TEST(FailingCalls, NeverCancelASendThatNobodyDenied) {
         reports.merge(session.reports);
         EXPECT_NE(session.sent, session.askedAndDenied) << "call " << n << " of " << whole.calls;
     }
-    EXPECT_EQ(reports, (Reports{inModule(L"vtAccountsEmailAddress"), libraryMissing,
-                                failed(L"clsSendAcct.EmailAddressListMailOpen"),
-                                inCheck(L"vtAttachMissingCheck"), inCheck(L"vtEmptySubjectCheck")}));
+    EXPECT_EQ(reports,
+              (Reports{inModule(L"vtAccountsEmailAddress"), failed(L"clsSendAcct.EmailAddressListMailOpen"),
+                       inCheck(L"vtAttachMissingCheck"), inCheck(L"vtEmptySubjectCheck")}));
 }
 
 /// A session with a mail whose every text is told apart from what else could be in a trace.
@@ -131,8 +127,8 @@ TEST(FailingCalls, LeaveAnEntryInTheTraceWithoutTheMailsTexts) {
     EXPECT_EQ(reports,
               (Reports{inModule(L"vtAccountsEmailAddress"),
                        L"Error Number : -2147467259\r\nError Description : The operation failed.",
-                       L"Unable to create the folder.", libraryMissing,
-                       failed(L"basVeltro.AtLeast1EmailInRecipt"), failed(L"basVeltro.GetFirstTORecipient"),
+                       L"Unable to create the folder.", failed(L"basVeltro.AtLeast1EmailInRecipt"),
+                       failed(L"basVeltro.GetFirstTORecipient"),
                        failed(L"clsSendAcct.EmailAddressListMailOpen"), inCheck(L"vtAttachMissingCheck"),
                        inCheck(L"vtDelayEmailSending"), inCheck(L"vtEmptySubjectCheck")}));
 }
@@ -240,10 +236,13 @@ TEST(FailingCalls, NeverLoseAPlainReplyNorLeaveASecond) {
         }
         addReports(bench, reports);
     }
-    EXPECT_EQ(reports, (Reports{inModule(L"vtAccountsEmailAddress"), inModule(L"vtCheckIfUserInRecipients"),
-                                inModule(L"vtGetUserEmails"), inModule(L"vtReplyCheck"),
-                                failed(L"basVeltro.pruneReply"), failed(L"basVeltro.vtOldSubject"),
-                                failed(L"basVeltro.vtRemoveSpamMarks")}));
+    Reports expected{inModule(L"vtAccountsEmailAddress"), inModule(L"vtCheckIfUserInRecipients"),
+                     inModule(L"vtReplyCheck"),           failed(L"basVeltro.pruneReply"),
+                     failed(L"basVeltro.vtOldSubject"),   failed(L"basVeltro.vtRemoveSpamMarks")};
+    if (usualProvider == Provider::Redemption) {  // Else the start has insisted on the version.
+        expected.insert(inModule(L"vtGetUserEmails"));
+    }
+    EXPECT_EQ(reports, expected);
 }
 
 }  // namespace

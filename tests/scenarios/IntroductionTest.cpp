@@ -29,11 +29,11 @@ std::string faultOf(Bench& bench, const Object& item) {
     const bool whole = mail.subject == L"Introducing Veltro" &&
                        mail.body.starts_with(L"Veltro is now part of your Outlook.") &&
                        mail.body.ends_with(L"An answer to this e-mail reaches our support.\r\n");
-    const Object safe = bench.outlook().automation().createObject(L"vtRedemption.vtSafeMailItem");
-    safe.put(L"Item", item);
-    constexpr std::int32_t submitTime = 0x00390040;
+    const Object properties = item.get(L"PropertyAccessor").toObject();
+    const automation::Value submitted =
+        properties.call(L"GetProperty", L"http://schemas.microsoft.com/mapi/proptag/0x00390040");
     const bool now = item.get(L"ReceivedTime").toDate() == bench.now() &&
-                     safe.get(L"Fields", submitTime).toDate() == bench.now();
+                     properties.call(L"UTCToLocalTime", submitted).toDate() == bench.now();
     return !whole                                                                   ? "subject or text"
            : item.get(L"MessageClass").toText() != L"IPM.Note"                      ? "class"
            : item.get(L"SenderName").toText() != L"Veltro"                          ? "sender"
@@ -66,9 +66,10 @@ TEST(Introduction, ReachesTheInboxOnce) {
     EXPECT_EQ(noted(bench), L"CREATED");
 }
 
-/// Whatever the file says of itself.
+/// With the library; Outlook's own objects cannot have a mail be another than its file says.
 TEST(Introduction, ArrivesAsAnUnreadMailWhateverItsFileSays) {
     Given given = newUser();
+    given.provider = Provider::Redemption;
     given.introduction = bytesOfIntroduction();
     for (const auto& [own, other] : {std::pair{std::string("IPM.Note"), std::string("IPM.Post")},
                                      {std::string("\x03\x00\x07\x0E\x06\x00\x00\x00\x00", 9),
@@ -94,7 +95,7 @@ TEST(Introduction, IsLeftOutWhereItCannotBeMade) {
         {"no file", "", {}},
         {"half a file", whole.substr(0, whole.size() / 2), {}},
         {"another file", std::string(whole.size(), 'x'), {}},
-        {"no Redemption", std::nullopt, {.redemptionRegistered = false}},
+        {"nothing to make it by", std::nullopt, {.version = L"11.0.0.5510", .redemptionRegistered = false}},
         {"a store that takes nothing", std::nullopt, {.stores = {{.readOnly = true}}}},
     };
     for (const auto& test : cases) {
@@ -117,7 +118,13 @@ std::pair<std::size_t, std::size_t> callsOfIntroduction() {
     bench.connect();
     const std::vector<std::wstring> log = bench.outlook().meter()->log();
     EXPECT_EQ(bench.outlook().calls() - before, log.size());
-    const auto last = std::ranges::find(log, L"RDOMail.Save");
+    const auto named = [&log](auto from, const wchar_t* call) { return std::find(from, log.end(), call); };
+    if (usualProvider == Provider::Outlook) {
+        const auto opened = named(log.begin(), L"NameSpace.OpenSharedItem");
+        const auto moved = named(opened, L"MailItem.Move");
+        return {opened - log.begin() + 1, moved == log.end() ? 0 : moved - opened + 1};
+    }
+    const auto last = named(log.begin(), L"RDOMail.Save");
     auto first = last;
     while (first != log.begin() && *first != L"createObject.vtRedemption.vtRDOSession") {
         --first;
@@ -127,7 +134,7 @@ std::pair<std::size_t, std::size_t> callsOfIntroduction() {
 
 TEST(Introduction, IsWholeOrNotThereWhicheverCallFails) {
     const auto [first, count] = callsOfIntroduction();
-    ASSERT_GT(count, 10U);
+    ASSERT_GT(count, 2U);
     for (std::size_t n = first; n < first + count; ++n) {
         Bench bench(newUser());
         bench.outlook().failCall(n);

@@ -20,6 +20,8 @@ TEST(Saves, AreMadeOnlyForWhatIsReadAsStored) {
         std::map<std::wstring, std::wstring> settings;
         Entries list;
         std::ptrdiff_t saves;
+        /// With Outlook's own objects, which see what was typed.
+        std::ptrdiff_t ownSaves = 0;
     } cases[] = {
         {"everything off", off, {}, 0},
         {"attachments", {}, {}, 1},
@@ -34,8 +36,8 @@ TEST(Saves, AreMadeOnlyForWhatIsReadAsStored) {
                {L"DelayedEmailAddrs", L"ann@example.org"}}),
          {{L"ann@example.org", L"Home"}},
          1},
-        {"another account", with({{L"DoNotShowSelect", L"1"}}), bobAtHome, 2},
-        {"attachments and another account", {{L"DoNotShowSelect", L"1"}}, bobAtHome, 3},
+        {"another account", with({{L"DoNotShowSelect", L"1"}}), bobAtHome, 2, 1},
+        {"attachments and another account", {{L"DoNotShowSelect", L"1"}}, bobAtHome, 3, 1},
     };
     for (const auto& given : cases) {
         Bench bench(
@@ -44,7 +46,10 @@ TEST(Saves, AreMadeOnlyForWhatIsReadAsStored) {
         message.to[0].address = L"bob@example.org";
         bench.outlook().meter()->record(true);
         bench.send(message);
-        EXPECT_EQ(std::ranges::count(bench.outlook().meter()->log(), L"SafeMailItem.Save"), given.saves)
+        const bool redemption = usualProvider == Provider::Redemption;
+        EXPECT_EQ(std::ranges::count(bench.outlook().meter()->log(),
+                                     redemption ? L"SafeMailItem.Save" : L"MailItem.Save"),
+                  redemption ? given.saves : given.ownSaves)
             << given.name;
     }
 }

@@ -15,11 +15,10 @@ std::wstring productLine() {
 }
 
 TEST(Support, PreparesAnEmailWithAReport) {
-    for (const bool redemption : {true, false}) {
-        Given setup;
-        setup.profile.redemptionRegistered = redemption;
-        setup.answers = redemption ? std::vector<std::wstring>{} : std::vector<std::wstring>{L"Veltro=OK"};
-        Bench bench(setup);
+    for (const auto& [provider, outlook] :
+         {std::pair{Provider::Redemption, L"Outlook 2010: 14.0.0.4760\r\n"},
+          {Provider::Outlook, L"Outlook Version Unknown: 16.0.17328.20550\r\n"}}) {
+        Bench bench({.provider = provider});
         press(bench, L"Contact Support");
         const auto inspectors = bench.outlook().inspectors();
         ASSERT_EQ(inspectors.size(), 1U);
@@ -29,9 +28,8 @@ TEST(Support, PreparesAnEmailWithAReport) {
         EXPECT_EQ(mail.subject, L"Veltro");
         const std::wstring start =
             L"\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n[Enter your question above]\r\n"
-            L"----------------------------------------------------------\r\n\r\n"
-            L"Outlook 2010: 14.0.0.4760\r\n" +
-            productLine() + L"\r\nWindows ";
+            L"----------------------------------------------------------\r\n\r\n" +
+            std::wstring(outlook) + productLine() + L"\r\nWindows ";
         EXPECT_EQ(mail.body.substr(0, start.size()), start);
         const auto user = mail.body.find(L"-bit)\r\n\r\nList of Current User Add-ins:\r\n");
         const auto machine = mail.body.find(L"\r\nList of Local Machine Add-ins:\r\n");

@@ -21,20 +21,21 @@ TEST(Trace, ExplainsWhyNothingWasAsked) {
         const char* procedure;
         const char* reason;
         void (*act)(Bench& bench);
-        bool library = true;
+        /// Of an Outlook that misses the library; empty: it is there.
+        std::wstring withoutLibrary{};
         std::vector<std::wstring> answers{};
     } cases[] = {
-        {"sendEvent::handle",
-         "the Redemption library is missing",
-         [](Bench& bench) { bench.send(plainMail(L"Budget", L"See attached")); },
-         false,
+        {"Step::run",
+         "not to be read without the Redemption library",
+         [](Bench& bench) { bench.send(plainMail()); },
+         L"11.0.0.5510",
          {L"Veltro=OK"}},
-        {"canRead",
-         "the Redemption library is missing",
+        {"readsPeople",
+         "not to be read without the Redemption library",
          [](Bench& bench) {
              bench.outlook().reply(selected(bench, mailTo({bob, me})));
          },
-         false,
+         L"10.0.0.2627",
          {L"Veltro=OK"}},
         {"onItemEvent", "left to another window",
          [](Bench& bench) {
@@ -54,7 +55,7 @@ TEST(Trace, ExplainsWhyNothingWasAsked) {
          [](Bench& bench) {
              bench.outlook().reply(selected(bench, mailTo({bob, me})));
          },
-         true,
+         {},
          {L"frmReplyMultRecipt=cmdOK"}},
         {"handle", "cancelled before",
          [](Bench& bench) {
@@ -71,7 +72,10 @@ TEST(Trace, ExplainsWhyNothingWasAsked) {
     };
     for (const auto& given : cases) {
         Given setup{.answers = given.answers};
-        setup.profile.redemptionRegistered = given.library;
+        if (!given.withoutLibrary.empty()) {
+            setup.profile.version = given.withoutLibrary;
+            setup.profile.redemptionRegistered = false;
+        }
         Bench bench(setup);
         given.act(bench);
         const auto lines = bench.world().debugLines();

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "mail/Provider.h"
 #include "tests/TestWorld.h"
 
 namespace {
@@ -75,7 +76,9 @@ TEST(SavedSettings, AreWrittenInTheirOrderWhicheverWriteFails) {
 TEST(SavedSettings, LeaveOwnAddressesAbsentThatCouldNotBeFound) {
     for (const bool told : {false, true}) {
         TestWorld world({L"Veltro=OK"}, {.redemptionRegistered = false});
-        world.globals.redemptionMissing = told;
+        if (told) {
+            world.globals.provider = &mail::untrustedProvider();
+        }
         settings::frmIntroWizard form(world.globals, nullptr);
         EXPECT_TRUE(form.find(L"cmdNav(4)")->enter({}));
         EXPECT_EQ(world.settings.read(L"EmailList"), std::nullopt);
