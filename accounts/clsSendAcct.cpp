@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "accounts/characters.h"
 #include "mail/errorTrap.h"
+#include "platform/characters.h"
 #include "platform/text.h"
 #include "settings/prompts.h"
 
@@ -22,7 +22,7 @@ constexpr wchar_t noCurrentRecord[] = L"Cannot go to Edit mode as there is no cu
 constexpr std::int32_t badArgument = 3001;
 
 bool hasControl(const std::wstring& value) {
-    return std::ranges::any_of(value, rowset::isControl);
+    return std::ranges::any_of(value, text::isControl);
 }
 
 }  // namespace

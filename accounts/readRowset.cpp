@@ -24,7 +24,9 @@ constexpr std::wstring_view forceNull = L"rs:forcenull";
 class RowsetReader {
   public:
     RowsetReader(std::wstring_view xml, const Limits& limits)
-        : limits_(limits), xml_(xml, limits), spaces_(limits.mostNameSpaces) {}
+        : limits_(limits),
+          xml_(xml, {limits.deepestNesting, limits.mostAttributes}),
+          spaces_(limits.mostNameSpaces) {}
 
     Rowset read();
 

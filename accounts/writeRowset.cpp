@@ -2,7 +2,6 @@
 
 #include "accounts/Rowset.h"
 #include "accounts/XmlReader.h"
-#include "accounts/characters.h"
 #include "platform/automation.h"
 #include "platform/characters.h"
 
@@ -28,7 +27,7 @@ std::size_t bytesOf(wchar_t unit) {
 /// A raw non-breaking space would be taken for an editor's when the list is read.
 bool isReferred(wchar_t character) {
     constexpr std::wstring_view others = L"&'\"<>\xA0";
-    return isControl(character) || others.find(character) != std::wstring_view::npos;
+    return text::isControl(character) || others.find(character) != std::wstring_view::npos;
 }
 
 class RowsetWriter {

@@ -10,6 +10,10 @@ namespace text {
 /// Editors put it in the place of ordinary spaces.
 inline constexpr wchar_t nonBreakingSpace = 0xA0;
 
+/// Tabs and line breaks among them. XML readers take those of a value for spaces, and refuse the others.
+constexpr bool isControl(wchar_t character) {
+    return character < 0x20 || (character >= 0x7F && character < 0xA0);
+}
 /// Half of a pair of UTF-16 units, which stands for one character beyond U+FFFF.
 constexpr bool isSurrogate(char32_t unit) {
     return unit >= 0xD800 && unit < 0xE000;

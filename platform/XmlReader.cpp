@@ -1,13 +1,12 @@
-#include "accounts/XmlReader.h"
+#include "platform/XmlReader.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <utility>
 
-#include "accounts/characters.h"
 #include "platform/characters.h"
 
-namespace accounts::rowset {
+namespace xml {
 
 namespace {
 
@@ -36,7 +35,7 @@ bool endsName(wchar_t character) {
         case L';':
             return true;
         default:
-            return character == L' ' || isControl(character);
+            return character == L' ' || text::isControl(character);
     }
 }
 
@@ -77,15 +76,15 @@ std::uint32_t referencedPoint(std::wstring_view reference) {
 
 }  // namespace
 
-void XmlReader::refuse(const char* reason) const {
-    throw NotARowset(position_, reason);
+void Reader::refuse(const char* reason) const {
+    throw Malformed(position_, reason);
 }
 
-bool XmlReader::isName(std::wstring_view text) {
+bool Reader::isName(std::wstring_view text) {
     return !text.empty() && std::ranges::none_of(text, endsName);
 }
 
-XmlReader::Token XmlReader::next() {
+Reader::Token Reader::next() {
     if (std::exchange(closesItself_, false)) {
         return close();
     }
@@ -112,7 +111,7 @@ XmlReader::Token XmlReader::next() {
     }
 }
 
-bool XmlReader::skipSpace() {
+bool Reader::skipSpace() {
     const std::size_t start = position_;
     while (position_ < text_.size() && isSpace(text_[position_])) {
         ++position_;
@@ -120,7 +119,7 @@ bool XmlReader::skipSpace() {
     return position_ > start;
 }
 
-void XmlReader::skipPast(std::wstring_view end) {
+void Reader::skipPast(std::wstring_view end) {
     const auto found = text_.find(end, position_);
     if (found == std::wstring_view::npos) {
         refuse("the text ends within a comment or an instruction");
@@ -128,7 +127,7 @@ void XmlReader::skipPast(std::wstring_view end) {
     position_ = found + end.size();
 }
 
-void XmlReader::skipMarkup() {
+void Reader::skipMarkup() {
     if (at(L"<?")) {
         position_ += 2;
         skipPast(L"?>");
@@ -140,7 +139,7 @@ void XmlReader::skipMarkup() {
     }
 }
 
-std::wstring_view XmlReader::readName() {
+std::wstring_view Reader::readName() {
     std::size_t end = position_;
     while (end < text_.size() && !endsName(text_[end])) {
         ++end;
@@ -153,7 +152,7 @@ std::wstring_view XmlReader::readName() {
     return name;
 }
 
-std::wstring_view XmlReader::readQuoted() {
+std::wstring_view Reader::readQuoted() {
     const wchar_t quote = position_ < text_.size() ? text_[position_] : L' ';
     if (quote != L'\'' && quote != L'"') {
         refuse("a quote is missing");
@@ -170,7 +169,7 @@ std::wstring_view XmlReader::readQuoted() {
     return text_.substr(start, end - start);
 }
 
-XmlReader::Token XmlReader::readStart() {
+Reader::Token Reader::readStart() {
     ++position_;
     if (open_.empty() && std::exchange(rootSeen_, true)) {
         refuse("more than one document");
@@ -190,7 +189,7 @@ XmlReader::Token XmlReader::readStart() {
     return Token::Start;
 }
 
-void XmlReader::readAttributes() {
+void Reader::readAttributes() {
     attributes_.clear();
     while (skipSpace() && position_ < text_.size() && text_[position_] != L'/' && text_[position_] != L'>') {
         Attribute attribute;
@@ -210,11 +209,11 @@ void XmlReader::readAttributes() {
     checkNamesDiffer();
 }
 
-void XmlReader::checkNamesDiffer() {
+void Reader::checkNamesDiffer() {
     if (attributes_.size() < 2) {
         return;
     }
-    if (attributes_.size() == 2) {  // Every row of the list of accounts.
+    if (attributes_.size() == 2) {
         if (attributes_[0].name == attributes_[1].name) {
             refuse("an attribute given twice");
         }
@@ -230,7 +229,7 @@ void XmlReader::checkNamesDiffer() {
     }
 }
 
-XmlReader::Token XmlReader::readEnd() {
+Reader::Token Reader::readEnd() {
     position_ += 2;
     const std::wstring_view name = readName();
     skipSpace();
@@ -241,13 +240,13 @@ XmlReader::Token XmlReader::readEnd() {
     return close();
 }
 
-XmlReader::Token XmlReader::close() {
+Reader::Token Reader::close() {
     name_ = open_.back();
     open_.pop_back();
     return Token::End;
 }
 
-std::wstring XmlReader::decoded(const Attribute& attribute) const {
+std::wstring Reader::decoded(const Attribute& attribute) const {
     const std::wstring_view raw = attribute.raw;
     std::wstring value;
     value.reserve(raw.size());
@@ -272,4 +271,4 @@ std::wstring XmlReader::decoded(const Attribute& attribute) const {
     return value;
 }
 
-}  // namespace accounts::rowset
+}  // namespace xml
