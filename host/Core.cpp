@@ -11,6 +11,7 @@
 #include "host/Inspector.h"
 #include "host/Item.h"
 #include "host/NameSpace.h"
+#include "host/Ribbons.h"
 #include "host/Word.h"
 #include "platform/number.h"
 #include "platform/text.h"
@@ -48,6 +49,9 @@ Core::~Core() {
     if (addIns_) {
         addIns_->releaseObjects();
     }
+    if (ribbons_) {
+        ribbons_->dropAddIns();
+    }
 }
 
 std::shared_ptr<Core> Core::make(Profile profile, std::function<automation::Date()> now) {
@@ -63,6 +67,7 @@ void Core::start() {
     application_ = make<Application>();
     nameSpace_ = make<NameSpace>();
     addIns_ = make<AddIns>();
+    ribbons_ = std::make_unique<Ribbons>(*this);
     mailbox_.fill(profile_);
     windows_.open(profile_.explorers, profile_.inspectors);
 }

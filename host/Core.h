@@ -19,6 +19,7 @@ namespace host {
 class AddIns;
 class Application;
 class NameSpace;
+class Ribbons;
 class WordApplication;
 
 /// Everything that one running Outlook holds: the profile, the mailbox, the open windows and the few objects
@@ -42,6 +43,7 @@ class Core : public std::enable_shared_from_this<Core> {
     Application& application() const { return *application_; }
     NameSpace& nameSpace() const { return *nameSpace_; }
     AddIns& addIns() const { return *addIns_; }
+    Ribbons& ribbons() const { return *ribbons_; }
     /// Nothing while Word does not run.
     std::shared_ptr<WordApplication> runningWord() const;
     std::shared_ptr<WordApplication> startWord();
@@ -73,6 +75,7 @@ class Core : public std::enable_shared_from_this<Core> {
     bool raiseCancellable(const EventSource& source, std::wstring_view name, std::int32_t event,
                           std::vector<automation::Value> arguments = {});
     const std::vector<HandlerError>& errors() const noexcept { return errors_; }
+    void noteError(HandlerError error) { errors_.push_back(std::move(error)); }
 
     template <class T, class... A>
     std::shared_ptr<T> make(A&&... arguments) {
@@ -101,6 +104,7 @@ class Core : public std::enable_shared_from_this<Core> {
     std::shared_ptr<Application> application_;
     std::shared_ptr<NameSpace> nameSpace_;
     std::shared_ptr<AddIns> addIns_;
+    std::unique_ptr<Ribbons> ribbons_;
     std::shared_ptr<WordApplication> word_;
 };
 

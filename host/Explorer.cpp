@@ -4,6 +4,7 @@
 #include "host/Item.h"
 #include "host/ItemAlias.h"
 #include "host/NameSpace.h"
+#include "host/Ribbons.h"
 #include "host/outlookRows.h"
 
 namespace host {
@@ -49,6 +50,7 @@ bool Explorer::showFolder(const std::shared_ptr<Folder>& folder) {
 void Explorer::showInline(std::shared_ptr<Item> response) {
     inline_ = std::move(response);
     inline_->writtenInline(true);
+    core().ribbons().show(shared_from_this());
     core().raiseNewer(events_, L"InlineResponse", 0xFC92, {core().makeObject<ItemAlias>(inline_)});
 }
 

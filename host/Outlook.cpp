@@ -11,6 +11,7 @@
 #include "host/HostAutomation.h"
 #include "host/Inspector.h"
 #include "host/Item.h"
+#include "host/Ribbons.h"
 #include "host/Word.h"
 #include "host/sending.h"
 
@@ -61,6 +62,10 @@ automation::Automation& Outlook::automation() {
 
 Object Outlook::application() {
     return core_->application().object();
+}
+
+const std::wstring& Outlook::version() const {
+    return core_->profile().version;
 }
 
 Object Outlook::makeAddIn(const std::wstring& progId, const std::wstring& description) {
@@ -139,6 +144,10 @@ Object Outlook::itemOf(const Object& inspector) const {
 }
 
 void Outlook::pressControl(const Object& explorer, const std::vector<std::wstring>& captions) {
+    constexpr int withoutMenus = 15;
+    if (core_->majorVersion() >= withoutMenus) {
+        raise::operationFailed();
+    }
     auto controls = handle<Explorer>(*core_, explorer)->commandBars().menuBar().controls();
     std::shared_ptr<CommandBarControl> control;
     for (const std::wstring& caption : captions) {
@@ -152,6 +161,33 @@ void Outlook::pressControl(const Object& explorer, const std::vector<std::wstrin
         raise::objectNotFound();
     }
     control->press();
+}
+
+// The ribbon
+
+void Outlook::addRibbon(RibbonAddIn addIn) {
+    core_->ribbons().add(std::move(addIn));
+}
+
+void Outlook::dropRibbons() {
+    core_->ribbons().dropAddIns();
+}
+
+std::vector<RibbonCommand> Outlook::ribbon(const Object& window) {
+    return core_->ribbons().commands(handle<HostObject>(*core_, window));
+}
+
+void Outlook::pressRibbon(const Object& window, const std::wstring& label) {
+    core_->ribbons().press(handle<HostObject>(*core_, window), label);
+}
+
+void Outlook::choose(const Object& explorer, const std::vector<std::wstring>& captions) {
+    constexpr int withRibbon = 14;
+    if (core_->majorVersion() >= withRibbon) {
+        pressRibbon(explorer, captions.back());
+    } else {
+        pressControl(explorer, captions);
+    }
 }
 
 // Items

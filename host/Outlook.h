@@ -14,6 +14,7 @@
 #include "host/Message.h"
 #include "host/Meter.h"
 #include "host/Profile.h"
+#include "host/RibbonCommand.h"
 #include "platform/automation.h"
 
 namespace host {
@@ -109,6 +110,8 @@ class Outlook {
     /// Makes the Redemption objects, "Outlook.Application" and "Word.Application" by ProgID.
     automation::Automation& automation();
     automation::Object application();
+    /// As the application tells it.
+    const std::wstring& version() const;
     /// A loaded add-in in Application.COMAddIns, for OnConnection's AddInInst; made on the first call for
     /// this ProgID.
     automation::Object makeAddIn(const std::wstring& progId, const std::wstring& description = {});
@@ -131,8 +134,23 @@ class Outlook {
     std::vector<automation::Object> inspectors() const;
     automation::Object itemOf(const automation::Object& inspector) const;
     /// Presses a command bar control of an explorer, found by its captions from the menu bar on ("&"
-    /// ignored).
+    /// ignored). From version 15 on Outlook draws none.
     void pressControl(const automation::Object& explorer, const std::vector<std::wstring>& captions);
+
+    // The ribbon, of explorers from version 14 on and of item windows from version 12 on.
+    /// An add-in was loaded, and is not connected yet. It is asked for the ribbon of explorers now, and for
+    /// that of each kind of item windows when the first of them opens. What cannot be loaded goes to
+    /// errors().
+    void addRibbon(RibbonAddIn addIn);
+    /// The add-ins' objects have been let go.
+    void dropRibbons();
+    /// What add-ins show in the window's ribbon. Their answers are kept until they say that one no longer
+    /// holds.
+    std::vector<RibbonCommand> ribbon(const automation::Object& window);
+    void pressRibbon(const automation::Object& window, const std::wstring& label);
+    /// Chooses a command of an explorer's menu, found as by pressControl, or from version 14 on the one of
+    /// the same name in its ribbon.
+    void choose(const automation::Object& explorer, const std::vector<std::wstring>& captions);
 
     // Items.
     /// Opens a new item in a window, filled as the user types it; it is not saved. Gives the inspector, or

@@ -8,6 +8,7 @@
 #include "host/Folder.h"
 #include "host/Inspector.h"
 #include "host/Item.h"
+#include "host/Ribbons.h"
 
 namespace host {
 
@@ -84,6 +85,7 @@ std::shared_ptr<Inspector> WindowList::inspectorOf(const Item& item) const {
 std::shared_ptr<Explorer> WindowList::openExplorer(const std::shared_ptr<Folder>& folder) {
     const auto explorer = core_.make<Explorer>(folder, topExplorer().get());
     explorers_.push_back(explorer);
+    core_.ribbons().show(explorer);
     core_.raise(*explorerCollection_->eventSource(), L"NewExplorer", 0xF001, {explorer->object()});
     activate(explorer);
     return explorer;
@@ -105,10 +107,12 @@ std::shared_ptr<Inspector> WindowList::show(const std::shared_ptr<Item>& item) {
     if (!inspector) {
         inspector = core_.make<Inspector>(item);
         inspectors_.push_back(inspector);
+        core_.ribbons().show(inspector);
         core_.raise(*inspectorCollection_->eventSource(), L"NewInspector", 0xF001, {inspector->object()});
     } else {
         inspectors_.push_back(inspector);
         item->hiddenInspector.reset();
+        core_.ribbons().show(inspector);
     }
     if (core_.raiseCancellable(*item->eventSource(), L"Open", 0xF003)) {
         close(inspector);
@@ -154,6 +158,7 @@ void WindowList::close(const std::shared_ptr<HostObject>& window) {
     // A closing window is not the active one any more, but still counted.
     std::erase(order_, window);
     core_.raise(*window->eventSource(), L"Close", closed);
+    core_.ribbons().closed(*window);
     if (const auto explorer = std::dynamic_pointer_cast<Explorer>(window)) {
         explorer->closed();
         std::erase(explorers_, explorer);
