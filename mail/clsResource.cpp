@@ -77,8 +77,8 @@ std::wstring clsResource::DLL_LoadString(std::uint32_t id, std::size_t maximumLe
     return loadString(library_.get(), id, maximumLength);
 }
 
-std::shared_ptr<platform::Picture> clsResource::DLL_LoadIcon(std::uint32_t id) {
-    return loadPicture(library_.get(), PictureKind::Icon, id);
+std::shared_ptr<platform::Picture> clsResource::DLL_LoadIcon(std::uint32_t id, std::uint32_t size) {
+    return loadPicture(library_.get(), PictureKind::Icon, id, size);
 }
 
 std::shared_ptr<platform::Picture> clsResource::DLL_LoadCursor(std::uint32_t id) {
@@ -114,12 +114,13 @@ std::vector<std::uint8_t> clsResource::RES_LoadData(std::uint32_t id, const std:
 }
 
 std::shared_ptr<platform::Picture> clsResource::loadPicture(platform::ResourceLibrary* library,
-                                                            PictureKind kind, std::uint32_t id) {
+                                                            PictureKind kind, std::uint32_t id,
+                                                            std::uint32_t size) {
     pictureFailure_.clear();
     if (!library) {
         return nullptr;
     }
-    const auto handle = library->pictureHandle(kind, id);
+    const auto handle = library->pictureHandle(kind, id, size);
     if (handle == 0) {
         pictureFailure_ = L"Invalid bitmap handle";
         return nullptr;

@@ -25,7 +25,8 @@ class clsResource {
 
     /// The string resource, cut to `maximumLength` characters.
     std::wstring DLL_LoadString(std::uint32_t id, std::size_t maximumLength = 1024) const;
-    std::shared_ptr<platform::Picture> DLL_LoadIcon(std::uint32_t id);
+    /// `size` is its side length in pixels; 0 is the system's usual one.
+    std::shared_ptr<platform::Picture> DLL_LoadIcon(std::uint32_t id, std::uint32_t size = 0);
     std::shared_ptr<platform::Picture> DLL_LoadCursor(std::uint32_t id);
     std::shared_ptr<platform::Picture> DLL_LoadBitmap(std::uint32_t id);
     std::vector<std::uint8_t> DLL_LoadData(std::uint32_t id, const std::wstring& type) const;
@@ -48,7 +49,8 @@ class clsResource {
 
   private:
     std::shared_ptr<platform::Picture> loadPicture(platform::ResourceLibrary* library,
-                                                   platform::PictureKind kind, std::uint32_t id);
+                                                   platform::PictureKind kind, std::uint32_t id,
+                                                   std::uint32_t size = 0);
 
     platform::ResourceModule& module_;
     std::wstring path_;

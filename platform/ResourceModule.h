@@ -29,8 +29,9 @@ class ResourceLibrary {
     virtual Handle handle() const = 0;
     /// At most `maximumLength` characters of the string resource.
     virtual std::wstring string(std::uint32_t id, std::size_t maximumLength) = 0;
-    /// A handle that the caller must wrap or release; 0 when there is no such picture.
-    virtual Handle pictureHandle(PictureKind kind, std::uint32_t id) = 0;
+    /// A handle that the caller must wrap or release; 0 when there is no such picture. `size` is the side
+    /// length of an icon in pixels; 0 is the system's usual one.
+    virtual Handle pictureHandle(PictureKind kind, std::uint32_t id, std::uint32_t size = 0) = 0;
     /// The resource named "#" and the id in decimal, of the given type.
     virtual std::vector<std::uint8_t> data(std::uint32_t id, const std::wstring& type) = 0;
 };

@@ -26,6 +26,11 @@ class SystemInfo {
     virtual std::optional<WindowsVersion> windowsVersion() = 0;
     /// True on a 64-bit Windows, whatever the word size of Outlook.
     virtual bool is64Bit() = 0;
+    /// The version of the program that has loaded the add-in, as its file gives it ("16.0.17328.20000");
+    /// empty when it gives none.
+    virtual std::wstring programVersion() = 0;
+    /// Pixels to the inch of the screen: 96 at 100 %.
+    virtual std::uint32_t screenDpi() = 0;
     /// Tells a debugger, if one listens; a line of ASCII without its end.
     virtual void debug(std::string_view line) = 0;
 };

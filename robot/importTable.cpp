@@ -3,7 +3,10 @@
 #include <oleauto.h>
 #include <shellapi.h>
 
+#include <algorithm>
+#include <cstdlib>
 #include <cstring>
+#include <cwchar>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -32,6 +35,23 @@ BOOL WINAPI tellOfOpening(SHELLEXECUTEINFOW* call) {
         return ShellExecuteExW(call);
     }
     tellOpened(call->lpFile);
+    return TRUE;
+}
+
+VS_FIXEDFILEINFO programVersion{};
+
+DWORD WINAPI giveVersionSize(LPCWSTR, LPDWORD) {
+    return sizeof programVersion;
+}
+
+BOOL WINAPI giveVersion(LPCWSTR, DWORD, DWORD size, LPVOID data) {
+    std::memcpy(data, &programVersion, std::min<std::size_t>(size, sizeof programVersion));
+    return TRUE;
+}
+
+BOOL WINAPI findVersion(LPCVOID data, LPCWSTR, LPVOID* found, PUINT size) {
+    *found = const_cast<void*>(data);
+    *size = sizeof programVersion;
     return TRUE;
 }
 
@@ -86,6 +106,22 @@ void stopClockOfAddIn(automation::Date time) {
 void moveClockOfAddIn(int days) {
     daysAhead = days;
     replaceImport("GetLocalTime", &giveLaterTime);
+}
+
+void tellProgramVersion(const std::wstring& version) {
+    WORD parts[4] = {};
+    const wchar_t* rest = version.c_str();
+    for (WORD& part : parts) {
+        wchar_t* end = nullptr;
+        part = static_cast<WORD>(std::wcstoul(rest, &end, 10));
+        rest = *end == L'.' ? end + 1 : end;
+    }
+    programVersion = {};
+    programVersion.dwFileVersionMS = static_cast<DWORD>(MAKELONG(parts[1], parts[0]));
+    programVersion.dwFileVersionLS = static_cast<DWORD>(MAKELONG(parts[3], parts[2]));
+    replaceImport("GetFileVersionInfoSizeW", &giveVersionSize);
+    replaceImport("GetFileVersionInfoW", &giveVersion);
+    replaceImport("VerQueryValueW", &findVersion);
 }
 
 void catchOpening(std::function<void(const std::wstring&)> opened) {

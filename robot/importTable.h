@@ -18,6 +18,9 @@ void stopClockOfAddIn(automation::Date time);
 /// Has the add-in's clock go ahead of the machine's, by that many days. Throws as stopClockOfAddIn does.
 void moveClockOfAddIn(int days);
 
+/// Has the add-in take the program for one whose file has this version. Throws as stopClockOfAddIn does.
+void tellProgramVersion(const std::wstring& version);
+
 /// From now on the loaded Veltro.dll opens nothing: `opened` is told each address and file instead. An empty
 /// function gives it back what it had. Throws std::runtime_error when the DLL is not loaded.
 void catchOpening(std::function<void(const std::wstring&)> opened);

@@ -79,8 +79,9 @@ std::uint32_t parse(std::istream& stream, Contents& contents) {
 
 class FileLibrary : public ResourceLibrary {
   public:
-    FileLibrary(Contents contents, std::shared_ptr<FileResources::Handles> handles)
-        : contents_(std::move(contents)), handles_(std::move(handles)) {}
+    FileLibrary(Contents contents, std::shared_ptr<FileResources::Handles> handles,
+                std::shared_ptr<std::set<std::uint32_t>> sizes)
+        : contents_(std::move(contents)), handles_(std::move(handles)), sizes_(std::move(sizes)) {}
 
     Handle handle() const override { return reinterpret_cast<Handle>(this); }
 
@@ -89,9 +90,12 @@ class FileLibrary : public ResourceLibrary {
         return found == contents_.strings.end() ? std::wstring() : found->second.substr(0, maximumLength);
     }
 
-    Handle pictureHandle(PictureKind kind, std::uint32_t id) override {
+    Handle pictureHandle(PictureKind kind, std::uint32_t id, std::uint32_t size) override {
         if (!contents_.pictures.contains({kind, id})) {
             return 0;
+        }
+        if (kind == PictureKind::Icon) {
+            sizes_->insert(size);
         }
         const Handle next = handles_->empty() ? 1 : handles_->rbegin()->first + 1;
         handles_->emplace(next, kind);
@@ -106,6 +110,7 @@ class FileLibrary : public ResourceLibrary {
   private:
     Contents contents_;
     std::shared_ptr<FileResources::Handles> handles_;
+    std::shared_ptr<std::set<std::uint32_t>> sizes_;
 };
 
 /// Can be passed on and told from others, no more.
@@ -149,7 +154,7 @@ FileResources::FileResources(const std::wstring& own) {
     std::uint32_t ignored = 0;
     own_ = own.empty() ? nullptr : FileResources::load(own, ignored);
     if (!own_) {
-        own_ = std::make_unique<FileLibrary>(Contents{}, handles_);
+        own_ = std::make_unique<FileLibrary>(Contents{}, handles_, sizes_);
     }
 }
 
@@ -163,7 +168,7 @@ std::unique_ptr<ResourceLibrary> FileResources::load(const std::wstring& path, s
     }
     Contents contents;
     systemError = parse(stream, contents);
-    return systemError == 0 ? std::make_unique<FileLibrary>(std::move(contents), handles_) : nullptr;
+    return systemError == 0 ? std::make_unique<FileLibrary>(std::move(contents), handles_, sizes_) : nullptr;
 }
 
 std::int32_t FileResources::wrap(PictureKind kind, ResourceLibrary::Handle handle,

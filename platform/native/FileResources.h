@@ -33,6 +33,8 @@ class FileResources : public ResourceModule {
 
     /// From now on every wrap gives this result; 0 wraps again.
     void failWrapWith(std::int32_t result) { wrapResult_ = result; }
+    /// The sizes that icons were asked for in.
+    const std::set<std::uint32_t>& askedSizes() const { return *sizes_; }
     /// Picture handles that neither were released nor died with their picture.
     std::size_t livePictures() const { return handles_->size(); }
 
@@ -41,6 +43,7 @@ class FileResources : public ResourceModule {
 
   private:
     std::shared_ptr<Handles> handles_ = std::make_shared<Handles>();
+    std::shared_ptr<std::set<std::uint32_t>> sizes_ = std::make_shared<std::set<std::uint32_t>>();
     std::unique_ptr<ResourceLibrary> own_;
     std::int32_t wrapResult_ = 0;
 };

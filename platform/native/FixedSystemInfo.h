@@ -22,6 +22,11 @@ class FixedSystemInfo : public SystemInfo {
     std::optional<WindowsVersion> version = WindowsVersion{2, 10, 0, 19045, false};
     bool wide = true;
 
+    std::wstring programVersion() override { return program; }
+    std::uint32_t screenDpi() override { return dpi; }
+    std::wstring program;
+    std::uint32_t dpi = 96;
+
     void debug(std::string_view line) override { debugLines_.emplace_back(line); }
     const std::vector<std::string>& debugLines() const { return debugLines_; }
 

@@ -38,11 +38,12 @@ class ModuleResources final : public ResourceLibrary {
         return std::wstring(text, std::min(static_cast<std::size_t>(length), maximumLength));
     }
 
-    Handle pictureHandle(PictureKind kind, std::uint32_t id) override {
+    Handle pictureHandle(PictureKind kind, std::uint32_t id, std::uint32_t size) override {
         // Not shared, so that the handle can be given away; of the system's size for icons and cursors.
-        const UINT size = kind == PictureKind::Bitmap ? 0 : LR_DEFAULTSIZE;
+        const UINT flags = kind == PictureKind::Bitmap || size != 0 ? 0 : LR_DEFAULTSIZE;
+        const int side = static_cast<int>(size);
         return reinterpret_cast<Handle>(
-            LoadImageW(module_, MAKEINTRESOURCEW(id), imageType(kind), 0, 0, size));
+            LoadImageW(module_, MAKEINTRESOURCEW(id), imageType(kind), side, side, flags));
     }
 
     std::vector<std::uint8_t> data(std::uint32_t id, const std::wstring& type) override {

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <cstring>
+#include <vector>
 
 #include "platform/windows/ownModule.h"
 
@@ -33,6 +34,31 @@ std::optional<WindowsVersion> WindowsSystemInfo::windowsVersion() {
 bool WindowsSystemInfo::is64Bit() {
     BOOL narrowOnWide = FALSE;
     return sizeof(void*) == 8 || (IsWow64Process(GetCurrentProcess(), &narrowOnWide) && narrowOnWide);
+}
+
+std::wstring WindowsSystemInfo::programVersion() {
+    const std::wstring path = modulePath(nullptr);
+    DWORD ignored = 0;
+    std::vector<BYTE> data(GetFileVersionInfoSizeW(path.c_str(), &ignored));
+    void* found = nullptr;
+    UINT size = 0;
+    if (data.empty() || !GetFileVersionInfoW(path.c_str(), 0, static_cast<DWORD>(data.size()), data.data()) ||
+        !VerQueryValueW(data.data(), L"\\", &found, &size) || size < sizeof(VS_FIXEDFILEINFO)) {
+        return {};
+    }
+    const auto& version = *static_cast<const VS_FIXEDFILEINFO*>(found);
+    return std::to_wstring(HIWORD(version.dwFileVersionMS)) + L'.' +
+           std::to_wstring(LOWORD(version.dwFileVersionMS)) + L'.' +
+           std::to_wstring(HIWORD(version.dwFileVersionLS)) + L'.' +
+           std::to_wstring(LOWORD(version.dwFileVersionLS));
+}
+
+std::uint32_t WindowsSystemInfo::screenDpi() {
+    const HDC screen = GetDC(nullptr);
+    const int dpi = GetDeviceCaps(screen, LOGPIXELSX);
+    ReleaseDC(nullptr, screen);
+    constexpr std::uint32_t usual = 96;
+    return dpi > 0 ? static_cast<std::uint32_t>(dpi) : usual;
 }
 
 void WindowsSystemInfo::debug(std::string_view line) {

@@ -12,6 +12,8 @@ class WindowsSystemInfo final : public SystemInfo {
     std::wstring addInFolder() override;
     std::optional<WindowsVersion> windowsVersion() override;
     bool is64Bit() override;
+    std::wstring programVersion() override;
+    std::uint32_t screenDpi() override;
     void debug(std::string_view line) override;
 };
 

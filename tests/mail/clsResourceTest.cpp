@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <iterator>
 
 #include "platform/automation.h"
@@ -14,7 +15,7 @@ namespace {
 using mail::clsResource;
 using Bytes = std::vector<std::uint8_t>;
 using Picture = std::shared_ptr<platform::Picture>;
-using LoadPicture = Picture (clsResource::*)(std::uint32_t);
+using LoadPicture = std::function<Picture(clsResource&, std::uint32_t)>;
 
 /// A library and the add-in's own resources, as files.
 struct Resources {
@@ -93,19 +94,22 @@ const struct {
     std::uint32_t id;
     std::uint32_t other;
 } pictures[] = {
-    {&clsResource::DLL_LoadBitmap, 1, 2}, {&clsResource::DLL_LoadIcon, 2, 3},
-    {&clsResource::DLL_LoadCursor, 3, 1}, {&clsResource::RES_LoadBitmap, 11, 12},
-    {&clsResource::RES_LoadIcon, 12, 13}, {&clsResource::RES_LoadCursor, 13, 11},
+    {&clsResource::DLL_LoadBitmap, 1, 2},
+    {[](clsResource& resource, std::uint32_t id) { return resource.DLL_LoadIcon(id); }, 2, 3},
+    {&clsResource::DLL_LoadCursor, 3, 1},
+    {&clsResource::RES_LoadBitmap, 11, 12},
+    {&clsResource::RES_LoadIcon, 12, 13},
+    {&clsResource::RES_LoadCursor, 13, 11},
 };
 
 TEST(Resource, GivesPicturesThatOwnTheirHandles) {
     Resources given;
     given.resource.setLibraryFilePath(given.library);
     for (const auto& [load, id, other] : pictures) {
-        EXPECT_FALSE((given.resource.*load)(other));
+        EXPECT_FALSE(load(given.resource, other));
         EXPECT_EQ(given.resource.pictureFailure(), L"Invalid bitmap handle");
         {
-            const Picture picture = (given.resource.*load)(id);
+            const Picture picture = load(given.resource, id);
             EXPECT_TRUE(picture) << id;
             EXPECT_EQ(given.module.livePictures(), 1U);
         }
