@@ -203,6 +203,7 @@ std::optional<bool> clsSendAcct::changeOnce(const ListChange& wanted, ChangeAtte
 bool clsSendAcct::keep(AccountRows rows) {
     list_ = std::make_unique<AccountRows>(std::move(rows));
     ErrorReport.clear();
+    globals_.tellPreferredAccountChanges();
     return true;
 }
 

@@ -50,6 +50,7 @@ void Connect::OnConnection(const automation::Object& application, int /*connectM
     StartingUp startingUp(globals_.startingUp);
     libraryLookedFor_ = false;
     toldOfLibrary_ = false;
+    ribbon_.connected();
     const std::size_t promptsBefore = globals_.promptsShown;
 
     readProductTexts(globals_);
@@ -67,6 +68,7 @@ void Connect::OnConnection(const automation::Object& application, int /*connectM
         settingsWizard::welcome(globals_);
     }
     refreshEmailList();
+    globals_.tellPreferredAccountChanges();  // In windows that Outlook has drawn by now.
     updateCheck_ = update::basAutoUpdate::StartDailyCheck(globals_);
     if (globals_.promptsShown != promptsBefore) {
         wrapOpenExplorers();  // Those that the user has opened behind a box.
@@ -183,6 +185,11 @@ void Connect::refreshEmailList() {
     }
 }
 
+std::wstring Connect::GetCustomUI(const std::wstring& ribbonId) {
+    readProductTexts(globals_);
+    return ribbon_.customUI(ribbonId);
+}
+
 bool Connect::TutorialScreen() const {
     return modRegKeys::Tutorial.read(globals_) == L"True";
 }
@@ -208,6 +215,7 @@ void Connect::OnDisconnection(int removeMode) {
     objInsp_ = {};
     colInspEvents_.end();
     colInsp_ = {};
+    ribbon_.disconnected();
     globals_.resources.reset();
     updateCheck_.reset();
     unexpose();

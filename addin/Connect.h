@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "addin/OutAddIn.h"
+#include "addin/Ribbon.h"
 #include "addin/Surroundings.h"
 #include "addin/WindowWrappers.h"
 #include "platform/FunctionTarget.h"
@@ -27,6 +28,11 @@ class Connect {
     void OnConnection(const automation::Object& application, int connectMode,
                       const automation::Object& addInInst);
     void OnDisconnection(int removeMode);
+
+    /// The product's part of the ribbon in windows of a kind; empty when there is none. Outlook asks for it
+    /// before the connection, too; after the disconnection there is none.
+    std::wstring GetCustomUI(const std::wstring& ribbonId);
+    automation::Object ribbonCallbacks() const { return ribbon_.callbacks(); }
 
     /// Whether the setting wants the tutorial; it has no further effect, the menu's commands open it.
     bool TutorialScreen() const;
@@ -69,6 +75,7 @@ class Connect {
     Surroundings around_;
     mail::Globals& globals_ = around_.globals;
     WindowWrappers wrappers_;
+    Ribbon ribbon_{globals_};
     settings::SettingsFileReader settingsFile_;
     /// Kept beside the global one, which goes with the last window and must come back with the next.
     outlook::Application application_;

@@ -28,6 +28,7 @@ void ExplorerWrap::setExplorer(const outlook::Explorer& explorer) {
     explorer_ = explorer;
     const auto version = mail::attempt([&] { return mail::outlookVersion(globals_); });
     hasInlineResponses_ = version && *version >= mail::outlook2013;
+    hasMenu_ = !version || *version < mail::outlook2010;
     explorerEvents_ = automation::subscribe(
         explorer.object(), hasInlineResponses_ ? events::laterExplorer : events::explorer,
         [self = weak_from_this()](std::int32_t event, std::span<automation::Value> arguments) {
@@ -38,7 +39,7 @@ void ExplorerWrap::setExplorer(const outlook::Explorer& explorer) {
 }
 
 void ExplorerWrap::InitButton() {
-    if (!buttons_.empty() || std::exchange(buildingMenu_, true)) {
+    if (!hasMenu_ || !buttons_.empty() || std::exchange(buildingMenu_, true)) {
         return;  // Outlook's calls let events in: an Activate must not build a second menu beside the first.
     }
     mail::skipErrors([&] {
@@ -51,7 +52,7 @@ void ExplorerWrap::InitButton() {
                     std::int32_t event, std::span<automation::Value>) {
                     const auto wrapper = self.lock();  // Held: the window may close while a dialog is open.
                     if (wrapper && event == events::commandBarButtonClick) {
-                        wrapper->clicked(command);
+                        run(wrapper->globals_, command);
                     }
                 }));
         }
@@ -61,53 +62,53 @@ void ExplorerWrap::InitButton() {
     buildingMenu_ = false;
 }
 
-void ExplorerWrap::clicked(menu::Command command) {
+void ExplorerWrap::run(mail::Globals& globals, menu::Command command) {
     switch (command) {
         case menu::Command::AccountList:
-            gcmdTWl_Veltro_List_Click();
+            gcmdTWl_Veltro_List_Click(globals);
             break;
         case menu::Command::Settings:
-            gcmdTWL_Veltro_Settings_Click();
+            gcmdTWL_Veltro_Settings_Click(globals);
             break;
         case menu::Command::Help:
-            gcmdTWL_Veltro_Help_Click();
+            gcmdTWL_Veltro_Help_Click(globals);
             break;
         case menu::Command::CheckUpdates:
-            gcmdTWL_Veltro_CheckUpdate_Click();
+            gcmdTWL_Veltro_CheckUpdate_Click(globals);
             break;
         case menu::Command::ContactSupport:
-            gcmdTWL_Veltro_ContactSupport_Click();
+            gcmdTWL_Veltro_ContactSupport_Click(globals);
             break;
         case menu::Command::About:
-            gcmdTWl_Veltro_About_Click();
+            gcmdTWl_Veltro_About_Click(globals);
             break;
     }
 }
 
-void ExplorerWrap::gcmdTWL_Veltro_Settings_Click() {
-    mail::trapErrors(globals_, mail::ErrorReport::usual(L"ExplorerWrap.gcmdTWL_Veltro_Settings_Click"),
-                     [&] { settingsWizard::open(globals_); });
+void ExplorerWrap::gcmdTWL_Veltro_Settings_Click(mail::Globals& globals) {
+    mail::trapErrors(globals, mail::ErrorReport::usual(L"ExplorerWrap.gcmdTWL_Veltro_Settings_Click"),
+                     [&] { settingsWizard::open(globals); });
 }
 
-void ExplorerWrap::gcmdTWL_Veltro_CheckUpdate_Click() {
-    mail::trapErrors(globals_, mail::ErrorReport::usual(L"ExplorerWrap.gcmdTWL_Veltro_CheckUpdate_Click"),
-                     [&] { update::basAutoUpdate::CheckForUpdates(globals_); });
+void ExplorerWrap::gcmdTWL_Veltro_CheckUpdate_Click(mail::Globals& globals) {
+    mail::trapErrors(globals, mail::ErrorReport::usual(L"ExplorerWrap.gcmdTWL_Veltro_CheckUpdate_Click"),
+                     [&] { update::basAutoUpdate::CheckForUpdates(globals); });
 }
 
-void ExplorerWrap::gcmdTWL_Veltro_ContactSupport_Click() {
-    support::ComposeSupportEmail(globals_);
+void ExplorerWrap::gcmdTWL_Veltro_ContactSupport_Click(mail::Globals& globals) {
+    support::ComposeSupportEmail(globals);
 }
 
-void ExplorerWrap::gcmdTWl_Veltro_About_Click() {
-    mail::trapErrors(globals_, mail::ErrorReport::usual(L"ExplorerWrap.gcmdTWl_Veltro_About_Click"), [&] {
-        support::frmAbout form(globals_);
-        globals_.platform.desktop.showModal(form);
+void ExplorerWrap::gcmdTWl_Veltro_About_Click(mail::Globals& globals) {
+    mail::trapErrors(globals, mail::ErrorReport::usual(L"ExplorerWrap.gcmdTWl_Veltro_About_Click"), [&] {
+        support::frmAbout form(globals);
+        globals.platform.desktop.showModal(form);
     });
 }
 
-void ExplorerWrap::gcmdTWL_Veltro_Help_Click() {
-    mail::trapErrors(globals_, mail::ErrorReport::usual(L"ExplorerWrap.gcmdTWL_Veltro_Help_Click"), [&] {
-        prompts::showHelp(globals_, globals_.product.helpFile, L"Getting%20Started/Introduction.htm",
+void ExplorerWrap::gcmdTWL_Veltro_Help_Click(mail::Globals& globals) {
+    mail::trapErrors(globals, mail::ErrorReport::usual(L"ExplorerWrap.gcmdTWL_Veltro_Help_Click"), [&] {
+        prompts::showHelp(globals, globals.product.helpFile, L"Getting%20Started/Introduction.htm",
                           platform::HelpView::Contents);
     });
 }
@@ -127,23 +128,23 @@ void ExplorerWrap::openHelpFile(const wchar_t* procedure, const std::wstring& na
     });
 }
 
-void ExplorerWrap::gcmdTWl_Veltro_List_Click() {
+void ExplorerWrap::gcmdTWl_Veltro_List_Click(mail::Globals& globals) {
     const auto report = mail::ErrorReport::usual(L"ExplorerWrap.gcmdTWl_Veltro_List_Click");
-    mail::trapErrors(globals_, report, [&] {
-        if (mail::outlookVersion(globals_) < mail::outlook2003) {
-            globals_.platform.desktop.messageBox(
+    mail::trapErrors(globals, report, [&] {
+        if (mail::outlookVersion(globals) < mail::outlook2003) {
+            globals.platform.desktop.messageBox(
                 L"Account Sentry is only supported in Outlook 2003 and above.",
                 {platform::Buttons::Ok, platform::Icon::Information},
-                prompts::titled(globals_, L"Account Sentry"));
+                prompts::titled(globals, L"Account Sentry"));
             return;
         }
-        if (!globals_.provider->hasAccounts()) {
-            missingLibrary::tell(globals_);
+        if (!globals.provider->hasAccounts()) {
+            missingLibrary::tell(globals);
             return;
         }
-        const auto list = accounts::basSendAcct::OpenList(globals_);
-        accounts::frmEmailAddress window(globals_, *list);
-        globals_.platform.desktop.showModal(window);
+        const auto list = accounts::basSendAcct::OpenList(globals);
+        accounts::frmEmailAddress window(globals, *list);
+        globals.platform.desktop.showModal(window);
     });
 }
 
@@ -183,10 +184,14 @@ void ExplorerWrap::watchInline(const outlook::Item& response) {
                     wrapper->onInlineEvent(event, arguments);
                 }
             });
+        globals_.tellPreferredAccountChanges();
     }
 }
 
 void ExplorerWrap::onInlineEvent(std::int32_t event, std::span<automation::Value> arguments) {
+    if (eventArguments::changeRecipients(event, arguments)) {
+        globals_.tellPreferredAccountChanges();
+    }
     if (event != events::itemSend) {
         return;
     }

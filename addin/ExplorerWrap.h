@@ -38,6 +38,10 @@ class ExplorerWrap : public std::enable_shared_from_this<ExplorerWrap> {
     /// Builds the product's menu in the window, unless it is there already. A window whose menu cannot be
     /// built is guarded all the same; that of a new window can be built from its first Activate on.
     void InitButton();
+    /// False from Outlook 2010 on, whose main windows have a ribbon: the menu would not be drawn there.
+    bool hasMenu() const { return hasMenu_; }
+    /// A command of the menu or the ribbon was chosen; errors are reported.
+    static void run(mail::Globals& globals, menu::Command command);
 
     /// Watches the mail that is selected now, as after a change of the selection. Where that cannot be read,
     /// none.
@@ -69,13 +73,12 @@ class ExplorerWrap : public std::enable_shared_from_this<ExplorerWrap> {
     void onItemEvent(std::int32_t event, std::span<automation::Value> arguments);
     bool isHarmless(const automation::Error& error) const;
     void m_objExpl_Close();
-    void clicked(menu::Command command);
-    void gcmdTWl_Veltro_List_Click();
-    void gcmdTWL_Veltro_Settings_Click();
-    void gcmdTWL_Veltro_CheckUpdate_Click();
-    void gcmdTWL_Veltro_ContactSupport_Click();
-    void gcmdTWl_Veltro_About_Click();
-    void gcmdTWL_Veltro_Help_Click();
+    static void gcmdTWl_Veltro_List_Click(mail::Globals& globals);
+    static void gcmdTWL_Veltro_Settings_Click(mail::Globals& globals);
+    static void gcmdTWL_Veltro_CheckUpdate_Click(mail::Globals& globals);
+    static void gcmdTWL_Veltro_ContactSupport_Click(mail::Globals& globals);
+    static void gcmdTWl_Veltro_About_Click(mail::Globals& globals);
+    static void gcmdTWL_Veltro_Help_Click(mail::Globals& globals);
     void openHelpFile(const wchar_t* procedure, const std::wstring& name);
     bool showsOutbox() const;
     outlook::Item selectedMail() const;
@@ -94,6 +97,7 @@ class ExplorerWrap : public std::enable_shared_from_this<ExplorerWrap> {
     outlook::Item inlineItem_;
     std::shared_ptr<mail::OutgoingMail> inlineMail_;
     automation::Subscription inlineEvents_;
+    bool hasMenu_ = true;
     bool buildingMenu_ = false;
     menu::Buttons buttons_;
     std::vector<automation::Subscription> buttonEvents_;

@@ -27,7 +27,9 @@ void WindowWrappers::AddExpl(const outlook::Explorer& explorer, Window window) {
 
 void WindowWrappers::RemoveExplMenu() const {
     explorers_.forEach([this](const ExplorerWrap& wrapper) {
-        mail::skipErrors([&] { menu::remove(globals_, wrapper.Explorer()); });
+        if (wrapper.hasMenu()) {
+            mail::skipErrors([&] { menu::remove(globals_, wrapper.Explorer()); });
+        }
     });
 }
 

@@ -40,6 +40,9 @@ void clsInspWrap::onInspectorEvent(std::int32_t event, std::span<automation::Val
 }
 
 void clsInspWrap::onMailEvent(std::int32_t event, std::span<automation::Value> arguments) {
+    if (eventArguments::changeRecipients(event, arguments)) {
+        globals_.tellPreferredAccountChanges();
+    }
     switch (event) {
         case events::itemSend: {
             mail::skipErrors([&] {
@@ -99,6 +102,7 @@ bool clsInspWrap::isAbandoned() const {
 void clsInspWrap::activated() {
     shown_ = true;
     keeper_.activated(shared_from_this());
+    globals_.tellPreferredAccountChanges();
     prepareWord();
 }
 

@@ -2,8 +2,10 @@
 
 #include <cstddef>
 #include <span>
+#include <string>
 
-#include "platform/automation.h"
+#include "platform/outlook.h"
+#include "platform/text.h"
 
 /// Reads what an event hands over. Nothing is taken on trust: a host that raises an event with other
 /// arguments than declared gets an Error back.
@@ -14,6 +16,17 @@ inline const automation::Value& at(std::span<automation::Value> arguments, std::
         throw automation::Error(automation::errors::typeMismatch, L"Missing event argument");
     }
     return arguments[index];
+}
+
+/// True for the PropertyChange of an item by which its recipients have changed.
+inline bool changeRecipients(std::int32_t event, std::span<const automation::Value> arguments) {
+    if (event != outlook::events::itemPropertyChange || arguments.empty() ||
+        !arguments[0].holds<std::wstring>()) {
+        return false;
+    }
+    const std::wstring name = arguments[0].toText();
+    return text::equalsIgnoringCase(name, L"To") || text::equalsIgnoringCase(name, L"CC") ||
+           text::equalsIgnoringCase(name, L"BCC");
 }
 
 /// An event's by-reference cancel flag, held for one event. Written back only when it was changed.

@@ -24,7 +24,6 @@ constexpr std::uint32_t helpMask = 603;
 }  // namespace pictureId
 
 struct Entry {
-    /// "%" stands for the product's title.
     const wchar_t* caption;
     std::wstring_view tag;
     bool beginGroup = false;
@@ -74,6 +73,10 @@ Object helpMenu(const Object& bar, const Object& controls) {
 }
 
 }  // namespace
+
+const wchar_t* caption(Command command) {
+    return entries[static_cast<std::size_t>(command)].caption;
+}
 
 Buttons build(const Globals& globals, const outlook::Explorer& explorer, std::int32_t windowKey) {
     const Object bar = menuBar(explorer);

@@ -14,6 +14,9 @@ namespace addin::menu {
 enum class Command { AccountList, Settings, CheckUpdates, Help, ContactSupport, About };
 inline constexpr std::size_t commandCount = 6;
 
+/// A command's caption; "%" stands for the product's title.
+const wchar_t* caption(Command command);
+
 /// The buttons of one window, to listen to, one a command; empty in a window without a menu bar.
 using Buttons = std::vector<automation::Object>;
 

@@ -27,6 +27,9 @@ void openResourceLibrary(mail::Globals& globals) {
 }  // namespace
 
 void readProductTexts(mail::Globals& globals) {
+    if (globals.resources) {
+        return;
+    }
     openResourceLibrary(globals);
     mail::ProductTexts& product = globals.product;
     product.aboutText = globals.resourceOr(

@@ -22,15 +22,18 @@ void checkSubject(mail::Globals& globals, mail::OutgoingMail& mail, bool& cancel
 
 }  // namespace
 
+void check(mail::Globals& globals, mail::OutgoingMail& mail, bool& cancel) {
+    checkSubject(globals, mail, cancel);
+    if (!cancel) {
+        checks::vtAttachMissingCheck(globals, mail, cancel);
+    }
+}
+
 void handle(mail::Globals& globals, const std::shared_ptr<mail::OutgoingMail>& mail, bool& cancel) {
     globals.outgoing = mail;
     mail::trapErrors(globals, mail::ErrorReport::check(L"m_ObjMail_Send"), [&] {
-        if (mail::itemUnreadable(mail->item())) {
-            return;
-        }
-        checkSubject(globals, *mail, cancel);
-        if (!cancel) {
-            checks::vtAttachMissingCheck(globals, *mail, cancel);
+        if (!mail::itemUnreadable(mail->item())) {
+            check(globals, *mail, cancel);
         }
     });
     if (cancel) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -57,6 +58,8 @@ struct Globals {
     std::size_t promptsShown = 0;
     /// How many are open now.
     std::size_t promptsOpen = 0;
+    /// How many procedures were left because the user or the administrator has refused a call.
+    std::size_t refusals = 0;
     /// The mail that was the last to raise its Send. Its ItemSend comes next, unless another send comes in
     /// between.
     std::weak_ptr<OutgoingMail> outgoing;
@@ -65,6 +68,15 @@ struct Globals {
     /// Path of the mailbox folder that holds the list of preferred accounts; empty until it was found or
     /// made.
     std::wstring settingsFolder;
+
+    /// Told when the account that is preferred for a mail being written may be another than before: its
+    /// recipients or the list have changed. May be empty.
+    std::function<void()> preferredAccountChanges;
+    void tellPreferredAccountChanges() const {
+        if (preferredAccountChanges) {
+            preferredAccountChanges();
+        }
+    }
 
     /// A string of the resource library, or `fallback` when it does not supply it.
     std::wstring resourceOr(std::uint32_t id, const std::wstring& fallback) const {

@@ -27,6 +27,8 @@ inline constexpr OutlookVersion outlook2002{10};
 inline constexpr OutlookVersion outlook2003{11};
 /// From here on Word, as the editor of mails, has no window of its own.
 inline constexpr OutlookVersion outlook2007{12};
+/// From here on a main window has a ribbon in place of its menus.
+inline constexpr OutlookVersion outlook2010{14};
 
 /// From here on responses are written in the reading pane of a main window.
 inline constexpr OutlookVersion outlook2013{15};

@@ -20,6 +20,7 @@ std::wstring ErrorReport::text(const automation::Error& error) const {
 
 void reportError(Globals& globals, const ErrorReport& report, const automation::Error& error) noexcept {
     if (isRefusal(error)) {
+        ++globals.refusals;
         return;  // Whoever refused knows.
     }
     skipErrors([&] {

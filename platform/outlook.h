@@ -63,6 +63,7 @@ inline constexpr std::int32_t inspectorActivate = 0xF001;
 inline constexpr std::int32_t inspectorClose = 0xF008;
 inline constexpr std::int32_t itemClose = 0xF004;
 inline constexpr std::int32_t itemSend = 0xF005;
+inline constexpr std::int32_t itemPropertyChange = 0xF009;
 inline constexpr std::int32_t itemReply = 0xF466;
 inline constexpr std::int32_t itemReplyAll = 0xF467;
 inline constexpr std::int32_t itemForward = 0xF468;

@@ -22,11 +22,11 @@ constexpr char usageText[] =
   veltro-host reply MESSAGE...         select each message in the Inbox and press Reply
   veltro-host reply-all MESSAGE...     ... Reply to All
   veltro-host forward MESSAGE...       ... Forward
-  veltro-host list                     open the list of preferred sending accounts from the menu
-  veltro-host settings                 open the settings from the menu
-  veltro-host update                   check for a newer version from the menu
-  veltro-host support                  prepare an e-mail to the support from the menu
-  veltro-host about                    open the about box from the menu
+  veltro-host list                     open the list of preferred sending accounts
+  veltro-host settings                 open the settings
+  veltro-host update                   check for a newer version
+  veltro-host support                  prepare an e-mail to the support
+  veltro-host about                    open the about box
   veltro-host start                    start Outlook, let it sit until nothing is left to do, and end it
   veltro-host import MESSAGE.eml...    write the messages as JSON, which the other commands read too
   veltro-host settings export FOLDER   write the settings of --settings and --set into the administrator's file

@@ -138,10 +138,10 @@ ExitStatus Session::ended(bool cancelled) const {
 ExitStatus Session::press(const std::wstring& button) {
     bool pressed = false;
     try {
-        outlook_.pressControl(outlook_.explorers().front(), {L"Tarnwell", L"Veltro", button});
+        outlook_.choose(outlook_.explorers().front(), {L"Tarnwell", L"Veltro", button});
         pressed = true;
     } catch (const automation::Error& error) {
-        report_.error(L"the menu's \"" + button + L"\" cannot be chosen: " + error.description());
+        report_.error(L"the command \"" + button + L"\" cannot be chosen: " + error.description());
     }
     reportErrors();
     return ended(!pressed);

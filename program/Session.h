@@ -43,7 +43,7 @@ class Session {
     /// What does without messages; nothing for the commands that take them.
     std::optional<ExitStatus> runMenu();
     ExitStatus support();
-    /// A button of the menu.
+    /// A command of the menu, or of the ribbon.
     ExitStatus press(const std::wstring& button);
     ExitStatus ended(bool cancelled) const;
     automation::Object opened(const host::ReplyOutcome& outcome) const;

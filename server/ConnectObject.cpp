@@ -37,6 +37,9 @@ constexpr std::array<Member, 5> members{{{L"OnConnection", ids::onConnection, 3}
                                          {L"OnStartupComplete", ids::onStartupComplete, 0},
                                          {L"OnBeginShutdown", ids::onBeginShutdown, 0}}};
 
+/// The callbacks' own ids come on top of this: beyond those of either interface.
+constexpr DISPID firstCallback = 100;
+
 /// The n-th argument in declared order, as the type asked for. A variant that holds nothing when it is none.
 platform::windows::Variant argument(const DISPPARAMS& parameters, UINT index, VARTYPE type) {
     platform::windows::Variant value;
@@ -52,7 +55,16 @@ struct ConnectObject::Session {
     Held held;
     platform::windows::WindowsPlatform world{liveObjects()};
     addin::Connect addIn{world.platform()};
+    bool connected = false;
 };
+
+std::shared_ptr<ConnectObject::Session> ConnectObject::openSession() {
+    if (!session_) {
+        session_ = std::make_shared<Session>();
+        session_->world.exporter().keepDuringEvents(session_);
+    }
+    return session_;
+}
 
 ComPtr<IUnknown> ConnectObject::make() {
     const auto made = ComPtr<ConnectObject>::adopt(new ConnectObject);
@@ -64,11 +76,15 @@ ConnectObject::ConnectObject() : DispatchObject(liveObjects()) {}
 ConnectObject::~ConnectObject() = default;
 
 void* ConnectObject::find(REFIID id) noexcept {
+    if (id == platform::windows::ribbonExtensibilityId) {
+        return static_cast<platform::windows::IRibbonExtensibility*>(&ribbon_);
+    }
     const bool known = id == IID_IDispatch || id == platform::windows::extensibilityId;
     return known ? static_cast<platform::windows::IDTExtensibility2*>(this) : nullptr;
 }
 
-STDMETHODIMP ConnectObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* memberIds) {
+STDMETHODIMP ConnectObject::GetIDsOfNames(REFIID id, LPOLESTR* names, UINT count, LCID locale,
+                                          DISPID* memberIds) {
     if (!names || !memberIds || count == 0 || !names[0]) {
         return E_INVALIDARG;
     }
@@ -81,11 +97,16 @@ STDMETHODIMP ConnectObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, L
             return count == 1 ? S_OK : DISP_E_UNKNOWNNAME;
         }
     }
-    return DISP_E_UNKNOWNNAME;
+    // Office may ask this interface for the ribbon's callbacks, being that of the same object.
+    return callbackIds(id, names, count, locale, memberIds);
 }
 
-STDMETHODIMP ConnectObject::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT*,
-                                   EXCEPINFO*, UINT*) {
+STDMETHODIMP ConnectObject::Invoke(DISPID id, REFIID interfaceId, LCID locale, WORD flags,
+                                   DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* details,
+                                   UINT* badArgument) {
+    if (id > firstCallback) {
+        return callBack(id, interfaceId, locale, flags, parameters, result, details, badArgument);
+    }
     if (id < ids::onConnection || id > ids::onBeginShutdown || (flags & DISPATCH_METHOD) == 0) {
         return DISP_E_MEMBERNOTFOUND;
     }
@@ -114,14 +135,13 @@ STDMETHODIMP ConnectObject::OnConnection(IDispatch* application, ConnectMode mod
     // A call into Outlook may let it drop its reference.
     const ComPtr<IUnknown> self(identity());
     return guarded([&] {
-        if (session_) {
+        // Kept here too: Outlook may disconnect the add-in while it starts up.
+        const auto session = openSession();
+        gone_ = false;
+        if (std::exchange(session->connected, true)) {
             return S_OK;  // Connected once is connected.
         }
-        // Kept here too: Outlook may disconnect the add-in while it starts up.
-        const auto session = std::make_shared<Session>();
-        session_ = session;
         auto& exporter = session->world.exporter();
-        exporter.keepDuringEvents(session);
         try {
             session->addIn.OnConnection(exporter.toObject(application), static_cast<int>(mode),
                                         exporter.toObject(addInInstance));
@@ -138,10 +158,45 @@ STDMETHODIMP ConnectObject::OnDisconnection(RemoveMode mode, SAFEARRAY**) {
     return guarded([&] {
         // Gone at the end, whatever happens: after this call Outlook's objects fail.
         const std::shared_ptr<Session> session = std::move(session_);
-        if (session) {
+        gone_ = true;
+        if (session && session->connected) {
             session->addIn.OnDisconnection(static_cast<int>(mode));
         }
         return S_OK;
+    });
+}
+
+std::wstring ConnectObject::customUI(const std::wstring& ribbonId) {
+    const ComPtr<IUnknown> self(identity());
+    return gone_ ? std::wstring() : openSession()->addIn.GetCustomUI(ribbonId);
+}
+
+HRESULT ConnectObject::callbackIds(REFIID id, LPOLESTR* names, UINT count, LCID locale, DISPID* memberIds) {
+    const auto session = session_;
+    if (!session) {
+        return DISP_E_UNKNOWNNAME;
+    }
+    return guarded([&] {
+        const auto callbacks = session->world.exporter().exportObject(session->addIn.ribbonCallbacks());
+        const HRESULT answer = callbacks->GetIDsOfNames(id, names, count, locale, memberIds);
+        if (answer == S_OK) {
+            memberIds[0] += firstCallback;
+        }
+        return answer;
+    });
+}
+
+HRESULT ConnectObject::callBack(DISPID member, REFIID id, LCID locale, WORD flags, DISPPARAMS* parameters,
+                                VARIANT* result, EXCEPINFO* details, UINT* badArgument) {
+    const ComPtr<IUnknown> self(identity());
+    const auto session = session_;
+    if (!session || member <= firstCallback) {
+        return DISP_E_MEMBERNOTFOUND;
+    }
+    return guarded([&] {
+        const auto callbacks = session->world.exporter().exportObject(session->addIn.ribbonCallbacks());
+        return callbacks->Invoke(member - firstCallback, id, locale, flags, parameters, result, details,
+                                 badArgument);
     });
 }
 

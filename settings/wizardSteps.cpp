@@ -12,8 +12,8 @@ IntroStep::IntroStep(forms::Container& form)
                 L"On the next pages you choose what it looks for: replies to too many people, missing "
                 L"subjects and attachments, the wrong sending account, e-mails that should be confirmed or "
                 L"wait a little before they leave.\r\n\r\nThe settings are a good start as they are. Press "
-                L"Next to see them, or Save to keep them. You find them again in Outlook's menu under "
-                L"Tarnwell, Veltro, Settings."} {
+                L"Next to see them, or Save to keep them. You find them again in the group Veltro on "
+                L"Outlook's Home tab; up to Outlook 2007 in its menu under Tarnwell, Veltro, Settings."} {
     imgIntro.setVisible(false);
 }
 

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Draws the product's pictures from the drawings in resources/.
 
-    tools/pictures.py FOLDER   writes Veltro.ico and the bitmaps of the resource library into FOLDER
+    tools/pictures.py FOLDER   writes the icons and the bitmaps of the resource library into FOLDER
     tools/pictures.py --self-test
 
 Needs rsvg-convert (librsvg).
@@ -16,8 +16,14 @@ from pathlib import Path
 
 RESOURCES = Path(__file__).resolve().parent.parent / "resources"
 
-ICON = "Veltro.ico", "veltro.svg"
-ICON_SIZES = 16, 20, 24, 32, 40, 48, 64, 128, 256
+# Buttons of the ribbon have pictures of 16 or 32 pixels at 100 %, and of up to twice that.
+BUTTON_SIZES = 16, 20, 24, 32, 40, 48, 64
+# File, drawing and sizes.
+ICON = "Veltro.ico", "veltro.svg", (*BUTTON_SIZES, 128, 256)
+ICONS = [ICON] + [
+    (f"{name}.ico", f"{name}.svg", BUTTON_SIZES)
+    for name in ("accountList", "settings", "updates", "question", "support", "checkNow")
+]
 # Windows before Vista reads no PNG in an icon, and wants none of these sizes; as bitmaps they would be huge.
 PNG_FROM = 128
 
@@ -125,8 +131,8 @@ def icon(pictures):
 
 def draw(folder):
     folder.mkdir(parents=True, exist_ok=True)
-    name, drawing = ICON
-    (folder / name).write_bytes(icon({size: png(RESOURCES / drawing, size) for size in ICON_SIZES}))
+    for name, drawing, sizes in ICONS:
+        (folder / name).write_bytes(icon({size: png(RESOURCES / drawing, size) for size in sizes}))
     for name, drawing, background in BITMAPS:
         (folder / name).write_bytes(bitmap(pixels(png(RESOURCES / drawing)), background))
     name, drawing = MASK
@@ -140,7 +146,7 @@ def self_test():
         (folder / "flag.svg").write_text(flag, encoding="ascii")
         drawn = pixels(png(folder / "flag.svg"))
         draw(folder)
-        head = (folder / ICON[0]).read_bytes()
+        heads = {name: (folder / name).read_bytes() for name, _, _ in ICONS}
     line = bytes((0x30, 0x20, 0x10) * 2 + (255,) * 3 + (0,) * 3)
     good = {
         "pixels": drawn == [[(0x10, 0x20, 0x30, 255)] * 2 + [(0, 0, 0, 0)]] * 2,
@@ -149,7 +155,9 @@ def self_test():
         "bitmap": bitmap(drawn, (255, 255, 255))[54:] == line * 2,
         "mask": mask_bitmap(drawn)[62:] == b"\x20\0\0\0" * 2,
         "picture of an icon": icon_bitmap(drawn)[40:52] == bytes((0x30, 0x20, 0x10, 255) * 2 + (0,) * 4),
-        "icon": [head[6 + 16 * i] or 256 for i in range(len(ICON_SIZES))] == list(ICON_SIZES),
+        "icons": all(
+            [heads[name][6 + 16 * i] or 256 for i in range(heads[name][4])] == list(sizes) for name, _, sizes in ICONS
+        ),
     }
     faults = [name for name, passed in good.items() if not passed]
     print("pictures: " + ("wrong: " + ", ".join(faults) if faults else "self-test passed"))

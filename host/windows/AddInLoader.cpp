@@ -5,8 +5,10 @@
 #include <set>
 
 #include "platform/text.h"
+#include "platform/windows/Bstr.h"
 #include "platform/windows/RegKey.h"
 #include "platform/windows/comErrors.h"
+#include "platform/windows/ribbonInterface.h"
 
 namespace host::windows {
 
@@ -63,6 +65,20 @@ LoadedAddIn::LoadedAddIn(const std::wstring& progId) {
     CLSID id{};
     check(CLSIDFromProgID(progId.c_str(), &id));
     check(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, extensibilityId, addIn_.putVoid()));
+}
+
+std::optional<RibbonAddIn> LoadedAddIn::ribbon(Exporter& exporter) const {
+    const auto extensibility = query<IRibbonExtensibility>(addIn_.get(), ribbonExtensibilityId);
+    if (!extensibility) {
+        return std::nullopt;
+    }
+    return RibbonAddIn{[extensibility](const std::wstring& ribbonId) {
+                           BSTR made = nullptr;
+                           check(extensibility->GetCustomUI(Bstr(ribbonId).get(), &made));
+                           const Bstr ribbon = Bstr::adopt(made);
+                           return Bstr::toText(ribbon.get());
+                       },
+                       exporter.toObject(extensibility.get())};
 }
 
 void LoadedAddIn::connect(IDispatch* application, ConnectMode mode, IDispatch* addInInstance) {

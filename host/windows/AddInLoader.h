@@ -2,10 +2,13 @@
 
 #include <windows.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "host/RibbonCommand.h"
 #include "platform/windows/ComPtr.h"
+#include "platform/windows/Exporter.h"
 #include "platform/windows/extensibility.h"
 
 namespace host::windows {
@@ -27,6 +30,9 @@ class LoadedAddIn {
     /// Makes the add-in's object. Throws automation::Error when the class cannot be made or is no add-in.
     explicit LoadedAddIn(const std::wstring& progId);
 
+    /// What it offers for the ribbon; nothing for one that has no such interface. It holds the add-in's
+    /// object.
+    std::optional<RibbonAddIn> ribbon(platform::windows::Exporter& exporter) const;
     void connect(IDispatch* application, platform::windows::ConnectMode mode, IDispatch* addInInstance);
     void startupComplete();
     void beginShutdown();

@@ -29,6 +29,11 @@ ItemWindow::ItemWindow(Outlook& outlook, automation::Object inspector, std::func
       received_(item_.get(L"Sent").toBool()) {
     makeControls();
     load();
+    if (const HMENU bar = CreateMenu(); ribbon_.addTo(bar)) {
+        SetMenu(handle(), bar);
+    } else {
+        DestroyMenu(bar);
+    }
     layOut();
     ShowWindow(handle(), SW_SHOW);
     SetFocus(fields_[received_ ? 4 : 0].edit);
@@ -168,7 +173,14 @@ void ItemWindow::command(int id) {
             answer(ReplyKind::Forward);
             break;
         default:
-            return;
+            store();
+            if (!ribbon_.press(id)) {
+                return;
+            }
+            if (isOpen()) {
+                load();
+            }
+            break;
     }
     itemsChanged_();
 }
@@ -186,6 +198,12 @@ LRESULT ItemWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_COMMAND:
             if (HIWORD(wParam) == BN_CLICKED) {
                 command(LOWORD(wParam));
+            }
+            return 0;
+        case WM_INITMENU:
+            if (isOpen()) {
+                store();  // The recipients that were typed.
+                ribbon_.refresh(GetMenu(handle()));
             }
             return 0;
         case WM_CLOSE:

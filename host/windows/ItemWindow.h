@@ -8,10 +8,11 @@
 
 #include "host/Outlook.h"
 #include "host/windows/OwnedWindow.h"
+#include "host/windows/RibbonMenus.h"
 
 namespace host::windows {
 
-/// The window of an open item: its fields, and the buttons to send or to answer it.
+/// The window of an open item: its fields, the buttons to send or to answer it, and what its ribbon holds.
 class ItemWindow : public OwnedWindow {
   public:
     /// `itemsChanged` is called when items may have been opened, sent or closed; not while this window's own
@@ -48,6 +49,7 @@ class ItemWindow : public OwnedWindow {
     Outlook& outlook_;
     automation::Object inspector_;
     automation::Object item_;
+    RibbonMenus ribbon_{outlook_, inspector_};
     std::function<void()> itemsChanged_;
     bool received_ = false;
     std::array<Field, 5> fields_{{{L"To"}, {L"CC"}, {L"BCC"}, {L"Subject"}, {L"Body"}}};

@@ -140,6 +140,9 @@ void MainWindow::command(int id) {
             answer(ReplyKind::Forward);
             break;
         default:
+            if (ribbon_.press(id)) {
+                break;
+            }
             if (id < firstMenuId) {
                 return;
             }
@@ -156,6 +159,7 @@ void MainWindow::fillMenu() {
     const automation::Object commandBars = explorer_.get(L"CommandBars").toObject();
     const automation::Object menuBar = commandBars.get(L"Item", L"Menu Bar").toObject();
     addMenuItems(bar, menuBar.get(L"Controls").toObject());
+    ribbon_.addTo(bar);
     const HMENU previous = GetMenu(handle());
     SetMenu(handle(), bar);
     DestroyMenu(previous);

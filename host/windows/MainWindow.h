@@ -8,10 +8,11 @@
 #include "host/Outlook.h"
 #include "host/windows/ItemWindow.h"
 #include "host/windows/OwnedWindow.h"
+#include "host/windows/RibbonMenus.h"
 
 namespace host::windows {
 
-/// What a person sees of the simulated Outlook: the Inbox with buttons to answer and write, the menus that
+/// What a person sees of the simulated Outlook: the Inbox with buttons to answer and write, what
 /// add-ins have put into the explorer, and a window for each open item.
 class MainWindow : public OwnedWindow {
   public:
@@ -34,7 +35,7 @@ class MainWindow : public OwnedWindow {
     /// Nothing when none is.
     automation::Object selected() const;
 
-    /// Shows the explorer's menus as they are now.
+    /// Shows the explorer's menus, and what its ribbon holds, as they are now.
     void fillMenu();
     void addMenuItems(HMENU menu, const automation::Object& controls);
 
@@ -43,6 +44,7 @@ class MainWindow : public OwnedWindow {
 
     Outlook& outlook_;
     automation::Object explorer_;
+    RibbonMenus ribbon_{outlook_, explorer_};
     HWND list_ = nullptr;
     std::vector<HWND> buttons_;
     /// The items in the list, and the command bar controls in the menus.

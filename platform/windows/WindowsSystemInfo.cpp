@@ -37,7 +37,10 @@ bool WindowsSystemInfo::is64Bit() {
 }
 
 std::wstring WindowsSystemInfo::programVersion() {
-    const std::wstring path = modulePath(nullptr);
+    return fileVersion(modulePath(nullptr));
+}
+
+std::wstring WindowsSystemInfo::fileVersion(const std::wstring& path) {
     DWORD ignored = 0;
     std::vector<BYTE> data(GetFileVersionInfoSizeW(path.c_str(), &ignored));
     void* found = nullptr;

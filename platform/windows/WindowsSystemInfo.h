@@ -13,6 +13,8 @@ class WindowsSystemInfo final : public SystemInfo {
     std::optional<WindowsVersion> windowsVersion() override;
     bool is64Bit() override;
     std::wstring programVersion() override;
+    /// Of any file with a version; empty for one without.
+    static std::wstring fileVersion(const std::wstring& path);
     std::uint32_t screenDpi() override;
     void debug(std::string_view line) override;
 };

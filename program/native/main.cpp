@@ -93,6 +93,9 @@ ExitStatus use(const CommandLine& line, const Messages& messages, program::Repor
         return addin::Buttons::object(std::make_shared<addin::Buttons>(ports.platform));
     });
     addin::Connect connect(ports.platform);
+    ports.system.program = outlook.version();
+    outlook.addRibbon({[&connect](const std::wstring& ribbonId) { return connect.GetCustomUI(ribbonId); },
+                       connect.ribbonCallbacks()});
     try {
         connect.OnConnection(outlook.application(), atStartup,
                              outlook.makeAddIn(L"Veltro.Connect", L"Veltro"));
@@ -104,6 +107,7 @@ ExitStatus use(const CommandLine& line, const Messages& messages, program::Repor
     const ExitStatus status = session.run(messages);
     session.quit();
     connect.OnDisconnection(hostShutdown);
+    outlook.dropRibbons();
     if (line.trace) {
         report.skipped(ports.system.debugLines());
     }

@@ -9,11 +9,14 @@ using platform::windows::RemoveMode;
 
 AddIns::AddIns(const std::vector<RegisteredAddIn>& registered, host::Outlook& outlook,
                platform::windows::Exporter& exporter, Report& report, const std::function<void()>& loaded)
-    : report_(report) {
+    : report_(report), outlook_(outlook) {
     for (const RegisteredAddIn& addIn : registered) {
         try {
             auto made = std::make_unique<LoadedAddIn>(addIn.progId);
             loaded();
+            if (auto ribbon = made->ribbon(exporter)) {
+                outlook.addRibbon(std::move(*ribbon));
+            }
             const auto instance = outlook.makeAddIn(addIn.progId, addIn.description);
             made->connect(exporter.exportObject(outlook.application()).get(), ConnectMode::Startup,
                           exporter.exportObject(instance).get());
@@ -34,6 +37,7 @@ void AddIns::disconnect() {
             report_.error(L"OnDisconnection: " + error.description());
         }
     }
+    outlook_.dropRibbons();
     loaded_.clear();
 }
 

@@ -26,6 +26,7 @@ class AddIns {
 
   private:
     Report& report_;
+    host::Outlook& outlook_;
     std::vector<std::unique_ptr<host::windows::LoadedAddIn>> loaded_;
 };
 

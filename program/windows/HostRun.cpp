@@ -7,6 +7,7 @@
 #include "program/Console.h"
 #include "program/Session.h"
 #include "program/SettingsFolder.h"
+#include "robot/importTable.h"
 
 namespace program::windows {
 
@@ -46,7 +47,10 @@ void HostRun::connect(Report& report, const std::function<void()>& loaded) {
     if (registered_.empty()) {
         throw std::runtime_error("no add-in is registered with Outlook on this machine");
     }
-    addIns_ = std::make_unique<AddIns>(registered_, outlook_, *exporter_, report, loaded);
+    addIns_ = std::make_unique<AddIns>(registered_, outlook_, *exporter_, report, [&] {
+        robot::tellProgramVersion(outlook_.version());
+        loaded();
+    });
     if (!addIns_->any()) {
         throw std::runtime_error("no add-in could be loaded");
     }

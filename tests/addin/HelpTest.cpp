@@ -8,7 +8,7 @@
 namespace {
 
 TEST(Help, IsOpenedAtItsTopic) {
-    TestWorld world;
+    TestWorld world({}, {.version = L"12.0.0.4518"});
     world.settings.write(L"ShowStartupWizard", L"False");
     addin::Connect connection(world.platform);
     connection.OnConnection(world.outlook.application(), 1, world.outlook.makeAddIn(L"Veltro.Connect"));
@@ -26,6 +26,20 @@ TEST(Help, IsOpenedAtItsTopic) {
                                          L"Veltro.chm|Using_Veltro/vt_settings.htm|",
                                          L"Postroute_manual.chm||", L"Postroute_tutorial.chm||"}));
     connection.OnDisconnection(0);
+}
+
+TEST(Help, IsOpenedFromTheRibbon) {
+    TestWorld world;
+    world.settings.write(L"ShowStartupWizard", L"False");
+    addin::Connect connection(world.platform);
+    world.outlook.addRibbon(
+        {[&](const std::wstring& id) { return connection.GetCustomUI(id); }, connection.ribbonCallbacks()});
+    connection.OnConnection(world.outlook.application(), 1, world.outlook.makeAddIn(L"Veltro.Connect"));
+    world.outlook.pressRibbon(world.outlook.explorers().front(), L"Veltro Help");
+    EXPECT_EQ(world.log.helps,
+              std::vector<std::wstring>{L"Veltro.chm|Getting%20Started/Introduction.htm|with contents"});
+    connection.OnDisconnection(0);
+    world.outlook.dropRibbons();
 }
 
 TEST(Help, SaysWhyThereIsNothingToSee) {

@@ -343,14 +343,14 @@ TEST(HostAccountsInRunsTest, TheSentEventTellsTheAccountThatTheMailLeftWith) {
 }
 
 TEST(HostAccountsInRunsTest, TheListOpensFromTheMenuOrIsSaidToBeMissing) {
-    const auto line = program::parseCommandLine({L"list"});
+    const auto line = program::parseCommandLine({L"list", L"--outlook", L"12.0.0.4518"});
     const auto without = run(line, {}, [](host::Outlook&) { return automation::Subscription(); });
     EXPECT_EQ(without.status, program::ExitStatus::Cancelled);
     ASSERT_EQ(without.events.size(), 1U);
     EXPECT_EQ(without.events[0]["event"], "error");
     EXPECT_EQ(
         without.events[0]["text"],
-        "the menu's \"Send Account (Preferred) List\" cannot be chosen: The operation failed. An object could "
+        "the command \"Send Account (Preferred) List\" cannot be chosen: The operation failed. An object could "
         "not be found.");
     int pressed = 0;
     const auto with = run(line, {}, [&pressed](host::Outlook& outlook) {

@@ -49,8 +49,8 @@ Given given(const std::wstring& body, Answers answers, bool offers = false) {
 }
 
 void openList(Bench& bench) {
-    bench.outlook().pressControl(bench.outlook().explorers().back(),
-                                 {L"Tarnwell", L"Veltro", L"Send Account (Preferred) List"});
+    bench.outlook().choose(bench.outlook().explorers().back(),
+                           {L"Tarnwell", L"Veltro", L"Send Account (Preferred) List"});
     EXPECT_TRUE(bench.outlook().errors().empty());
 }
 

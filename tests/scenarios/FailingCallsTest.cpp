@@ -200,6 +200,29 @@ TEST(FailingCalls, NeverCancelAReplyNorKeepADroppedRecipientSilently) {
                                 failed(L"basVeltro.pruneReply"), failed(L"basVeltro.vtRemoveSpamMarks")}));
 }
 
+/// Presses "Check now" for a mail that promises a file while the n-th call fails.
+TEST(FailingCalls, NeverHaveACheckNowSayThatAllIsWell) {
+    Reports reports;
+    std::size_t calls = 1;
+    for (std::size_t n = 0; n <= calls; ++n) {
+        Given given{.answers = std::vector<std::wstring>(20, L"Veltro=OK")};
+        given.answers.push_back(L"Attachment(s) missing=No");
+        Bench bench(given);
+        const auto window = bench.outlook().openNewMail(plainMail(L"Budget", L"See attached"));
+        const std::size_t before = bench.outlook().calls();
+        bench.outlook().failCall(n);
+        bench.outlook().pressRibbon(window, L"Check now");
+        bench.outlook().failCall(0);
+        calls = n == 0 ? bench.outlook().calls() - before : calls;
+        EXPECT_FALSE(bench.prompts().empty()) << "call " << n << " of " << calls;
+        EXPECT_EQ(bench.outlook().inspectors().size(), 1U);
+        addReports(bench, reports);
+    }
+    EXPECT_GT(calls, 8U);
+    EXPECT_EQ(reports, (Reports{failed(L"Ribbon.Pressed"), inCheck(L"vtAttachMissingCheck"),
+                                inCheck(L"vtEmptySubjectCheck")}));
+}
+
 /// Which call of a start asks for Outlook's version.
 std::size_t callForVersion() {
     Bench bench({.profile = profileWith(listText(Entries{}), corvaneFolder), .connected = false});

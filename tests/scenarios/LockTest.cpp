@@ -26,7 +26,7 @@ class Lock : public testing::Test {
 
     std::vector<PromptLog::Prompt> open(Answers answers) {
         Bench bench({.settings = settings_, .answers = std::move(answers)});
-        bench.outlook().pressControl(bench.outlook().explorers().front(), settingsButton);
+        bench.outlook().choose(bench.outlook().explorers().front(), settingsButton);
         for (const wchar_t* key : {L"LockFields", L"Password", L"DelayTime", L"DelayedEmailAddrs"}) {
             if (const auto value = bench.world().setting(key)) {
                 settings_[key] = *value;

@@ -18,11 +18,17 @@ void openList(Bench& bench) {
     bench.outlook().pressControl(bench.outlook().explorers().back(), accountList);
 }
 
+/// The last Outlook whose main windows have menus.
+Given inOutlook2007(Given setup = {}) {
+    setup.profile.version = L"12.0.0.4518";
+    return setup;
+}
+
 Given withList(std::vector<std::wstring> answers) {
-    return {
-        .profile = profileWith(
-            listText(Entries{{L"ann@example.org", L"Work"}, {L"bob@example.org", L"Gone"}}), corvaneFolder),
-        .answers = std::move(answers)};
+    return inOutlook2007(
+        {.profile = profileWith(
+             listText(Entries{{L"ann@example.org", L"Work"}, {L"bob@example.org", L"Gone"}}), corvaneFolder),
+         .answers = std::move(answers)});
 }
 
 TEST(Menu, OpensTheAccountList) {
@@ -116,7 +122,7 @@ TEST(Menu, HasItsCommandsInOrder) {
         {L"Contact Support", false, false},
         {L"About Veltro", true, false},
     };
-    Bench bench;
+    Bench bench(inOutlook2007());
     const Object explorer = bench.outlook().openExplorer();
     const Object commands = entriesOf(entriesOf(menuBar(explorer), L"Tarnwell"), L"Veltro");
     ASSERT_EQ(commands.get(L"Count").toInteger(), static_cast<std::int32_t>(std::size(expected)));
@@ -327,7 +333,7 @@ TEST(FailingMenu, LeavesTheWindowGuarded) {
 TEST(Menu, IsBuiltOnceHoweverOftenItsWindowIsActivatedMeanwhile) {
     bool inside = true;
     for (std::size_t call = 1; inside; ++call) {
-        Bench bench;
+        Bench bench(inOutlook2007());
         firstMenuBar(bench).get(L"Item", L"Tarnwell").toObject().call(L"Delete");
         inside = false;
         bench.outlook().duringCall(call, [&] {
@@ -348,7 +354,7 @@ TEST(FailingMenu, DoesNotKeepTheAddInFromLeaving) {
     bool failed = true;
     std::size_t call = 0;
     while (failed) {
-        Bench bench;
+        Bench bench(inOutlook2007());
         bench.outlook().openExplorer();
         const std::size_t before = bench.outlook().calls();
         bench.outlook().failCall(++call);

@@ -13,7 +13,7 @@ constexpr wchar_t cancel[] = L"frmIntroWizard=cmdNav(1)";
 const std::vector<std::wstring> settingsButton{L"Tarnwell", L"Veltro", L"Settings"};
 
 void openSettings(Bench& bench) {
-    bench.outlook().pressControl(bench.outlook().explorers().front(), settingsButton);
+    bench.outlook().choose(bench.outlook().explorers().front(), settingsButton);
 }
 
 /// One opening of the settings, answered so.

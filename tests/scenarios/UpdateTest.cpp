@@ -42,8 +42,8 @@ Given given(const std::wstring& service, std::vector<std::wstring> answers = {},
 }
 
 void checkForUpdates(Bench& bench) {
-    bench.outlook().pressControl(bench.outlook().explorers().front(),
-                                 {L"Tarnwell", L"Veltro", L"Check for Updates"});
+    bench.outlook().choose(bench.outlook().explorers().front(),
+                           {L"Tarnwell", L"Veltro", L"Check for Updates"});
 }
 
 /// What the dialog says when the user asks.

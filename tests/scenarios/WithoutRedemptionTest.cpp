@@ -169,8 +169,8 @@ TEST(WithoutRedemption, RefusalsHoldNothingBackAndAreNotTold) {
 
 TEST(WithoutRedemption, TheAccountListSaysWhyItDoesNotOpen) {
     Bench bench(without(outlook2003, {L"Veltro=OK"}, {{L"LibraryMissingTold", L"1"}}));
-    bench.outlook().pressControl(bench.outlook().explorers().front(),
-                                 {L"Tarnwell", L"Veltro", L"Send Account (Preferred) List"});
+    bench.outlook().choose(bench.outlook().explorers().front(),
+                           {L"Tarnwell", L"Veltro", L"Send Account (Preferred) List"});
     EXPECT_EQ(bench.promptNames(), Names{startMessage});
 }
 

@@ -115,7 +115,8 @@ TEST(SettingsPages, ExplainThemselves) {
          L"On the next pages you choose what it looks for: replies to too many people, missing subjects and "
          L"attachments, the wrong sending account, e-mails that should be confirmed or wait a little before "
          L"they leave.\r\n\r\nThe settings are a good start as they are. Press Next to see them, or Save to "
-         L"keep them. You find them again in Outlook's menu under Tarnwell, Veltro, Settings."},
+         L"keep them. You find them again in the group Veltro on Outlook's Home tab; up to Outlook 2007 in its "
+         L"menu under Tarnwell, Veltro, Settings."},
         {L"Reply Sentry", L"REPLY SENTRY SETTINGS",
          L"Reply Sentry: Keeps an answer from reaching more people than you meant, and from showing that you "
          L"were a blind copy recipient.",

@@ -67,6 +67,30 @@ class CountedObject : public automation::Target {
     State state_;
 };
 
+/// An object of the add-in's to which the host hands what counts itself.
+class CalledObject : public automation::Target {
+  public:
+    CalledObject(std::shared_ptr<Target> object, State state)
+        : object_(std::move(object)), state_(std::move(state)) {}
+
+    std::int32_t memberId(std::wstring_view name) override { return object_->memberId(name); }
+    Value invoke(std::int32_t member, automation::Access access, std::span<const Value> given) override {
+        std::vector<Value> arguments;
+        for (const Value& argument : given) {
+            arguments.push_back(CountedObject::counted(argument, state_));
+        }
+        return object_->invoke(member, access, arguments);
+    }
+    automation::Subscription subscribe(automation::EventInterface events,
+                                       automation::EventSink sink) override {
+        return object_->subscribe(events, std::move(sink));
+    }
+
+  private:
+    std::shared_ptr<Target> object_;
+    State state_;
+};
+
 }  // namespace
 
 void CountedObjects::State::check() const {
@@ -77,4 +101,8 @@ void CountedObjects::State::check() const {
 
 Object CountedObjects::counted(const Object& object) const {
     return CountedObject::counted(object, state_).toObject();
+}
+
+Object CountedObjects::countingArguments(const Object& object) const {
+    return Object(std::make_shared<CalledObject>(object.target(), state_));
 }

@@ -26,6 +26,8 @@ class CountedObjects : public automation::Automation {
         return counted(objects_.activeObject(progId));
     }
     automation::Object counted(const automation::Object& object) const;
+    /// An object of the add-in's, as the host calls it: the arguments are handed out counted.
+    automation::Object countingArguments(const automation::Object& object) const;
     std::size_t count() const { return state_->count; }
     /// From now on every call to what was handed out fails, as it does for a process that has ended.
     void lose() { state_->lost = true; }

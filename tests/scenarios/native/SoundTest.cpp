@@ -53,8 +53,8 @@ TEST(AlertSound, IsForWhatComesUnasked) {
     Bench bench({.settings = {{L"PlaySound", L"True"}},
                  .answers = {L"frmEmailAddress=cmdEdit", L"Veltro=OK", L"frmEmailAddress=cmdAdd",
                              L"frmEmailAddressEdit=cmdCancel", L"frmEmailAddress=cmdClose"}});
-    bench.outlook().pressControl(bench.outlook().explorers().back(),
-                                 {L"Tarnwell", L"Veltro", L"Send Account (Preferred) List"});
+    bench.outlook().choose(bench.outlook().explorers().back(),
+                           {L"Tarnwell", L"Veltro", L"Send Account (Preferred) List"});
     EXPECT_EQ(alertsOf(bench), (Alerts{false, true, false, false, false}));
 }
 

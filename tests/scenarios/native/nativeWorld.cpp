@@ -62,7 +62,13 @@ class NativeWorld : public AddInWorld {
         }
     }
 
+    ~NativeWorld() override { outlook_.dropRibbons(); }
+
     bool connect() override {
+        ports_.system.program = outlook_.version();
+        outlook_.addRibbon(
+            {[this](const std::wstring& ribbonId) { return connection_.GetCustomUI(ribbonId); },
+             objects_.countingArguments(connection_.ribbonCallbacks())});
         try {
             connection_.OnConnection(objects_.counted(outlook_.application()), 1,
                                      objects_.counted(outlook_.makeAddIn(L"Veltro.Connect")));

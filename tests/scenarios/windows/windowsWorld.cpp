@@ -166,6 +166,7 @@ class WindowsWorld : public AddInWorld {
         });
     }
     ~WindowsWorld() override {
+        outlook_.dropRibbons();
         robot::dialogDriver::watchProcess(0);
         outlook_.runMacrosBy(nullptr);
     }
@@ -176,6 +177,10 @@ class WindowsWorld : public AddInWorld {
             keepLoaded();
             robot::stopClockOfAddIn(now_);
             robot::catchOpening([this](const std::wstring& what) { opened(what); });
+            robot::tellProgramVersion(outlook_.version());
+            if (auto ribbon = addIn_->ribbon(*exporter_)) {
+                outlook_.addRibbon(std::move(*ribbon));
+            }
             addIn_->connect(exporter_->exportObject(outlook_.application()).get(), ConnectMode::Startup,
                             exporter_->exportObject(outlook_.makeAddIn(L"Veltro.Connect")).get());
             addIn_->startupComplete();
