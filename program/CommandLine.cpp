@@ -35,6 +35,8 @@ constexpr char usageText[] =
 
   --outlook VERSION        the version that Outlook tells; 14.0.0.4760 unless given
   --editor html|word       the e-mail editor of item windows; html unless given
+  --provider NAME          what mails can be read by: redemption, unless given, is the Redemption library; with
+                           outlook it is missing, and Outlook's own objects remain (Outlook 12 and later)
   --account NAME=ADDRESS   an account of the profile, repeatable; the first is the default account
   --set KEY=VALUE          a setting for this run, repeatable; README.md tells of the keys
   --settings FILE          keep the settings in this file, those of --set too; otherwise they live for the run
@@ -117,6 +119,13 @@ void setEditor(CommandLine& line, const std::wstring& value) {
     line.editor = value == L"word" ? host::Editor::Word : host::Editor::Html;
 }
 
+void setProvider(CommandLine& line, const std::wstring& value) {
+    if (value != L"redemption" && value != L"outlook") {
+        throw UsageError("--provider needs redemption or outlook, not " + inQuotes(value));
+    }
+    line.redemption = value == L"redemption";
+}
+
 void addSetting(CommandLine& line, const std::wstring& value) {
     auto [key, setting] = parsePair("--set", "KEY=VALUE", value);
     if (const auto nearest = nearestSetting(key)) {
@@ -165,6 +174,7 @@ std::map<std::wstring, Option> makeOptions() {
     return {
         {L"--outlook", {true, setVersion}},
         {L"--editor", {true, setEditor}},
+        {L"--provider", {true, setProvider}},
         {L"--account", {true, addAccount}},
         {L"--set", {true, addSetting}},
         {L"--settings",
@@ -247,7 +257,12 @@ void checkTogether(const CommandLine& line) {
     if (line.inlineResponse && !answering) {
         throw UsageError("--inline goes with reply, reply-all and forward only");
     }
-    if (line.inlineResponse && std::wcstol(line.outlookVersion.c_str(), nullptr, 10) < 15) {
+    const long version = std::wcstol(line.outlookVersion.c_str(), nullptr, 10);
+    if (!line.redemption && version < 12) {
+        throw UsageError(
+            "--provider outlook needs an Outlook of version 12 or later, such as --outlook 16.0.17328");
+    }
+    if (line.inlineResponse && version < 15) {
         throw UsageError(
             "--inline needs an Outlook of version 15 or later, such as --outlook 15.0.4420.1017");
     }
@@ -328,6 +343,7 @@ host::Profile CommandLine::profile() const {
     profile.version = outlookVersion;
     profile.accounts = accounts;
     profile.editor = editor;
+    profile.redemptionRegistered = redemption;
     if (firstRun) {
         profile.folders.clear();
     }

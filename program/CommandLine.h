@@ -42,6 +42,8 @@ struct CommandLine {
     std::vector<std::wstring> files;
     std::wstring outlookVersion = L"14.0.0.4760";
     host::Editor editor = host::Editor::Html;
+    /// Whether the Redemption library is there to read mails by; else Outlook's own objects are all there is.
+    bool redemption = true;
     /// The first is the default account; never empty.
     std::vector<host::Account> accounts;
     /// In the order given: of several for one key the last wins.

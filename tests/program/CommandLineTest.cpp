@@ -18,10 +18,27 @@ TEST(CommandLine, DescribesTheProfileThatItAsksFor) {
     EXPECT_EQ(plain.profile().accounts[0].address, L"me@example.org");
     EXPECT_FALSE(plain.profile().folders.empty());
 
-    const auto full = parseCommandLine(
-        {L"--account", L"Home=me@home.example", L"reply-all", L"--account", L"Work=me@work.example",
-         L"--outlook=11.0.5510", L"--editor", L"word", L"--bcc-me", L"--folder", L"kept.json", L"--first-run",
-         L"--set", L"OldEmailDays=7", L"--set", L"DomainName=a=b", L"--json", L"--", L"-odd.eml"});
+    const auto full = parseCommandLine({L"--account",
+                                        L"Home=me@home.example",
+                                        L"reply-all",
+                                        L"--account",
+                                        L"Work=me@work.example",
+                                        L"--outlook=11.0.5510",
+                                        L"--editor",
+                                        L"word",
+                                        L"--bcc-me",
+                                        L"--folder",
+                                        L"kept.json",
+                                        L"--first-run",
+                                        L"--set",
+                                        L"OldEmailDays=7",
+                                        L"--set",
+                                        L"DomainName=a=b",
+                                        L"--provider",
+                                        L"redemption",
+                                        L"--json",
+                                        L"--",
+                                        L"-odd.eml"});
     EXPECT_EQ(full.command, Command::ReplyAll);
     EXPECT_EQ(full.files, Words{L"-odd.eml"});
     EXPECT_EQ(full.profile().version, L"11.0.5510");
@@ -33,6 +50,12 @@ TEST(CommandLine, DescribesTheProfileThatItAsksFor) {
     EXPECT_TRUE(full.bccMe && full.firstRun && full.json);
     ASSERT_EQ(full.settings.size(), 2U);
     EXPECT_EQ(full.settings[1], (std::pair<std::wstring, std::wstring>(L"DomainName", L"a=b")));
+    EXPECT_TRUE(plain.profile().redemptionRegistered && full.profile().redemptionRegistered);
+
+    const auto later =
+        parseCommandLine({L"send", L"a.eml", L"--provider", L"outlook", L"--outlook", L"16.0.17328"});
+    EXPECT_FALSE(later.profile().redemptionRegistered);
+    EXPECT_EQ(later.profile().version, L"16.0.17328");
 }
 
 TEST(CommandLine, SaysInOneLineWhatIsWrong) {
@@ -52,6 +75,10 @@ TEST(CommandLine, SaysInOneLineWhatIsWrong) {
         {{L"send", L"a.eml", L"--account", L"A=a@x.org", L"--account", L"a=b@x.org"}, "two accounts"},
         {{L"send", L"a.eml", L"--outlook", L"new"}, "--outlook"},
         {{L"send", L"a.eml", L"--editor", L"vi"}, "--editor"},
+        {{L"send", L"a.eml", L"--provider", L"mapi"}, "redemption or outlook, not \"mapi\""},
+        {{L"send", L"a.eml", L"--provider", L"Outlook"}, "not \"Outlook\""},
+        {{L"send", L"a.eml", L"--provider="}, "--provider"},
+        {{L"send", L"a.eml", L"--provider", L"outlook", L"--outlook", L"11.0.5510"}, "version 12"},
         {{L"send", L"a.eml", L"--answer", L"Yes"}, "WHERE=WHAT"},
         {{L"send", L"a.eml", L"--bcc-me"}, "--bcc-me"},
         {{L"send", L"a.eml", L"--outlook", L"15.0", L"--inline"}, "--inline"},
