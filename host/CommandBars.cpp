@@ -14,6 +14,16 @@ std::wstring plain(std::wstring_view caption) {
     return text::replaceAll(caption, L"&", L"");
 }
 
+/// The first dispatch ids of Office's interfaces, which counts them in the order of its members.
+namespace officeId {
+constexpr std::int32_t bars = 0x60030000;
+constexpr std::int32_t controls = 0x60030000;
+constexpr std::int32_t bar = 0x60040000;
+constexpr std::int32_t control = 0x60040000;
+/// Of what buttons or popups have beside the members of every control.
+constexpr std::int32_t kindOfControl = 0x60050000;
+}  // namespace officeId
+
 bool isButton(const CommandBarControl& control) {
     return control.type() == controlType::button;
 }
@@ -64,9 +74,9 @@ Value CommandBarControls::add(Arguments arguments) {
 }
 
 constinit const Members<CommandBarControls> CommandBarControls::members = {
-    countRow<CommandBarControls, dispatchId::unlisted>,
+    countRow<CommandBarControls, officeId::controls + 1>,
     itemRow<CommandBarControls, dispatchId::defaultMember>,
-    {.name = L"Add", .call = use<&CommandBarControls::add>, .most = 5},
+    {.name = L"Add", .id = officeId::controls, .call = use<&CommandBarControls::add>, .most = 5},
 };
 
 CommandBarControl::CommandBarControl(Core& core, int type, std::wstring caption, bool temporary, int id)
@@ -119,47 +129,70 @@ void CommandBarControl::remove() {
 }
 
 constinit const Members<CommandBarControl> CommandBarControl::members = {
-    {.name = L"Caption", .get = use<&CommandBarControl::caption_>, .put = set<&CommandBarControl::caption_>},
-    {.name = L"Type", .get = use<&CommandBarControl::type_>},
-    {.name = L"Id", .get = use<&CommandBarControl::id_>},
-    {.name = L"Index", .get = use<&CommandBarControl::index>},
+    {.name = L"Caption",
+     .id = officeId::control + 3,
+     .get = use<&CommandBarControl::caption_>,
+     .put = set<&CommandBarControl::caption_>},
+    {.name = L"Type", .id = officeId::control + 40, .get = use<&CommandBarControl::type_>},
+    {.name = L"Id", .id = officeId::control + 19, .get = use<&CommandBarControl::id_>},
+    {.name = L"Index", .id = officeId::control + 20, .get = use<&CommandBarControl::index>},
     {.name = L"BeginGroup",
+     .id = officeId::control,
      .get = use<&CommandBarControl::beginGroup_>,
      .put = set<&CommandBarControl::beginGroup_>},
-    {.name = L"Visible", .get = use<&CommandBarControl::visible_>, .put = set<&CommandBarControl::visible_>},
-    {.name = L"Enabled", .get = use<&CommandBarControl::enabled_>, .put = set<&CommandBarControl::enabled_>},
-    {.name = L"Tag", .get = use<&CommandBarControl::tag_>, .put = set<&CommandBarControl::tag_>},
+    {.name = L"Visible",
+     .id = officeId::control + 41,
+     .get = use<&CommandBarControl::visible_>,
+     .put = set<&CommandBarControl::visible_>},
+    {.name = L"Enabled",
+     .id = officeId::control + 10,
+     .get = use<&CommandBarControl::enabled_>,
+     .put = set<&CommandBarControl::enabled_>},
+    {.name = L"Tag",
+     .id = officeId::control + 35,
+     .get = use<&CommandBarControl::tag_>,
+     .put = set<&CommandBarControl::tag_>},
     {.name = L"Parameter",
+     .id = officeId::control + 29,
      .get = use<&CommandBarControl::parameter_>,
      .put = set<&CommandBarControl::parameter_>},
     {.name = L"OnAction",
+     .id = officeId::control + 26,
      .get = use<&CommandBarControl::onAction_>,
      .put = set<&CommandBarControl::onAction_>},
     {.name = L"TooltipText",
+     .id = officeId::control + 37,
      .get = use<&CommandBarControl::toolTip_>,
      .put = set<&CommandBarControl::toolTip_>},
     {.name = L"Style",
+     .id = officeId::kindOfControl + 10,
      .get = use<&CommandBarControl::style_>,
      .put = set<&CommandBarControl::style_>,
      .has = isButton},
     {.name = L"FaceId",
+     .id = officeId::kindOfControl + 3,
      .get = use<&CommandBarControl::faceId_>,
      .put = set<&CommandBarControl::faceId_>,
      .has = isButton},
     // Picture objects, which nothing here shows.
     {.name = L"Picture",
+     .id = officeId::kindOfControl + 14,
      .get = use<&CommandBarControl::picture_>,
      .put = [](CommandBarControl& control, Arguments,
                const Value& value) { control.picture_ = value.toObject(); },
      .has = isButton},
     {.name = L"Mask",
+     .id = officeId::kindOfControl + 16,
      .get = use<&CommandBarControl::mask_>,
      .put = [](CommandBarControl& control, Arguments,
                const Value& value) { control.mask_ = value.toObject(); },
      .has = isButton},
-    {.name = L"Controls", .get = use<&CommandBarControl::controls_>, .has = isPopup},
-    {.name = L"Delete", .call = use<&CommandBarControl::remove>, .most = 1},
-    {.name = L"Execute", .call = use<&CommandBarControl::press>},
+    {.name = L"Controls",
+     .id = officeId::kindOfControl + 1,
+     .get = use<&CommandBarControl::controls_>,
+     .has = isPopup},
+    {.name = L"Delete", .id = officeId::control + 7, .call = use<&CommandBarControl::remove>, .most = 1},
+    {.name = L"Execute", .id = officeId::control + 12, .call = use<&CommandBarControl::press>},
 };
 
 CommandBar::CommandBar(Core& core) : Automated(core), controls_(core.make<CommandBarControls>()) {}
@@ -175,10 +208,10 @@ std::shared_ptr<CommandBarControl> CommandBar::find(Arguments typeAndId) const {
 }
 
 constinit const Members<CommandBar> CommandBar::members = {
-    {.name = L"Name", .get = use<&CommandBar::name_>},
-    {.name = L"Index", .get = [](CommandBar&, Arguments) { return Value(1); }},
-    {.name = L"Controls", .get = use<&CommandBar::controls_>},
-    {.name = L"FindControl", .call = use<&CommandBar::find>, .most = 2},
+    {.name = L"Name", .id = officeId::bar + 14, .get = use<&CommandBar::name_>},
+    {.name = L"Index", .id = officeId::bar + 10, .get = [](CommandBar&, Arguments) { return Value(1); }},
+    {.name = L"Controls", .id = officeId::bar + 3, .get = use<&CommandBar::controls_>},
+    {.name = L"FindControl", .id = officeId::bar + 7, .call = use<&CommandBar::find>, .most = 2},
 };
 
 CommandBars::CommandBars(Core& core, const CommandBars* model)
@@ -205,9 +238,9 @@ CommandBars::CommandBars(Core& core, const CommandBars* model)
 }
 
 constinit const Members<CommandBars> CommandBars::members = {
-    countRow<CommandBars, dispatchId::unlisted>,
+    countRow<CommandBars, officeId::bars + 3>,
     itemRow<CommandBars, dispatchId::defaultMember>,
-    {.name = L"ActiveMenuBar", .get = use<&CommandBars::menuBar_>},
+    {.name = L"ActiveMenuBar", .id = officeId::bars + 1, .get = use<&CommandBars::menuBar_>},
 };
 
 }  // namespace host

@@ -4,95 +4,13 @@
 #include <sstream>
 
 #include "platform/text.h"
-#include "tests/host/EventLog.h"
-#include "tests/scenarios/AddInWorld.h"
+#include "tests/host/everyObject.h"
 
 namespace {
 
 using automation::Access;
 using automation::Object;
 using automation::Value;
-
-/// An Outlook with something of everything in it.
-host::Profile fullProfile() {
-    host::Profile profile;
-    profile.editor = host::Editor::Word;
-    profile.addressBook = {{.name = L"Ann", .address = L"ann@example.com"}};
-    return profile;
-}
-
-host::Message fullMessage() {
-    host::Message message = mailTo(L"bob@example.com");
-    message.from = host::Address{.name = L"Ann", .address = L"ann@example.com"};
-    message.cc = {{.name = L"Team", .address = L"t", .type = L"MAPIPDL", .members = {{.name = L"Cy"}}}};
-    message.replyTo = {{.name = L"List", .address = L"list@example.com"}};
-    message.attachments = {{.fileName = L"a.txt", .contentId = L"1"}};
-    return message;
-}
-
-/// One object of every class, as scripts reach them.
-std::map<std::wstring, Object> everyObject(host::Outlook& outlook) {
-    std::map<std::wstring, Object> all;
-    const Object application = outlook.application();
-    all[L"Application"] = application;
-    all[L"NameSpace"] = application.get(L"Session").toObject();
-    all[L"Folders"] = all[L"NameSpace"].get(L"Folders").toObject();
-    all[L"Folder"] = all[L"NameSpace"].call(L"GetDefaultFolder", 6).toObject();
-    all[L"Items"] = all[L"Folder"].get(L"Items").toObject();
-    all[L"Explorers"] = application.get(L"Explorers").toObject();
-    all[L"Explorer"] = application.call(L"ActiveExplorer").toObject();
-    all[L"Selection"] = all[L"Explorer"].get(L"Selection").toObject();
-    all[L"CommandBars"] = all[L"Explorer"].get(L"CommandBars").toObject();
-    all[L"CommandBar"] = all[L"CommandBars"].get(L"Item", 1).toObject();
-    all[L"Controls"] = all[L"CommandBar"].get(L"Controls").toObject();
-    all[L"Popup"] = all[L"Controls"].get(L"Item", L"Help").toObject();
-    all[L"Button"] = all[L"Popup"].get(L"Controls").toObject().call(L"Add", 1).toObject();
-    all[L"Item"] = outlook.receive(fullMessage());
-    all[L"Inspector"] = outlook.openItem(all[L"Item"]);
-    all[L"Inspectors"] = application.get(L"Inspectors").toObject();
-    all[L"Document"] = all[L"Inspector"].get(L"WordEditor").toObject();
-    all[L"Word"] = all[L"Document"].get(L"Application").toObject();
-    all[L"WordAddIns"] = all[L"Word"].get(L"AddIns").toObject();
-    all[L"WordAddIn"] = all[L"WordAddIns"].call(L"Add", (addInFolder() / "Veltro.dot").wstring()).toObject();
-    all[L"WordTemplates"] = all[L"Word"].get(L"Templates").toObject();
-    all[L"WordWindows"] = all[L"Word"].get(L"Windows").toObject();
-    all[L"WordWindow"] = all[L"WordWindows"].get(L"Item", 1).toObject();
-    all[L"Recipients"] = all[L"Item"].get(L"Recipients").toObject();
-    all[L"Recipient"] = all[L"Recipients"].get(L"Item", 1).toObject();
-    all[L"ListEntry"] = all[L"Recipients"].get(L"Item", 2).toObject().get(L"AddressEntry").toObject();
-    all[L"Members"] = all[L"ListEntry"].get(L"Members").toObject();
-    all[L"Attachments"] = all[L"Item"].get(L"Attachments").toObject();
-    all[L"Attachment"] = all[L"Attachments"].get(L"Item", 1).toObject();
-    all[L"UserProperties"] = all[L"Item"].get(L"UserProperties").toObject();
-    all[L"UserProperty"] = all[L"UserProperties"].call(L"Add", L"P", 1).toObject();
-    all[L"CurrentUser"] = all[L"NameSpace"].get(L"CurrentUser").toObject();
-    all[L"Accounts"] = all[L"NameSpace"].get(L"Accounts").toObject();
-    all[L"Account"] = all[L"Accounts"].get(L"Item", 1).toObject();
-    outlook.makeAddIn(L"Veltro.Connect");
-    all[L"AddIns"] = application.get(L"COMAddIns").toObject();
-    all[L"AddIn"] = all[L"AddIns"].get(L"Item", L"Veltro.Connect").toObject();
-    for (const wchar_t* name : {L"vtSafeMailItem", L"vtSafePostItem", L"vtSafeReportItem"}) {
-        all[name] = outlook.automation().createObject(L"vtRedemption." + std::wstring(name));
-        all[name].put(L"Item", all[L"Item"]);
-    }
-    all[L"SafeInspector"] = outlook.automation().createObject(L"vtRedemption.vtSafeInspector");
-    all[L"SafeRecipient"] = all[L"vtSafeMailItem"].get(L"Recipients", 1).toObject();
-    all[L"SafeEntry"] = all[L"SafeRecipient"].get(L"AddressEntry").toObject();
-    all[L"SafeAttachment"] = all[L"vtSafeMailItem"].get(L"Attachments", 1).toObject();
-    all[L"Rdo"] = outlook.automation().createObject(L"vtRedemption.vtRDOSession");
-    all[L"Rdo"].call(L"Logon");
-    all[L"RdoStores"] = all[L"Rdo"].get(L"Stores").toObject();
-    all[L"RdoStore"] = all[L"RdoStores"].get(L"Item", 1).toObject();
-    all[L"RdoAccounts"] = all[L"Rdo"].get(L"Accounts").toObject();
-    all[L"RdoOrder"] = all[L"RdoAccounts"].call(L"GetOrder", 2).toObject();
-    all[L"RdoAccount"] = all[L"RdoOrder"].get(L"Item", 1).toObject();
-    all[L"RdoMail"] = all[L"Rdo"].call(L"GetMessageFromID", all[L"Item"].get(L"EntryID")).toObject();
-    all[L"RdoFolder"] = all[L"Rdo"].call(L"GetDefaultFolder", 6).toObject();
-    all[L"RdoItems"] = all[L"RdoFolder"].get(L"Items").toObject();
-    all[L"RdoNew"] = all[L"RdoItems"].call(L"Add", L"IPM.Note").toObject();
-    all[L"Utils"] = outlook.automation().createObject(L"vtRedemption.vtMAPIUtils");
-    return all;
-}
 
 /// The members that any of the objects has.
 constexpr const wchar_t* memberNames[] = {L"Account",
@@ -111,6 +29,24 @@ constexpr const wchar_t* memberNames[] = {L"Account",
                                           L"Application",
                                           L"Attachments",
                                           L"BCC",
+                                          L"UTCToLocalTime",
+                                          L"StringToBinary",
+                                          L"SetProperty",
+                                          L"SetProperties",
+                                          L"Restrict",
+                                          L"PropertyAccessor",
+                                          L"PrimarySmtpAddress",
+                                          L"OpenSharedItem",
+                                          L"LocalTimeToUTC",
+                                          L"GetRootFolder",
+                                          L"GetProperty",
+                                          L"GetProperties",
+                                          L"GetExchangeUser",
+                                          L"GetExchangeDistributionList",
+                                          L"GetAddressEntryFromID",
+                                          L"ExchangeStoreType",
+                                          L"DeleteProperty",
+                                          L"BinaryToString",
                                           L"BeginGroup",
                                           L"Body",
                                           L"Caption",
@@ -269,7 +205,7 @@ TEST(HostObjectModelTest, NoCallWhateverItsArgumentsBreaksAnything) {
             // A fresh Outlook for each member: calls close windows and delete items.
             host::Outlook outlook(fullProfile());
             const Object object = everyObject(outlook).at(name);
-            for (const Access access : {Access::Get, Access::Put, Access::Call}) {
+            for (const Access access : {Access::Get, Access::Put, Access::PutReference, Access::Call}) {
                 for (const auto& list : arguments) {
                     errorOf([&] { object.target()->invoke(id, access, list); });
                 }
@@ -342,7 +278,10 @@ TEST(HostObjectModelTest, DispatchIdsAreOutlooks) {
          L"Logon 8453 GetFolderFromID 8456 GetItemFromID 8457 GetDefaultFolder 8459 MAPIOBJECT 61696 "
          L"Accounts 64208"},
         {L"Accounts", L"Count 80 Item 81"},
-        {L"Account", L"DisplayName 12289 SmtpAddress 64212"},
+        {L"Account", L"DisplayName 12289 AccountType 64210 UserName 64211 SmtpAddress 64212"},
+        {L"PropertyAccessor", L"Class 61450 Parent 61441 GetProperty 64251 SetProperty 64252"},
+        {L"ExchangeUser", L"Name 12289 Type 12290 Address 12291 ID 61470 PrimarySmtpAddress 64245"},
+        {L"Stores", L"Count 80 Item 81"},
         {L"Explorers", L"Count 80 Item 81 Add 95"},
         {L"Explorer",
          L"Application 61440 Parent 61441 Class 61450 Session 61451 CommandBars 8448 CurrentFolder 8449 "
@@ -357,22 +296,33 @@ TEST(HostObjectModelTest, DispatchIdsAreOutlooks) {
          L"3588 CC 3587 BCC 3586 Recipients 63508 Attachments 63509 UserProperties 63510 EntryID 61470 Saved "
          L"61603 Sent 62466 DeferredDeliveryTime 15 MessageClass 26 SenderName 3098 SenderEmailType 3102 "
          L"SenderEmailAddress 3103 Reply 63504 ReplyAll 63505 Forward 63507 Send 61557 Save 61512 Close "
-         L"61475 Display 61606 Delete 61514 Move 61492 GetInspector 61502 SendUsingAccount 64209"},
+         L"61475 Display 61606 Delete 61514 Move 61492 GetInspector 61502 SendUsingAccount 64209 PropertyAccessor 64253 UnRead 61468 ReceivedTime 3590"},
         {L"Recipients", L"Count 80 Item 81 Add 111 Remove 84 ResolveAll 126"},
         {L"Recipient",
          L"Name 12289 Address 12291 AddressEntry 121 Type 3093 Resolved 100 EntryID 61470 DisplayType 14592 "
          L"Delete 110 Resolve 113"},
-        {L"ListEntry", L"Name 12289 Type 12290 Address 12291 ID 61470 DisplayType 14592 Members 772"},
+        {L"ListEntry",
+         L"Name 12289 Type 12290 Address 12291 ID 61470 DisplayType 14592 Members 772 GetExchangeUser 64241"},
         {L"SafeEntry", L"Name 12289 Type 12290 Address 12291 Fields 1"},
         {L"Members", L"Count 80 Item 81"},
-        {L"Attachments", L"Count 80 Item 81"},
+        {L"Attachments", L"Count 80 Item 81 Add 101 Remove 84"},
+        {L"Attachment", L"FileName 14084 DisplayName 12289 Delete 105"},
         {L"Folders", L"Count 80 Item 81 Add 95 Remove 84"},
         {L"Folder",
          L"Application 61440 Parent 61441 Class 61450 Session 61451 Name 12289 EntryID 61470 StoreID 12552 "
          L"Folders 8451 Items 12544 MoveTo 61492 Delete 61509 FolderPath 64120"},
-        {L"Items", L"Count 80 Item 81 Add 95"},
+        {L"Items", L"Count 80 Item 81 Add 95 Find 98 Restrict 100"},
         {L"UserProperties", L"Count 80 Item 81 Add 102 Find 103 Remove 82"},
-        {L"UserProperty", L"Value 0 Name 112 Delete 108"},
+        {L"UserProperty", L"Value 0 Name 112 Type 109 Delete 108"},
+        {L"CommandBars", L"Item 0 ActiveMenuBar 1610809345 Count 1610809347"},
+        {L"CommandBar", L"Controls 1610874883 FindControl 1610874887 Index 1610874890 Name 1610874894"},
+        {L"Controls", L"Item 0 Add 1610809344 Count 1610809345"},
+        {L"Button",
+         L"BeginGroup 1610874880 Caption 1610874883 Delete 1610874887 Enabled 1610874890 Execute 1610874892 Id "
+         L"1610874899 Index 1610874900 OnAction 1610874906 Parameter 1610874909 Tag 1610874915 TooltipText "
+         L"1610874917 Type 1610874920 Visible 1610874921 FaceId 1610940419 Style 1610940426 Picture 1610940430 "
+         L"Mask 1610940432"},
+        {L"Popup", L"Controls 1610940417"},
         {L"AddIns", L"Item 0 Count 1"},
         {L"AddIn", L"Description 0 ProgId 3 Guid 4 Connect 6 Object 7"},
         {L"vtSafeMailItem",
