@@ -163,7 +163,7 @@ void checkPreferredAccount(Globals& globals, clsSendAcct& list, mail::OutgoingMa
         Step(globals, list, mail, cancel).run(found);
     } catch (...) {
         const automation::Error error = mail::currentError();
-        if (mail::isRefusal(error)) {
+        if (mail::isRefusal(globals, error)) {
             return;  // Nobody has let the add-in look: there is nothing that it could ask by.
         }
         cancel = true;

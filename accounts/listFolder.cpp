@@ -85,13 +85,19 @@ Place find(const Globals& globals) {
 }
 
 std::vector<outlook::Item> listItems(const Folder& folder) {
-    std::vector<outlook::Item> found;
-    for (outlook::Item item : folder.items()) {
-        if (item.subject() == listSubject) {
-            found.push_back(std::move(item));
+    const outlook::Items items = folder.items();
+    const auto withSubject = [](const outlook::Collection<outlook::Item>& searched) {
+        std::vector<outlook::Item> found;
+        for (outlook::Item item : searched) {
+            if (item.subject() == listSubject) {
+                found.push_back(std::move(item));
+            }
         }
-    }
-    return found;
+        return found;
+    };
+    const std::wstring filter = std::wstring(L"[Subject] = '") + listSubject + L'\'';
+    auto found = attempt([&] { return withSubject(items.matching(filter)); });
+    return found ? *std::move(found) : withSubject(items);  // A store need not know how to search.
 }
 
 /// The folder is made under the name that the resource library gives its parent, but does not stay there: the

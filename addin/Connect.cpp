@@ -48,7 +48,6 @@ void Connect::OnConnection(const automation::Object& application, int /*connectM
     application_ = outlook::Application(application);
     addInInst_ = addInInst;
     StartingUp startingUp(globals_.startingUp);
-    libraryLookedFor_ = false;
     toldOfLibrary_ = false;
     ribbon_.connected();
     const std::size_t promptsBefore = globals_.promptsShown;
@@ -60,7 +59,6 @@ void Connect::OnConnection(const automation::Object& application, int /*connectM
         startingUp.leaveSet();
         return;
     }
-    lookForLibrary();
     tellOfMissingLibrary();
     wrapOpenInspectors();
     if (wrapOpenExplorers()) {
@@ -72,12 +70,6 @@ void Connect::OnConnection(const automation::Object& application, int /*connectM
     updateCheck_ = update::basAutoUpdate::StartDailyCheck(globals_);
     if (globals_.promptsShown != promptsBefore) {
         wrapOpenExplorers();  // Those that the user has opened behind a box.
-    }
-}
-
-void Connect::lookForLibrary() {
-    if (!std::exchange(libraryLookedFor_, true)) {
-        globals_.provider = &missingLibrary::bestProvider(globals_);
     }
 }
 
@@ -93,6 +85,7 @@ void Connect::tellOfMissingLibrary() {
 /// when Outlook has no window at all; new inspectors are then wrapped, new explorers not.
 bool Connect::takeHoldOfOutlook() {
     globals_.outlook = application_;
+    globals_.provider = &missingLibrary::bestProvider(globals_);  // Before the first event.
     skipErrors([&] {
         colExpl_ = application_.explorers();
         colExplEvents_ = automation::subscribe(

@@ -69,7 +69,6 @@ class Connect {
     void colExpl_NewExplorer(const outlook::Explorer& explorer);
     void colInsp_NewInspector(const outlook::Inspector& inspector);
     void ensureOutAddIn();
-    void lookForLibrary();
     void tellOfMissingLibrary();
 
     Surroundings around_;
@@ -83,7 +82,6 @@ class Connect {
     std::shared_ptr<automation::FunctionTarget> exposed_;
     std::shared_ptr<OutAddIn> outAddIn_;
     std::shared_ptr<update::frmCheckingUpdatesTimer> updateCheck_;
-    bool libraryLookedFor_ = false;
     bool toldOfLibrary_ = false;
 
     outlook::Explorer objExpl_;

@@ -88,7 +88,6 @@ void Connect::colInsp_NewInspector(const outlook::Inspector& inspector) {
     skipErrors([&] { setInspector(inspector); });
     ensureOutAddIn();
     wrapInspector(inspector);
-    lookForLibrary();
 }
 
 void Connect::wrapInspector(const outlook::Inspector& inspector) {

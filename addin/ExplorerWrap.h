@@ -54,6 +54,8 @@ class ExplorerWrap : public std::enable_shared_from_this<ExplorerWrap> {
 
     /// True while the user writes this response in the window's reading pane.
     bool writesInline(const outlook::Item& item) const;
+    /// The send of which the response's own event was the begin is over.
+    void inlineSendEnds() { inlineMail_.reset(); }
 
     // The commands of the tutorial and the manual, each under its two names.
     void gcmdTWL_Veltro_Tutorial_Click() { gmnuTutorial_Click(); }

@@ -38,6 +38,18 @@ class Release {
     mail::OutgoingMail& mail_;
 };
 
+/// A response that stays must not have a program's mail taken for it.
+class SendEnd {
+  public:
+    explicit SendEnd(WindowWrappers& wrappers) : wrappers_(wrappers) {}
+    ~SendEnd() { wrappers_.sendEnds(); }
+    SendEnd(const SendEnd&) = delete;
+    SendEnd& operator=(const SendEnd&) = delete;
+
+  private:
+    WindowWrappers& wrappers_;
+};
+
 void delaySending(Globals& globals, mail::OutgoingMail& mail, bool& cancel) {
     if (!mail.editsInWord()) {
         checks::vtDelayEmailSending(globals, mail, cancel);
@@ -75,6 +87,7 @@ outlook::Inspector OutAddIn::windowOf(const outlook::Item& item) const {
 }
 
 void OutAddIn::objOutlook_ItemSend(const outlook::Item& item, bool& cancel) {
+    const SendEnd end(wrappers_);
     if (!wrappers_.writesInline(item) && !hasWindow(globals_)) {
         return;
     }

@@ -124,6 +124,10 @@ void WindowWrappers::letGo(const std::shared_ptr<clsInspWrap>& wrapper) {
     }
 }
 
+void WindowWrappers::sendEnds() {
+    explorers_.forEach([](ExplorerWrap& wrapper) { wrapper.inlineSendEnds(); });
+}
+
 bool WindowWrappers::watches(const outlook::Inspector& inspector) const {
     const auto mine = [&](const clsInspWrap& wrapper) {
         return wrapper.Inspector().object() == inspector.object();

@@ -43,6 +43,8 @@ class WindowWrappers {
     outlook::Inspector inspectorOf(const outlook::Item& item) const;
     /// True while the item is written in a main window's reading pane.
     bool writesInline(const outlook::Item& item) const;
+    /// No mail is on its way out any more.
+    void sendEnds();
     /// True once a mail was edited in a window of Word's.
     bool editedInWord() const;
 

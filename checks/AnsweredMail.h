@@ -56,6 +56,8 @@ class AnsweredMail {
     AnsweredMail(mail::Globals& globals, outlook::Item item) : globals_(globals), item_(std::move(item)) {}
 
     const outlook::Item& item() const { return item_; }
+    /// The user has taken somebody off the answer.
+    bool somebodyUnticked = false;
     /// These throw automation::Error.
     const mail::SafeItem& safe();
     const std::vector<MailRecipient>& recipients();

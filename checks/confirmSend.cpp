@@ -47,7 +47,7 @@ bool hasManyRecipients(const Globals& globals, mail::OutgoingMail& mail) {
     try {
         return mail.recipientCount() > limit;
     } catch (const automation::Error& error) {
-        if (!mail::isRefusal(error)) {
+        if (!mail::isRefusal(globals, error)) {
             throw;
         }
         mail::noteError(std::source_location::current());

@@ -58,9 +58,13 @@ std::optional<std::wstring> vtGetUserEmails(Globals& globals) {
         [&]() -> std::optional<std::wstring> {
             const bool fromProfile = modRegKeys::UseOutlookSettings.read(globals) &&
                                      mail::outlookVersion(globals) != mail::outlook2000;
-            const auto addresses = fromProfile ? mail::vtAccountsEmailAddress(globals)
-                                               : std::optional(modRegKeys::EmailList.read(globals));
-            return addresses ? std::optional<std::wstring>(text::trim(*addresses)) : std::nullopt;
+            if (fromProfile && globals.provider->hasAccounts()) {
+                const auto addresses = mail::vtAccountsEmailAddress(globals);
+                return addresses ? std::optional<std::wstring>(text::trim(*addresses)) : std::nullopt;
+            }
+            std::wstring listed(text::trim(modRegKeys::EmailList.read(globals)));
+            // Where the profile cannot be read an empty list does not mean that the user has no address.
+            return fromProfile && listed.empty() ? std::nullopt : std::optional(std::move(listed));
         },
         std::nullopt);
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <set>
+#include <utility>
 
 #include "checks/responseRecipients.h"
 #include "mail/OutlookVersion.h"
@@ -73,8 +74,9 @@ void prune(AnsweredMail& answered, const outlook::Item& reply, const RecipientSe
     deleteRecipients(reply, positionsToDelete(readResponse(answered, reply), dropped, own, kept));
 }
 
-mail::ErrorReport report() {
-    return mail::ErrorReport::usual(L"basVeltro.pruneReply");
+mail::ErrorReport report(const AnsweredMail& answered) {
+    auto usual = mail::ErrorReport::usual(L"basVeltro.pruneReply");
+    return answered.somebodyUnticked ? std::move(usual).ofRefusals() : std::move(usual);
 }
 
 }  // namespace
@@ -84,7 +86,7 @@ bool clearsOwnAddresses(const Globals& globals) {
 }
 
 void pruneReply(Globals& globals, AnsweredMail& answered, const outlook::Item& reply) {
-    mail::trapErrors(globals, report(), [&] {
+    mail::trapErrors(globals, report(answered), [&] {
         const auto marked = takeMark(reply, replyMark::removeRecipients);
         const bool clearOwn = takeMark(reply, replyMark::clearOwnAddress).has_value();
         if (marked || clearOwn) {
@@ -95,7 +97,7 @@ void pruneReply(Globals& globals, AnsweredMail& answered, const outlook::Item& r
 
 void clearOwnAddresses(Globals& globals, AnsweredMail& answered, const outlook::Item& replyAll,
                        const RecipientSet& kept) {
-    mail::trapErrors(globals, report(), [&] {
+    mail::trapErrors(globals, report(answered), [&] {
         if (clearsOwnAddresses(globals)) {
             prune(answered, replyAll, {}, true, kept);
         }

@@ -74,6 +74,7 @@ bool chooseRecipients(Globals& globals, AnsweredMail& answered, const outlook::I
     }
     const std::vector<int> unticked = form.untickedPositions();
     if (!unticked.empty()) {
+        answered.somebodyUnticked = true;
         mail::AddUserProperties(globals, reply, replyMark::removeRecipients, joined(unticked));
     }
     return true;

@@ -98,11 +98,15 @@ void offerOtherRecipients(Globals& globals, AnsweredMail& answered, const outloo
 }  // namespace
 
 void vtReplyCheck(Globals& globals, AnsweredMail& answered, const outlook::Item& reply, bool& cancel) {
-    mail::trapErrors(globals, mail::ErrorReport::module(L"vtReplyCheck"), [&] {
-        if (!modRegKeys::ReplyMultiple.read(globals) || answered.safe().recipients().count() <= 1 ||
-            !vtCheckIfUserInRecipients(globals, answered, noSender).value_or(false)) {
-            return;
-        }
+    const auto report = mail::ErrorReport::module(L"vtReplyCheck");
+    const auto concerned = [&] {
+        return modRegKeys::ReplyMultiple.read(globals) && answered.safe().recipients().count() > 1 &&
+               vtCheckIfUserInRecipients(globals, answered, noSender).value_or(false);
+    };
+    if (!mail::trapErrors(globals, report, concerned, false)) {
+        return;
+    }
+    mail::trapErrors(globals, mail::ErrorReport(report).ofRefusals(), [&] {
         offerOtherRecipients(globals, answered, reply);
         // Only now: had anything failed, the plain reply would open after all.
         cancel = true;

@@ -21,7 +21,9 @@ class Untrusted : public Provider {
   public:
     bool readsPeople() const noexcept override { return false; }
     bool hasAccounts() const noexcept override { return false; }
-    bool readsUnsaved() const noexcept override { return true; }
+    /// What was typed in Word is not in Outlook's item before a save.
+    bool readsUnsaved() const noexcept override { return false; }
+    bool reachesWord() const noexcept override { return false; }
 
     Object open(const Globals&, const outlook::Item& item, std::int32_t) const override {
         return item.object();
@@ -39,9 +41,10 @@ class Untrusted : public Provider {
         const automation::Date received = item.get(L"ReceivedTime").toDate();
         return received == none ? automation::Value() : automation::Value(received);
     }
-    /// Outlook makes the id of a picture from the name of its file, and the id itself cannot be read.
+    /// The id of a picture cannot be read; Outlook has made it of the name of its file.
     std::wstring pictureMark(const outlook::Attachment& attachment) const override {
-        return L"cid:" + attachment.fileName();
+        const std::wstring name = attachment.fileName();
+        return name.empty() ? name : L"cid:" + name + L"@";
     }
     std::wstring smtpAddress(const outlook::AddressEntry&) const override { cannot(); }
     std::wstring exchangeAddress(const outlook::AddressEntry&) const override { cannot(); }
@@ -56,9 +59,6 @@ class Untrusted : public Provider {
 class Trusted : public Untrusted {
   public:
     bool readsPeople() const noexcept override { return true; }
-    Object openWindow(const Globals&, const outlook::Inspector& inspector) const override {
-        return inspector.object();
-    }
     std::wstring senderType(const Object& item) const override {
         return item.get(L"SenderEmailType").toText();
     }
@@ -74,6 +74,7 @@ class Trusted : public Untrusted {
 class Complete : public Trusted {
   public:
     bool hasAccounts() const noexcept override { return true; }
+    bool readsUnsaved() const noexcept override { return true; }
     std::wstring senderType(const Object& item) const override {
         return propertyAccessor::read(item, tag::senderAddressType).toText();
     }

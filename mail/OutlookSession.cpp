@@ -84,7 +84,7 @@ std::vector<std::shared_ptr<const Account>> OutlookSession::accounts() const {
 std::wstring OutlookSession::exchangeOwner() const {
     for (const outlook::Front store : stores()) {
         if (store.object().get(L"ExchangeStoreType").toInteger() == primaryExchangeMailbox) {
-            return exchangeAddressOf(currentUser());
+            return attempt([&] { return exchangeAddressOf(currentUser()); }).value_or(L"");
         }
     }
     return {};
@@ -120,11 +120,18 @@ std::unique_ptr<Session> outlookSession(const Globals& globals) {
 
 std::wstring exchangeAddressOf(const outlook::AddressEntry& entry) {
     for (const wchar_t* const asPerson : {L"GetExchangeUser", L"GetExchangeDistributionList"}) {
-        if (const Object exchange = entry.object().call(asPerson).toObject()) {
-            return exchange.get(L"PrimarySmtpAddress").toText();
+        const Object exchange = entry.object().call(asPerson).toObject();
+        std::wstring address = exchange ? exchange.get(L"PrimarySmtpAddress").toText() : std::wstring();
+        if (!address.empty()) {
+            return address;
         }
     }
-    return propertyAccessor::read(entry.object(), propertyAccessor::tag::smtpAddress).toText();
+    std::wstring address =
+        propertyAccessor::read(entry.object(), propertyAccessor::tag::smtpAddress).toText();
+    if (address.empty()) {
+        throw automation::Error(automation::errors::failed, L"The address is unknown.");
+    }
+    return address;
 }
 
 }  // namespace mail

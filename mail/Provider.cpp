@@ -57,12 +57,13 @@ bool hasRedemption(const Globals& globals) {
     return skipErrors([&] { globals.platform.automation.createObject(redemption::progId::safeMailItem); });
 }
 
-bool isRefusal(const automation::Error& error) noexcept {
-    // E_ABORT is what Outlook answers, MAPI_E_USER_CANCEL what its documentation says.
+bool isRefusal(const Globals& globals, const automation::Error& error) noexcept {
+    // E_ABORT is what Outlook answers. Its documentation says another number, with which the MAPI library
+    // tells that a store cannot do something.
     constexpr std::uint32_t aborted = 0x80004004;
-    constexpr std::uint32_t cancelledByUser = 0x80040102;
+    constexpr std::uint32_t notSupported = 0x80040102;
     const auto number = static_cast<std::uint32_t>(error.number());
-    return number == aborted || number == cancelledByUser;
+    return number == aborted || (number == notSupported && globals.provider != &redemptionProvider());
 }
 
 MapiCleanUp::MapiCleanUp(const Globals& globals) {

@@ -108,6 +108,8 @@ class Provider {
     virtual bool hasAccounts() const noexcept = 0;
     /// Reads what the user has typed without a save.
     virtual bool readsUnsaved() const noexcept = 0;
+    /// False where Word cannot be reached from Outlook without a question: then Outlook's process asks.
+    virtual bool reachesWord() const noexcept = 0;
 
     virtual automation::Object open(const Globals& globals, const outlook::Item& item,
                                     std::int32_t itemClass) const = 0;
@@ -145,7 +147,7 @@ bool hasRedemption(const Globals& globals);
 
 /// True for what Outlook answers when the user or the administrator has refused a call: nothing is known
 /// then. It is no failure of which anybody need be told.
-bool isRefusal(const automation::Error& error) noexcept;
+bool isRefusal(const Globals& globals, const automation::Error& error) noexcept;
 
 /// Releases what the MAPI library has cached, when made and again at the end of the scope; it would otherwise
 /// keep messages open that Outlook wants to move or delete.

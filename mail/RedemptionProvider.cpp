@@ -48,6 +48,7 @@ class RedemptionProvider final : public Provider {
     bool readsPeople() const noexcept override { return true; }
     bool hasAccounts() const noexcept override { return true; }
     bool readsUnsaved() const noexcept override { return false; }
+    bool reachesWord() const noexcept override { return true; }
 
     Object open(const Globals& globals, const outlook::Item& item, std::int32_t itemClass) const override {
         Object safe = globals.platform.automation.createObject(safeItemClass(itemClass));

@@ -124,7 +124,7 @@ automation::Object AddUserProperties(Globals& globals, const outlook::Item& item
                                      const std::wstring& value) {
     const MapiCleanUp cleanUp(globals);
     return trapErrors(
-        globals, ErrorReport::usual(L"basGlobals.AddUserProperties"),
+        globals, ErrorReport::usual(L"basGlobals.AddUserProperties").ofRefusals(),
         [&] {
             const automation::Object properties = item.object().get(L"UserProperties").toObject();
             // Otherwise it would also become a field that the folder offers for its views.

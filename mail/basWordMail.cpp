@@ -102,8 +102,8 @@ void leaveWord(const Globals& globals, const outlook::Inspector& window, bool cl
 }  // namespace
 
 bool editsInWord(const Globals& globals, const outlook::Inspector& inspector) {
-    return inspector && mail::outlookVersion(globals) < mail::outlook2007 &&
-           inspector.editorType() == outlook::editorWord;
+    return inspector && globals.provider->reachesWord() &&
+           mail::outlookVersion(globals) < mail::outlook2007 && inspector.editorType() == outlook::editorWord;
 }
 
 void PrepareWord(const Globals& globals, const outlook::Inspector& inspector) {

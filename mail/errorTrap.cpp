@@ -19,7 +19,7 @@ std::wstring ErrorReport::text(const automation::Error& error) const {
 }
 
 void reportError(Globals& globals, const ErrorReport& report, const automation::Error& error) noexcept {
-    if (isRefusal(error)) {
+    if (!report.isOfRefusals() && isRefusal(globals, error)) {
         ++globals.refusals;
         return;  // Whoever refused knows.
     }

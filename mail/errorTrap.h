@@ -24,6 +24,13 @@ class ErrorReport {
         return ErrorReport(Wording::Module, std::move(procedure));
     }
 
+    /// For what the user has decided already: that it cannot be done is said even where it was refused.
+    ErrorReport&& ofRefusals() && {
+        ofRefusals_ = true;
+        return std::move(*this);
+    }
+    bool isOfRefusals() const noexcept { return ofRefusals_; }
+
     std::wstring text(const automation::Error& error) const;
 
   private:
@@ -32,6 +39,7 @@ class ErrorReport {
 
     Wording wording_;
     std::wstring label_;
+    bool ofRefusals_ = false;
 };
 
 /// The error that is being handled. It is noted in the trace.

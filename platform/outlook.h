@@ -175,6 +175,16 @@ class Item : public Front {
     Item moveTo(const Front& folder) const { return Item(object_.call(L"Move", folder.object()).toObject()); }
 };
 
+/// Those of a folder.
+class Items : public Collection<Item> {
+  public:
+    using Collection::Collection;
+    /// Those that a filter such as "[Subject] = 'text'" accepts; letter case does not count.
+    Collection<Item> matching(const std::wstring& filter) const {
+        return Collection<Item>(object_.call(L"Restrict", filter).toObject());
+    }
+};
+
 class Folder : public Front {
   public:
     using Front::Front;
@@ -190,7 +200,7 @@ class Folder : public Front {
     Folder addFolder(const std::wstring& folderName) const {
         return Folder(folders().object().call(L"Add", folderName).toObject());
     }
-    Collection<Item> items() const { return Collection<Item>(object_.get(L"Items").toObject()); }
+    Items items() const { return Items(object_.get(L"Items").toObject()); }
     Folder parent() const { return Folder(object_.get(L"Parent").toObject()); }
     void moveTo(const Folder& target) const { object_.call(L"MoveTo", target.object()); }
     void remove() const { object_.call(L"Delete"); }

@@ -113,13 +113,20 @@ TEST(InlineReply, IsGuardedThoughItWasBegunBefore) {
     EXPECT_EQ(bench.outlook().sendInline(pane(bench)).state, SendState::Cancelled);
 }
 
-/// While it is written, a program sends another mail without a window.
+/// While it is written, a program sends other mails without a window: a draft, and one that was never saved.
 TEST(InlineReply, DrawsNoOtherMailIn) {
-    Bench bench(given({}, {{L"DisplayConfirmation", L"1"}}));
+    Bench bench(given({L"Confirm=No"}, {{L"DisplayConfirmation", L"1"}, {L"CheckAttachMissing", L"False"}}));
     answerInline(bench);
     const Object draft = bench.outlook().store(L"Drafts", plainMail());
     EXPECT_EQ(bench.outlook().sendByProgram(draft).state, SendState::Sent);
     EXPECT_TRUE(bench.prompts().empty());
+
+    EXPECT_EQ(bench.outlook().sendInline(pane(bench)).state, SendState::Cancelled);
+    const Object mail = bench.outlook().application().call(L"CreateItem", 0).toObject();
+    mail.put(L"To", L"bob@example.org");
+    mail.put(L"Subject", L"Budget");
+    EXPECT_EQ(bench.outlook().sendByProgram(mail).state, SendState::Sent);
+    EXPECT_EQ(bench.prompts().size(), 1U);
     bench.disconnect();
     EXPECT_EQ(bench.outlook().sendInline(pane(bench)).state, SendState::Sent);
 }

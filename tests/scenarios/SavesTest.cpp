@@ -54,4 +54,34 @@ TEST(Saves, AreMadeOnlyForWhatIsReadAsStored) {
     }
 }
 
+/// Outlook disables an add-in whose start takes long, and the user waits for each call of a send.
+TEST(Calls, StayFewWithOutlooksOwnObjects) {
+    Given setup{.profile = profileWith(listText({{L"bob@example.org", L"Home"}}), corvaneFolder),
+                .provider = Provider::Outlook,
+                .settings = {{L"DoNotShowSelect", L"1"},
+                             {L"MsgAddAddress", L"0"},
+                             {L"DisplayConfirmation", L"2"},
+                             {L"ConfirmEmailAddrs", L"nobody@example.org"},
+                             {L"ConfirmForXRecipients", L"True"},
+                             {L"DelayEmails", L"True"},
+                             {L"AutoDelayAll", L"0"},
+                             {L"DelayedEmailAddrs", L"bob@example.org"},
+                             {L"NotifyBeforeDelaying", L"False"}},
+                .connected = false};
+    for (int other = 0; other < 50; ++other) {
+        setup.profile.messages.push_back({corvaneFolder, {.subject = L"Other"}});
+    }
+    Bench bench(setup);
+    bench.outlook().meter()->record(true);
+    bench.connect();
+    EXPECT_LE(bench.outlook().calls(), 80U) << testing::PrintToString(bench.outlook().meter()->log());
+    host::Message message = plainMail();
+    message.to[0].address = L"bob@example.org";
+    const auto window = bench.outlook().openNewMail(message);
+    const std::size_t before = bench.outlook().calls();
+    EXPECT_EQ(bench.outlook().send(window).mail.account, L"Home");
+    EXPECT_LE(bench.outlook().calls() - before, 45U)
+        << testing::PrintToString(bench.outlook().meter()->log());
+}
+
 }  // namespace

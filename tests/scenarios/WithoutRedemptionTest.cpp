@@ -114,9 +114,12 @@ TEST(WithoutRedemption, PicturesInTheTextAreKnownByTheirNames) {
         picture.attachments = {{.fileName = L"logo.png", .contentId = L"logo.png@01D9"}};
         host::Message file = picture;
         file.attachments = {{.fileName = L"attached", .contentId = L""}};
+        host::Message nameless = picture;
+        nameless.attachments = {{.fileName = L"", .contentId = L""}};
         Bench bench(without(version, {L"Attachment(s) missing=No"}, {{L"LibraryMissingTold", L"1"}}));
         EXPECT_EQ(bench.send(picture).state, SendState::Cancelled) << version;
         EXPECT_EQ(bench.send(file).state, SendState::Sent) << version;
+        EXPECT_EQ(bench.send(nameless).state, SendState::Sent) << version;
         EXPECT_TRUE(bench.outlook().guardPrompts().empty()) << version;
     }
 }
@@ -144,6 +147,44 @@ TEST(WithoutRedemption, AnswersOpenAsFarAsTheMailCanBeRead) {
         EXPECT_TRUE(bench.outlook().errors().empty());
         EXPECT_TRUE(bench.outlook().guardPrompts().empty())
             << testing::PrintToString(bench.outlook().guardPrompts());
+    }
+}
+
+/// The profile's addresses cannot be had in Outlook 2003, but those that were stored.
+TEST(WithoutRedemption, BlindCopiesAreNoticedByTheStoredAddresses) {
+    for (const wchar_t* stored : {L"me@example.org", L""}) {
+        Bench bench(without(outlook2003, {L"BCCed e-mail=No", L"frmReplyMultRecipt=cmdOK"},
+                            {{L"LibraryMissingTold", L"1"}, {L"EmailList", stored}}));
+        const auto item = selected(bench, mailTo({bob}));
+        EXPECT_EQ(bench.outlook().replyAll(item).opened, *stored == L'\0') << "asks for " << stored;
+    }
+}
+
+TEST(WithoutRedemption, SendersThatNobodyKnowsAreNotComplainedOf) {
+    host::Message gone = mailTo({bob});
+    gone.from = host::Address{.name = L"Gone", .address = L"/o=x/cn=gone", .type = L"EX"};
+    for (const wchar_t* version : {outlook2003, L"12.0.0.4518", newestOutlook}) {
+        Bench bench(without(version, {L"BCCed e-mail=Yes", L"frmReplyMultRecipt=cmdOK"},
+                            {{L"LibraryMissingTold", L"1"}, {L"EmailList", L"me@example.org"}}));
+        EXPECT_TRUE(bench.outlook().replyAll(selected(bench, gone)).opened) << version;
+        EXPECT_EQ(bench.promptNames(), (Names{L"BCCed e-mail - Veltro", L"frmReplyMultRecipt"})) << version;
+    }
+}
+
+/// Word's process cannot be reached without a question of Outlook's: Outlook's own asks.
+TEST(WithoutRedemption, MailsEditedInWordAreCheckedInOutlook) {
+    for (const auto& [version, delays] : {std::pair{outlook2002, false}, {outlook2003, true}}) {
+        Given setup = without(version, {L"frmNoSubject=cmdOK", L"frmNotifyB4Delay=cmdYes"}, everything);
+        setup.settings[L"DisplayConfirmation"] = L"0";
+        setup.settings[L"ConfirmForXRecipients"] = L"False";
+        setup.profile.editor = host::Editor::Word;
+        Bench bench(setup);
+        const auto outcome = bench.send(plainMail(L""));
+        EXPECT_EQ(outcome.state, delays ? SendState::Deferred : SendState::Sent) << version;
+        EXPECT_EQ(bench.promptNames(),
+                  delays ? (Names{L"frmNoSubject", L"frmNotifyB4Delay"}) : Names{L"frmNoSubject"})
+            << version;
+        EXPECT_TRUE(bench.outlook().guardPrompts().empty()) << version;
     }
 }
 
