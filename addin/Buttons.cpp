@@ -21,9 +21,6 @@ using Arguments = std::span<const Value>;
 
 Buttons::Buttons(const platform::Platform& ports) : around_(ports) {
     readProductTexts(globals_);
-    if (!mail::hasRedemption(globals_)) {
-        globals_.provider = &mail::untrustedProvider();  // Outlook's trust ends with its process.
-    }
 }
 
 automation::Object Buttons::object(std::shared_ptr<Buttons> buttons) {
@@ -79,6 +76,9 @@ bool Buttons::SelPostroute(const std::wstring& accountInUse, const std::wstring&
 
 bool Buttons::runCheck(const Value& item, const Value& cancel, Check check) {
     bool cancelled = false;
+    if (!mail::hasRedemption(globals_)) {
+        globals_.provider = &mail::untrustedProvider();  // Outlook's trust ends with its process.
+    }
     mail::skipErrors([&] {
         const basWordMail::Variables variables = basWordMail::GetVariables(globals_);
         mail::OutgoingMail mail(globals_, outlook::Item(item.toObject()));

@@ -46,9 +46,8 @@ constexpr RedemptionClass redemptionClasses[] = {
 
 Object HostAutomation::createObject(std::wstring_view progId) {
     core_.meter()->called(L"createObject", progId);
-    // Outlook runs once: making its application gives the one that runs, but without its trust.
     if (text::equalsIgnoringCase(progId, L"Outlook.Application")) {
-        return core_.makeObject<Untrusted>(core_.application().shared_from_this());
+        return untrustedApplication();
     }
     if (text::equalsIgnoringCase(progId, L"Word.Application") && core_.profile().wordRegistered) {
         return core_.makeObject<WordApplication>();
@@ -59,6 +58,16 @@ Object HostAutomation::createObject(std::wstring_view progId) {
         }
     }
     cannotCreate();
+}
+
+/// Outlook runs once: making its application gives the one that runs, but without its trust.
+Object HostAutomation::untrustedApplication() {
+    auto made = untrusted_.lock();
+    if (!made) {
+        made = core_.make<Untrusted>(core_.application().shared_from_this());
+        untrusted_ = made;
+    }
+    return Object(made);
 }
 
 Object HostAutomation::activeObject(std::wstring_view progId) {

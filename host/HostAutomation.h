@@ -18,7 +18,11 @@ class HostAutomation : public automation::Automation {
     automation::Object activeObject(std::wstring_view progId) override;
 
   private:
+    automation::Object untrustedApplication();
+
     Core& core_;
+    /// One for everybody, as long as anybody holds it.
+    std::weak_ptr<automation::Target> untrusted_;
 };
 
 }  // namespace host

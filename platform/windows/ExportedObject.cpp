@@ -99,7 +99,7 @@ STDMETHODIMP ExportedObject::Invoke(DISPID member, REFIID, LCID, WORD flags, DIS
                                     VARIANT* result, EXCEPINFO* details, UINT*) {
     const ComPtr<IUnknown> self(identity());
     const auto owner = exporter_->owner();
-    return guardedInvoke(details, [&] {
+    return guardedInvoke(details, [&]() -> HRESULT {
         if (member == DISPID_NEWENUM) {
             auto enumerator = Enumerator::make(target_, exporter_);
             if (result) {
@@ -110,7 +110,16 @@ STDMETHODIMP ExportedObject::Invoke(DISPID member, REFIID, LCID, WORD flags, DIS
         }
         const bool put = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
         IncomingArguments arguments(parameters, put, *exporter_);
-        const Value value = access(member, flags, arguments.values());
+        Value value;
+        try {
+            value = access(member, flags, arguments.values());
+        } catch (const Error& error) {
+            // No exception of the object's: callers may then try the other way to put.
+            if (put && error.number() == automation::errors::memberNotFound) {
+                return DISP_E_MEMBERNOTFOUND;
+            }
+            throw;
+        }
         arguments.writeBack();
         if (result) {
             *result = toVariant(value, *exporter_).detach();

@@ -184,11 +184,12 @@ TEST_F(RibbonServerTest, GivesPicturesOfTheSizeOfTheButtons) {
     const HDC screen = GetDC(nullptr);
     const LONG dpi = GetDeviceCaps(screen, LOGPIXELSX);
     ReleaseDC(nullptr, screen);
-    ASSERT_EQ(dpi, 96);
+    const LONG small = dpi * 16 / 96;
     for (IDispatch* const object : {static_cast<IDispatch*>(ribbon.get()), other.get()}) {
         const DISPID id = idOf(*object, L"RibbonPicture");
-        EXPECT_EQ(lookOf(callBack(*object, id, L"VeltroSettings")), std::pair(32L, short{PICTYPE_ICON}));
-        EXPECT_EQ(lookOf(callBack(*object, id, L"VeltroHelp")), std::pair(16L, short{PICTYPE_ICON}));
+        EXPECT_EQ(lookOf(callBack(*object, id, L"VeltroSettings")),
+                  std::pair(2 * small, short{PICTYPE_ICON}));
+        EXPECT_EQ(lookOf(callBack(*object, id, L"VeltroHelp")), std::pair(small, short{PICTYPE_ICON}));
         EXPECT_EQ(callBack(*object, id, L"NoSuchButton")->vt, VT_EMPTY);
     }
     const DISPID pressed = idOf(*other, L"RibbonPressed");

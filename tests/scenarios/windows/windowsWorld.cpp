@@ -138,6 +138,7 @@ class WindowsWorld : public AddInWorld {
           outlook_(outlook),
           exporter_(Exporter::make(liveObjects_)),
           server_(outlook, exporter_),
+          application_(exporter_->exportObject(outlook.automation().createObject(L"Outlook.Application"))),
           shownBefore_(exporter_->liveAdapters()),
           answers_(std::move(answers)),
           robot_({.message =
@@ -236,6 +237,8 @@ class WindowsWorld : public AddInWorld {
     LiveObjects liveObjects_;
     std::shared_ptr<Exporter> exporter_;
     host::windows::OutlookServer server_;
+    /// As other processes get it; the system does not let go of what a killed one has held.
+    platform::windows::ComPtr<IDispatch> application_;
     std::size_t shownBefore_;
     host::windows::PrivateUser user_;
     program::windows::DebugListener debugger_;
