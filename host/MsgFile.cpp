@@ -122,25 +122,6 @@ MsgFile parseMsgFile(std::string_view bytes) {
     return result;
 }
 
-int itemClassOf(std::wstring_view messageClass) {
-    if (text::equalsIgnoringCase(messageClass, L"IPM.Note")) {
-        return itemClass::mail;
-    }
-    if (text::equalsIgnoringCase(messageClass, L"IPM.Post")) {
-        return itemClass::post;
-    }
-    raise::operationFailed();  // No other class is simulated.
-}
-
-ItemContent contentOf(const MsgFile& file) {
-    ItemContent content = ItemContent::of(file.message);
-    content.itemClass = itemClassOf(file.messageClass);
-    content.sent = file.sent;
-    content.unread = file.unread;
-    content.saved = true;
-    return content;
-}
-
 MsgFile readMsgFile(const std::wstring& path) {
     constexpr std::uintmax_t longest = 8'000'000;  // What lies behind is in no chain.
     const std::filesystem::path file = platform::filePath(path);

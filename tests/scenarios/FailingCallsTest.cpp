@@ -91,6 +91,7 @@ Traced trace(const wchar_t* confirmation, std::size_t failing) {
     setup.answers = std::vector<std::wstring>(20, L"Veltro=OK");
     setup.answers.insert(setup.answers.end(), {L"Attachment(s) missing=Yes", L"Confirm Email Send=Yes"});
     Bench bench(setup);
+    const std::size_t before = bench.outlook().calls();
     bench.outlook().failCall(failing);
     Traced traced;
     traced.escaped = !bench.connect();
@@ -99,7 +100,7 @@ Traced trace(const wchar_t* confirmation, std::size_t failing) {
     bench.outlook().failCall(0);
     traced.escaped = traced.escaped || !bench.outlook().errors().empty();
     traced.lines = bench.world().debugLines();
-    traced.calls = bench.outlook().calls();
+    traced.calls = bench.outlook().calls() - before;
     addReports(bench, traced.reports);
     return traced;
 }
